@@ -1,0 +1,28 @@
+#include "batch/BatchForm.h"
+
+#include <utility>
+
+namespace quarnel02 {
+
+BatchForm::BatchForm(std::filesystem::path applicationDirectory, BatchAnswers answers)
+    : HeadlessForm(std::move(applicationDirectory)), m_answers(std::move(answers)) {}
+
+int BatchForm::DemandCount() const {
+    return m_answers.Demand ? 0 : HeadlessForm::DemandCount();
+}
+
+void BatchForm::ShowMessage(const std::string& text, MessageIcon /*icon*/) {
+    m_messages.push_back(text);
+}
+
+bool BatchForm::AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/) {
+    return m_answers.StationLimit.has_value();
+}
+
+std::string BatchForm::InputBox(const std::string& /*prompt*/, const std::string& title,
+                                const std::string& /*proposal*/) {
+    const auto& answer = title == "Fixed Demand" ? m_answers.Demand : m_answers.StationLimit;
+    return answer.value_or("");
+}
+
+}  // namespace quarnel02

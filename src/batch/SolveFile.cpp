@@ -1,0 +1,101 @@
+#include "batch/SolveFile.h"
+
+#include <system_error>
+
+#include "basic/Files.h"
+#include "basic/NumberFormat.h"
+#include "basic/RunTimeError.h"
+#include "fixed/LoadModel.h"
+#include "fixed/cmdContinuous.h"
+#include "model/ModelFile.h"
+#include "shell/Reports.h"
+#include "shell/SvgWriter.h"
+
+namespace fs = std::filesystem;
+
+namespace quarnel02 {
+
+namespace {
+
+void RefuseToOverwriteModel(const SolveRequest& request) {
+    std::error_code ignored;
+    if (request.SaveAs && fs::equivalent(*request.SaveAs, request.Model, ignored)) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           "--save " + PathText(*request.SaveAs) +
+                               " is the model itself, which is never changed. Name another file.");
+    }
+}
+
+std::string VolumesOf(const Database& database) {
+    RecordSet demand = database.OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");
+    std::string volumes;
+    for (; !demand.Eof(); demand.MoveNext()) {
+        volumes += (volumes.empty() ? "" : "; ") + Format(demand.Number("Volume"), "#,##0");
+    }
+    return volumes;
+}
+
+void RequireDemand(BatchForm& form, const SolveRequest& request) {
+    if (request.Answers.Demand ? !request.Answers.Demand->empty() : form.DemandCount() == 1) {
+        return;
+    }
+    const std::string volumes = VolumesOf(form.Model);
+    throw RunTimeError(ErrorKind::TypeMismatch,
+                       PathText(request.Model) +
+                           (volumes.empty() ? " has no demand row."
+                                            : " has these demand volumes: " + volumes + ".") +
+                           " Say which annual demand to design for with --demand.");
+}
+
+void WritePicture(const fs::path& directory, const char* name, const Picture& picture) {
+    WriteFile(directory / name, ToSvg(picture));
+}
+
+void WriteResults(const BatchForm& form, const SolveRequest& request, const std::string& report) {
+    if (!request.OutDirectory) {
+        return;
+    }
+    const fs::path& directory = *request.OutDirectory;
+    std::error_code error;
+    fs::create_directories(directory, error);
+    if (!fs::is_directory(directory)) {
+        throw RunTimeError(ErrorKind::FileAccess, "--out " + PathText(directory) +
+                                                      " cannot be made a directory. Name another.");
+    }
+    WriteFile(directory / kRunReport, report);
+    if (request.Pictures) {
+        WritePicture(directory, "network.svg", form.picArc);
+        WritePicture(directory, "summary.svg", form.picGraph[0]);
+        WritePicture(directory, "line.svg", form.picGraph[2]);
+    }
+}
+
+}  // namespace
+
+SolveOutcome SolveFile(const SolveRequest& request) {
+    CheckModelFile(request.Model, PathText(request.Model));
+    RefuseToOverwriteModel(request);
+    const TemporaryDirectory application;
+    BatchForm form(application.Path(), request.Answers);
+    const fs::path working_copy = form.InApplicationDirectory("working.seq");
+    CopyWhole(request.Model, working_copy);
+    fs::permissions(working_copy, fs::perms::owner_read | fs::perms::owner_write);
+
+    LoadModel(form);
+    form.ListDemand();
+    RequireDemand(form, request);
+    cmdContinuous_Click(form, request.Shifts);
+    form.CloseModel();
+    const fs::path report_file = form.InApplicationDirectory(kRunReport);
+    if (!form.Messages().empty() || !fs::exists(report_file)) {
+        return {"", form.Messages()};
+    }
+    const std::string report = ReadFile(report_file);
+    WriteResults(form, request, report);
+    if (request.SaveAs) {
+        CopyWhole(working_copy, *request.SaveAs);
+    }
+    return {report, {}};
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "batch/BatchForm.h"
+
+namespace quarnel02 {
+
+/// One run of the batch program.
+struct SolveRequest {
+    std::filesystem::path Model;
+    std::int16_t Shifts = 1;  ///< shifts per day, 1 to 3
+    BatchAnswers Answers;
+    std::optional<std::filesystem::path> OutDirectory;  ///< where the report is left too
+    bool Pictures = false;                              ///< leave the pictures there as well
+    std::optional<std::filesystem::path> SaveAs;        ///< where the solved model is written
+};
+
+struct SolveOutcome {
+    std::string Report;                 ///< empty when the line was not designed
+    std::vector<std::string> Messages;  ///< what the system said that ended the solve
+};
+
+/// Designs the line of a model file for a fixed demand, on a private working copy; the model is
+/// not changed. Files asked for are written only when a line was designed.
+/// Throws RunTimeError with one line that names the file or field and the remedy.
+SolveOutcome SolveFile(const SolveRequest& request);
+
+}  // namespace quarnel02

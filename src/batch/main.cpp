@@ -1,0 +1,123 @@
+// quarnel02-solve: designs the assembly line of a model file from the shell.
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "batch/SolveFile.h"
+
+namespace {
+
+constexpr int kError = 1;
+constexpr int kNotSolved = 2;
+
+constexpr const char* kFooter =
+    "Example: design the pump line for two shifts and 60,000 units a year, with at most\n"
+    "3 parallel stations, and keep report and pictures:\n"
+    "  quarnel02-solve pump.mdb --shifts 2 --demand 60000 --station-limit 3 \\\n"
+    "      --out results --pictures\n"
+    "\n"
+    "Exit status: 0 solved; 1 error (one line on standard error); 2 the model has no\n"
+    "solution or is not complete (the system's message on standard error).";
+
+/// Options as the command line gives them.
+struct Options {
+    std::string Model;
+    int Shifts = 0;
+    std::string Demand;
+    std::string StationLimit;
+    std::string OutDirectory;
+    std::string SaveAs;
+    bool Pictures = false;
+};
+
+void Describe(CLI::App& app, Options& options) {
+    app.footer(kFooter);
+    app.set_version_flag("--version", QUARNEL02_VERSION);
+    app.add_option("MODEL", options.Model, "Model file (.mdb); it is never changed")
+        ->required()
+        ->type_name("FILE");
+    app.add_option("--shifts", options.Shifts, "Shifts of 8 hours per day, 1 to 3")
+        ->required()
+        ->check(CLI::Range(1, 3))
+        ->type_name("N");
+    app.add_option("--demand", options.Demand,
+                   "Annual demand in units; may be left out when the model has one demand row")
+        ->type_name("V");
+    app.add_option("--station-limit", options.StationLimit,
+                   "Largest number of parallel stations of one kind; without it, no limit")
+        ->type_name("K");
+    auto* out = app.add_option("--out", options.OutDirectory,
+                               "Directory in which to leave RunRpt.txt as well")
+                    ->type_name("DIR");
+    app.add_flag("--pictures", options.Pictures,
+                 "Leave network.svg, summary.svg and line.svg there too")
+        ->needs(out);
+    app.add_option("--save", options.SaveAs, "Write the solved model to this file")
+        ->type_name("FILE");
+}
+
+quarnel02::SolveRequest ToRequest(const CLI::App& app, const Options& options) {
+    quarnel02::SolveRequest request;
+    request.Model = options.Model;
+    request.Shifts = static_cast<std::int16_t>(options.Shifts);
+    request.Pictures = options.Pictures;
+    if (app.count("--demand") > 0) {
+        request.Answers.Demand = options.Demand;
+    }
+    if (app.count("--station-limit") > 0) {
+        request.Answers.StationLimit = options.StationLimit;
+    }
+    if (app.count("--out") > 0) {
+        request.OutDirectory = options.OutDirectory;
+    }
+    if (app.count("--save") > 0) {
+        request.SaveAs = options.SaveAs;
+    }
+    return request;
+}
+
+int Solve(const quarnel02::SolveRequest& request) {
+    const auto outcome = quarnel02::SolveFile(request);
+    if (outcome.Report.empty()) {
+        for (const std::string& message : outcome.Messages) {
+            std::cerr << message << '\n';
+        }
+        return kNotSolved;
+    }
+    std::cout << outcome.Report << std::flush;
+    if (!std::cout) {
+        std::cerr << "quarnel02-solve: the report cannot be written to standard output.\n";
+        return kError;
+    }
+    return 0;
+}
+
+int Run(int argc, char* argv[]) {
+    CLI::App app(
+        "Designs the cheapest assembly line for a fixed annual demand and prints the "
+        "report.",
+        "quarnel02-solve");
+    Options options;
+    Describe(app, options);
+    CLI11_PARSE(app, argc, argv);
+    try {
+        return Solve(ToRequest(app, options));
+    } catch (const std::exception& error) {
+        std::cerr << "quarnel02-solve: " << error.what() << '\n';
+        return kError;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::fputs(error.what(), stderr);
+        return kError;
+    }
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "model/RecordSet.h"
+#include "shell/Picture.h"
+
+namespace quarnel02 {
+
+/// Width of the node row and height of its axis in the network picture, twips.
+inline constexpr double kNetworkWidth = 15000;
+inline constexpr double kNetworkAxis = 1500;
+
+/// Distance of neighbouring nodes of a row of `nodes` nodes, twips; a margin as wide stands at
+/// either end. Throws DivisionByZero or Overflow for an impossible number.
+double NodeSpacing(std::int16_t nodes);
+
+/// Draws the arc of the current row of Arcs with the picture's line width: a half-ellipse on the
+/// axis, four times as wide as it is high.
+void DrawArc(Picture& picture, const RecordSet& arc, Colour colour);
+
+}  // namespace quarnel02

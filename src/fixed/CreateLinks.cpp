@@ -1,0 +1,87 @@
+#include "fixed/CreateLinks.h"
+
+#include <cmath>
+
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "fixed/ArcDrawing.h"
+#include "fixed/GeneratePathways.h"
+
+namespace quarnel02 {
+
+namespace {
+
+// Five decimals are meant: stored angles and drawings stay the same.
+constexpr double kPi = 3.14159;
+constexpr double kTwoPi = 6.28318;
+
+constexpr int kMostTasks = 255;  ///< 256 x 255 / 2 = 32,640 arcs; one task more exceeds 16 bits
+
+std::int16_t NodeCount(const MainForm& form) {
+    const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Tasks (txtTasks)");
+    if (tasks > kMostTasks) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "Tasks: the model has " + NumberText(tasks) +
+                               " tasks, and at most 255 are possible. Join or remove tasks.");
+    }
+    return ToInteger(tasks + 1, "Tasks");
+}
+
+void DeleteArcs(const Database& database) {
+    RecordSet arcs = database.OpenRecordSet("SELECT * FROM Arcs;");
+    if (arcs.RecordCount() == 0) {
+        return;
+    }
+    arcs.MoveLast();
+    arcs.MoveFirst();
+    while (!arcs.Eof()) {
+        arcs.Delete();
+        arcs.MoveNext();
+    }
+}
+
+void AppendArcs(const Database& database, std::int16_t nodes, double spacing) {
+    RecordSet arcs = database.OpenRecordSet("SELECT * FROM Arcs;");
+    int counter = 0;
+    for (int level = nodes - 1; level >= 1; --level) {
+        const int span = nodes - level;
+        const bool below = level % 2 != 0;
+        for (int start = 1; start <= level; ++start) {
+            arcs.AddNew();
+            arcs.Set("ArcId", counter);
+            arcs.Set("TaskStart", start);
+            arcs.Set("TaskEnd", start + span);
+            arcs.Set("Midpoint", ToInteger(0.5 * span * spacing + start * spacing, "Midpoint"));
+            arcs.Set("Radius", ToSingle(0.5 * span * spacing, "Radius"));
+            arcs.Set("Start", below ? kPi : 0.0);
+            arcs.Set("End", below ? kTwoPi : kPi);
+            arcs.Update();
+            arcs.MoveToLastModified();
+            ++counter;
+        }
+    }
+}
+
+void RebuildArcs(MainForm& form, std::int16_t nodes, double spacing) {
+    const Database& database = form.OpenWorkingCopy();
+    Transaction transaction(database);
+    DeleteArcs(database);
+    AppendArcs(database, nodes, spacing);
+    transaction.Commit();
+}
+
+}  // namespace
+
+void CreateLinks(MainForm& form) {
+    const std::int16_t nodes = NodeCount(form);
+    const double spacing = NodeSpacing(nodes);
+    try {
+        RebuildArcs(form, nodes, spacing);
+    } catch (const RunTimeError&) {  // NOLINT(bugprone-empty-catch)
+        // Meant: the rebuild reports nothing. A store that cannot be used fails again, and
+        // visibly, in GeneratePathways.
+    }
+    GeneratePathways(form);
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,57 @@
+#include "model/Database.h"
+
+#include <utility>
+
+#include "model/Connection.h"
+#include "model/RecordSetImpl.h"
+
+namespace quarnel02 {
+
+namespace {
+
+const std::shared_ptr<Session>& RequireOpen(const std::shared_ptr<Session>& session) {
+    if (!session || !session->Store) {
+        throw RunTimeError(ErrorKind::ObjectClosed, "The database is closed.");
+    }
+    return session;
+}
+
+}  // namespace
+
+Database Database::Open(const std::filesystem::path& path) {
+    Database database;
+    database.m_session = std::make_shared<Session>(Session{Connection::To(path)});
+    return database;
+}
+
+RecordSet Database::OpenRecordSet(std::string_view sql) const {
+    return RecordSet(std::make_unique<RecordSet::Impl>(RequireOpen(m_session), sql));
+}
+
+void Database::Close() noexcept {
+    if (m_session) {
+        m_session->Store.reset();
+        m_session.reset();
+    }
+}
+
+bool Database::IsOpen() const noexcept {
+    return m_session && m_session->Store;
+}
+
+Transaction::Transaction(const Database& database) : m_session(RequireOpen(database.m_session)) {
+    m_session->Store->Begin();
+}
+
+Transaction::~Transaction() {
+    if (m_open && m_session->Store) {
+        m_session->Store->End(false);
+    }
+}
+
+void Transaction::Commit() {
+    m_open = false;
+    RequireOpen(m_session)->Store->End(true);
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "model/Value.h"
+
+namespace quarnel02 {
+
+struct Session;
+
+/// The rows that an SQL text selects, with a position among them.
+///
+/// The set holds the rows that were selected when it was opened. Changes made through it are seen
+/// by it; a row added through it stands at its end; a deleted row is no longer counted, and the
+/// position stays on it, without a current row, until the next move. A set on a single table can
+/// be changed; joins, aggregates and DISTINCT sets are read-only.
+///
+/// After opening, the position is on the first row; of an empty set both Eof and Bof hold.
+/// Fields are named without regard to letter case, or by position counted from 0.
+///
+/// Every call throws RunTimeError: ObjectClosed after Close or after the database was closed,
+/// NoCurrentRecord where a row is needed and there is none, FieldNotFound for a name or position
+/// that the set does not have, ReadOnlyRecordSet for a change to a read-only set, and whatever
+/// the store reports.
+class RecordSet {
+  public:
+    /// A closed set.
+    RecordSet();
+    ~RecordSet();
+    RecordSet(RecordSet&& other) noexcept;
+    RecordSet& operator=(RecordSet&& other) noexcept;
+    RecordSet(const RecordSet&) = delete;
+    RecordSet& operator=(const RecordSet&) = delete;
+
+    /// Closes the set; closing a closed one does nothing.
+    void Close() noexcept;
+    [[nodiscard]] bool IsOpen() const noexcept;
+
+    /// Full number of rows that the set holds now.
+    [[nodiscard]] int RecordCount() const;
+    /// Whether the position is behind the last, or in front of the first row.
+    [[nodiscard]] bool Eof() const;
+    [[nodiscard]] bool Bof() const;
+
+    /// Moves drop what Edit or AddNew began. MoveFirst and MoveLast need a row; MoveNext at Eof,
+    /// MovePrevious at Bof and Move beyond either end need one too. Move(0) stays.
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();
+    void MovePrevious();
+    void Move(int rows);
+
+    /// The current row's field. Integer, Number and Single throw InvalidUseOfNull for an empty
+    /// field, TypeMismatch for a text that is no number, Overflow beyond the type's range; Text
+    /// of an empty field is "".
+    [[nodiscard]] const Value& Field(int position) const;
+    [[nodiscard]] const Value& Field(std::string_view name) const;
+    [[nodiscard]] std::int16_t Integer(int position) const;
+    [[nodiscard]] std::int16_t Integer(std::string_view name) const;
+    [[nodiscard]] double Number(int position) const;
+    [[nodiscard]] double Number(std::string_view name) const;
+    [[nodiscard]] float Single(int position) const;
+    [[nodiscard]] float Single(std::string_view name) const;
+    [[nodiscard]] std::string Text(int position) const;
+    [[nodiscard]] std::string Text(std::string_view name) const;
+
+    /// Begins a change of the current row, or a new row whose unset fields get the table's
+    /// defaults.
+    void Edit();
+    void AddNew();
+    /// Sets a field of the row being changed or added; the value is converted to the field's
+    /// type (ConvertTo). Throws UpdateWithoutEdit outside Edit or AddNew.
+    void Set(std::string_view name, const Value& value);
+    /// Writes what was set. The position does not move: after AddNew it is where it was before.
+    /// Throws UpdateWithoutEdit outside Edit or AddNew.
+    void Update();
+    /// Deletes the current row.
+    void Delete();
+
+    /// Makes the row that the last Update wrote the current one.
+    void MoveToLastModified();
+
+  private:
+    friend class Database;
+    class Impl;
+    explicit RecordSet(std::unique_ptr<Impl> impl);
+    [[nodiscard]] Impl& Open() const;
+
+    std::unique_ptr<Impl> m_impl;
+};
+
+}  // namespace quarnel02

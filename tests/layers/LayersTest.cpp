@@ -1,0 +1,100 @@
+// A folder of src/ may include only its own headers and those of lower floors. Toolkit and store
+// headers stay where they belong.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "basic/Files.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Floors from the lowest; `batch` and `app` stand on the same one and may not see each other.
+const std::map<std::string, int> kFloors = {{"basic", 0}, {"model", 1}, {"shell", 2},
+                                            {"fixed", 3}, {"stoch", 4}, {"editors", 5},
+                                            {"batch", 6}, {"app", 6}};
+
+struct Include {
+    fs::path File;
+    std::string Folder;  ///< of the including file
+    std::string Header;
+    bool Quoted;
+};
+
+std::vector<Include> AllIncludes() {
+    static const std::regex line_form(R"(\s*#\s*include\s*([<"])([^>"]+)[>"].*)");
+    std::vector<Include> includes;
+    for (const auto& entry : fs::recursive_directory_iterator(QUARNEL02_SOURCES)) {
+        const auto extension = entry.path().extension();
+        if (extension != ".h" && extension != ".cpp") {
+            continue;
+        }
+        std::istringstream text(quarnel02::ReadFile(entry.path()));
+        const fs::path relative = fs::relative(entry.path(), QUARNEL02_SOURCES);
+        for (std::string line; std::getline(text, line);) {
+            std::smatch match;
+            if (std::regex_match(line, match, line_form)) {
+                includes.push_back(
+                    {relative, relative.begin()->string(), match[2], match[1] == "\""});
+            }
+        }
+    }
+    return includes;
+}
+
+TEST(Layers, AreReadFromTheSources) {
+    const auto includes = AllIncludes();
+    EXPECT_GT(includes.size(), 100U);
+    EXPECT_TRUE(std::any_of(includes.begin(), includes.end(), [](const Include& each) {
+        return each.Folder == "fixed" && each.Header == "shell/MainForm.h" && each.Quoted;
+    }));
+}
+
+TEST(Layers, EveryFolderHasAFloor) {
+    for (const auto& entry : fs::directory_iterator(QUARNEL02_SOURCES)) {
+        if (entry.is_directory()) {
+            EXPECT_TRUE(kFloors.contains(entry.path().filename().string())) << entry.path();
+        }
+    }
+}
+
+TEST(Layers, NoFolderIncludesFromAHigherFloorOrItsNeighbour) {
+    for (const Include& include : AllIncludes()) {
+        if (!include.Quoted) {
+            continue;
+        }
+        const std::string target = fs::path(include.Header).begin()->string();
+        if (target.starts_with("ui_")) {
+            continue;
+        }
+        ASSERT_TRUE(kFloors.contains(target))
+            << include.File << " includes \"" << include.Header << "\" without its folder";
+        EXPECT_TRUE(target == include.Folder || kFloors.at(target) < kFloors.at(include.Folder))
+            << include.File << " includes " << include.Header;
+    }
+}
+
+TEST(Layers, StoreHeadersStayInModel) {
+    for (const Include& include : AllIncludes()) {
+        const bool store = include.Header.starts_with("SQLiteCpp") || include.Header == "sqlite3.h";
+        EXPECT_TRUE(!store || include.Folder == "model") << include.File;
+    }
+}
+
+TEST(Layers, ToolkitHeadersStayInTheWindows) {
+    for (const Include& include : AllIncludes()) {
+        const bool toolkit = !include.Quoted && include.Header.starts_with("Q");
+        EXPECT_TRUE(!toolkit || include.Folder == "editors" || include.Folder == "app")
+            << include.File;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "shell/HeadlessForm.h"
+
+namespace quarnel02::test {
+
+/// A main form for tests. Answers to dialogs are given beforehand and taken in order; everything
+/// the form is asked, told or made to start is recorded in `Events` as it happens.
+///
+/// Events read: "message[critical]: text", "ask[none]: question -> yes",
+/// "input[title|proposal]: prompt -> answer", "start: command line", "select: 2", "do events",
+/// "busy", "idle".
+class ScriptedForm : public HeadlessForm {
+  public:
+    using HeadlessForm::HeadlessForm;
+
+    std::deque<bool> YesNoAnswers;
+    std::deque<std::string> InputAnswers;
+    std::vector<std::string> Events;
+
+    void SelectDemand(int line) override;
+    void ShowMessage(const std::string& text, MessageIcon icon) override;
+    /// Throws std::logic_error when no answer is left; so does InputBox.
+    bool AskYesNo(const std::string& question, MessageIcon icon) override;
+    std::string InputBox(const std::string& prompt, const std::string& title,
+                         const std::string& proposal) override;
+    void DoEvents() override;
+    void SetBusy(bool busy) override;
+    void StartProgram(const std::string& commandLine) override;
+};
+
+}  // namespace quarnel02::test
