@@ -21,7 +21,8 @@ SQLite::Database OpenFile(const std::filesystem::path& path) {
                                                         "and place.");
     }
     try {
-        SQLite::Database database(name, SQLite::OPEN_READWRITE, kBusyMilliseconds);
+        SQLite::Database database(name, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+                                  kBusyMilliseconds);
         database.exec("PRAGMA journal_mode = DELETE");
         database.exec("PRAGMA synchronous = NORMAL");
         database.exec("PRAGMA temp_store = MEMORY");
@@ -81,12 +82,14 @@ void AppendValue(const SQLite::Column& column, std::vector<Value>& values) {
 
 Query::Query(SQLite::Database& database, const std::string& text)
     : Shape(ShapeOf(text)),
-      Table(FindTable(Shape.Table)),
+      Schema(FindTable(Shape.Table)),
       FirstField(Shape.Table.empty() ? 0 : 1),
       Statement(database, Shape.Table.empty() ? text : WithRowId(text)) {
     for (int column = FirstField; column < Statement.getColumnCount(); ++column) {
         FieldNames.emplace_back(Statement.getColumnName(column));
-        FieldTypes.push_back(TypeOfColumn(Table, FieldNames.back()));
+        FieldTitles.push_back(Shape.Table.empty() ? FieldNames.back()
+                                                  : Shape.Table + "." + FieldNames.back());
+        FieldTypes.push_back(TypeOfColumn(Schema, FieldNames.back()));
     }
 }
 
@@ -110,30 +113,88 @@ Query& Connection::Prepare(std::string_view sql, std::vector<Value>& literals) {
     auto& query = m_queries[m_text.Text];
     if (!query) {
         query = Guarded([&] { return std::make_unique<Query>(m_database, m_text.Text); });
+        if (!query->Shape.Table.empty()) {
+            query->Table = &UseOf(query->Shape.Table);
+            query->Simple = ReadSelection(m_text.Text);
+        }
     }
     return *query;
 }
 
-void Connection::Fetch(Query& query, const std::vector<Value>& literals, Rows& rows) {
-    Guarded([&] {
-        const Resetting reset(query.Statement);
-        Bind(query.Statement, literals);
-        const int columns = query.Statement.getColumnCount();
-        while (query.Statement.executeStep()) {
-            if (query.FirstField == 1) {
-                rows.Ids.push_back(query.Statement.getColumn(0).getInt64());
-            }
-            for (int column = query.FirstField; column < columns; ++column) {
-                AppendValue(query.Statement.getColumn(column), rows.Values);
-            }
-            ++rows.Count;
+TableUse& Connection::UseOf(const std::string& table) {
+    for (const auto& use : m_tables) {
+        if (SameName(use->Name, table)) {
+            return *use;
         }
-    });
+    }
+    return *m_tables.emplace_back(std::make_unique<TableUse>(table));
 }
 
-int Connection::Change(const std::string& sql, std::span<const Value> values,
-                       const std::string& table, const UnfetchedSet* writer) {
+std::shared_ptr<Rows> Connection::Fetch(Query& query, const std::vector<Value>& literals) {
+    if (TableImage* image = ImageFor(query)) {
+        return image->Select(*query.SimplePlan, literals);
+    }
+    return Guarded([&] { return Run(query, literals); });
+}
+
+/// The image that answers the query; nullptr when the store has to.
+TableImage* Connection::ImageFor(Query& query) {
+    constexpr int reads_worth_an_image = 16;
+    if (m_transactions == 0 || !query.Simple) {
+        return nullptr;
+    }
+    TableUse& table = *query.Table;
+    if (table.ReadsAt != table.Changes) {
+        table.ReadsAt = table.Changes;
+        table.Reads = 0;
+        table.Image.reset();
+    }
+    if (table.Reads < reads_worth_an_image && ++table.Reads == reads_worth_an_image) {
+        TakeImage(table);
+    }
+    if (!table.Image) {
+        return nullptr;
+    }
+    if (query.PlannedAt != table.Changes) {
+        query.SimplePlan = table.Image->Prepare(*query.Simple);
+        query.PlannedAt = table.Changes;
+    }
+    return query.SimplePlan ? table.Image.get() : nullptr;
+}
+
+void Connection::TakeImage(TableUse& table) {
+    constexpr std::size_t most_rows = 10000;
+    std::vector<Value> literals;
+    Query& all = Prepare("SELECT * FROM " + table.Name, literals);
+    Query& count = Prepare("SELECT COUNT(*) FROM " + table.Name, literals);
+    const auto rows = Guarded([&] { return Run(count, literals); });
+    if (std::get<std::int64_t>(rows->Values.front()) <= static_cast<std::int64_t>(most_rows)) {
+        table.Image = std::make_unique<TableImage>(all.FieldNames,
+                                                   Guarded([&] { return Run(all, literals); }));
+    }
+}
+
+std::shared_ptr<Rows> Connection::Run(Query& query, const std::vector<Value>& literals) const {
+    const Resetting reset(query.Statement);
+    Bind(query.Statement, literals);
+    const int columns = query.Statement.getColumnCount();
+    auto rows = std::make_shared<Rows>();
+    while (query.Statement.executeStep()) {
+        if (query.FirstField == 1) {
+            rows->Ids.push_back(query.Statement.getColumn(0).getInt64());
+        }
+        for (int column = query.FirstField; column < columns; ++column) {
+            AppendValue(query.Statement.getColumn(column), rows->Values);
+        }
+        ++rows->Count;
+    }
+    return rows;
+}
+
+int Connection::Change(const std::string& sql, std::span<const Value> values, TableUse& table,
+                       const UnfetchedSet* writer) {
     FetchOthers(table, writer);
+    ++table.Changes;
     return Guarded([&] {
         auto& statement = m_changes[sql];
         if (!statement) {
@@ -145,10 +206,10 @@ int Connection::Change(const std::string& sql, std::span<const Value> values,
     });
 }
 
-void Connection::FetchOthers(const std::string& table, const UnfetchedSet* writer) {
+void Connection::FetchOthers(const TableUse& table, const UnfetchedSet* writer) const {
     const auto waiting = m_unfetched;
     for (UnfetchedSet* set : waiting) {
-        if (set != writer && SameName(set->TableName(), table)) {
+        if (set != writer && set->Table() == &table) {
             set->FetchNow();
         }
     }
@@ -157,6 +218,9 @@ void Connection::FetchOthers(const std::string& table, const UnfetchedSet* write
 void Connection::Begin() {
     if (m_transactions == 0) {
         Guarded([&] { m_database.exec("BEGIN IMMEDIATE"); });
+        for (const auto& table : m_tables) {
+            ++table->Changes;
+        }
     }
     ++m_transactions;
 }

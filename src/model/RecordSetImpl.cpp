@@ -36,11 +36,11 @@ void RecordSet::Impl::FetchNow() {
     const auto connection = m_connection.lock();
     connection->Unregister(this);
     m_fetched = true;
-    connection->Fetch(*m_query, m_literals, m_rows);
-    m_live = static_cast<std::ptrdiff_t>(m_rows.Count);
+    m_rows = connection->Fetch(*m_query, m_literals);
+    m_live = static_cast<std::ptrdiff_t>(m_rows->Count);
     if (m_atId) {
         m_at = RowOf(*m_atId);
-    } else if (m_firstAdded && m_rows.Ids.front() == *m_firstAdded) {
+    } else if (m_firstAdded && m_rows->Ids.front() == *m_firstAdded) {
         m_at = m_live;  // it was empty when it was opened
     }
 }
@@ -52,6 +52,19 @@ void RecordSet::Impl::Fetch() {
     }
 }
 
+const std::shared_ptr<Rows>& RecordSet::Impl::NoRows() {
+    static const auto none = std::make_shared<Rows>();
+    return none;
+}
+
+/// The rows for changing: a copy when somebody else may be reading them.
+Rows& RecordSet::Impl::OwnRows() {
+    if (m_rows.use_count() > 1) {
+        m_rows = std::make_shared<Rows>(*m_rows);
+    }
+    return *m_rows;
+}
+
 int RecordSet::Impl::RecordCount() {
     Fetch();
     return static_cast<int>(m_live);
@@ -59,17 +72,17 @@ int RecordSet::Impl::RecordCount() {
 
 bool RecordSet::Impl::OnRow() const {
     const auto row = static_cast<std::size_t>(m_at);
-    return m_at >= 0 && row < m_rows.Count && !(row < m_deleted.size() && m_deleted[row]);
+    return m_at >= 0 && row < m_rows->Count && !(row < m_deleted.size() && m_deleted[row]);
 }
 
 bool RecordSet::Impl::Eof() {
     Fetch();
-    return m_at >= static_cast<std::ptrdiff_t>(m_rows.Count);
+    return m_at >= static_cast<std::ptrdiff_t>(m_rows->Count);
 }
 
 bool RecordSet::Impl::Bof() {
     Fetch();
-    return m_at < 0 || m_rows.Count == 0;
+    return m_at < 0 || m_rows->Count == 0;
 }
 
 void RecordSet::Impl::ThrowNoCurrent() const {
@@ -86,7 +99,7 @@ void RecordSet::Impl::RequireCurrent() {
 }
 
 void RecordSet::Impl::StepOver(std::ptrdiff_t step) {
-    const auto end = static_cast<std::ptrdiff_t>(m_rows.Count);
+    const auto end = static_cast<std::ptrdiff_t>(m_rows->Count);
     do {
         m_at += step;
     } while (m_at >= 0 && m_at < end && !OnRow());
@@ -108,7 +121,7 @@ void RecordSet::Impl::MoveLast() {
     if (m_live == 0) {
         ThrowNoCurrent();
     }
-    m_at = static_cast<std::ptrdiff_t>(m_rows.Count);
+    m_at = static_cast<std::ptrdiff_t>(m_rows->Count);
     StepOver(-1);
 }
 
@@ -139,9 +152,8 @@ int RecordSet::Impl::Position(std::string_view name) const {
     return static_cast<int>(field - names.begin());
 }
 
-std::string RecordSet::Impl::FieldName(int position) const {
-    const std::string& field = m_query->FieldNames[static_cast<std::size_t>(position)];
-    return TableName().empty() ? field : TableName() + "." + field;
+const std::string& RecordSet::Impl::FieldTitle(int position) const {
+    return m_query->FieldTitles[static_cast<std::size_t>(position)];
 }
 
 const Value& RecordSet::Impl::Field(int position) {
@@ -152,7 +164,7 @@ const Value& RecordSet::Impl::Field(int position) {
                            "The record set has no field number " + NumberText(position) + ".");
     }
     return m_rows
-        .Values[static_cast<std::size_t>(m_at) * columns + static_cast<std::size_t>(position)];
+        ->Values[static_cast<std::size_t>(m_at) * columns + static_cast<std::size_t>(position)];
 }
 
 double RecordSet::Impl::Number(int position) {
@@ -165,22 +177,22 @@ double RecordSet::Impl::Number(int position) {
     }
     if (IsNull(value)) {
         throw RunTimeError(ErrorKind::InvalidUseOfNull,
-                           FieldName(position) + " is empty. Enter a number there.");
+                           FieldTitle(position) + " is empty. Enter a number there.");
     }
-    return TextToDouble(std::get<std::string>(value), FieldName(position));
+    return TextToDouble(std::get<std::string>(value), FieldTitle(position));
 }
 
 std::int16_t RecordSet::Impl::Integer(int position) {
     const double number = Number(position);
     const auto integer = static_cast<std::int16_t>(std::clamp(number, -32768.0, 32767.0));
     return static_cast<double>(integer) == number ? integer
-                                                  : ToInteger(number, FieldName(position));
+                                                  : ToInteger(number, FieldTitle(position));
 }
 
 float RecordSet::Impl::Single(int position) {
     const double number = Number(position);
     const auto single = static_cast<float>(number);
-    return static_cast<double>(single) == number ? single : ToSingle(number, FieldName(position));
+    return static_cast<double>(single) == number ? single : ToSingle(number, FieldTitle(position));
 }
 
 std::string RecordSet::Impl::Text(int position) {
@@ -217,10 +229,10 @@ void RecordSet::Impl::Set(std::string_view name, const Value& value) {
     const int position = Position(name);
     if (m_change == Change::None) {
         throw RunTimeError(ErrorKind::UpdateWithoutEdit,
-                           FieldName(position) + " was set without Edit or AddNew.");
+                           FieldTitle(position) + " was set without Edit or AddNew.");
     }
     const FieldType type = m_query->FieldTypes[static_cast<std::size_t>(position)];
-    m_fields.emplace_back(position, ConvertTo(type, value, FieldName(position)));
+    m_fields.emplace_back(position, ConvertTo(type, value, FieldTitle(position)));
 }
 
 void RecordSet::Impl::Update() {
@@ -242,7 +254,7 @@ void RecordSet::Impl::Update() {
 void RecordSet::Impl::WriteEdit() {
     RequireCurrent();
     const auto row = static_cast<std::size_t>(m_at);
-    const std::int64_t id = m_rows.Ids[row];
+    const std::int64_t id = m_rows->Ids[row];
     if (!m_fields.empty()) {
         std::string sql = "UPDATE " + TableName() + " SET ";
         std::vector<Value> values;
@@ -253,13 +265,14 @@ void RecordSet::Impl::WriteEdit() {
             values.push_back(value);
         }
         values.emplace_back(id);
-        if (Store().Change(sql + " WHERE rowid=?", values, TableName(), this) == 0) {
+        if (Store().Change(sql + " WHERE rowid=?", values, *m_query->Table, this) == 0) {
             ThrowNoCurrent();
         }
     }
     const std::size_t columns = m_query->FieldNames.size();
+    Rows& rows = OwnRows();
     for (auto& [field, value] : m_fields) {
-        m_rows.Values[row * columns + static_cast<std::size_t>(field)] = std::move(value);
+        rows.Values[row * columns + static_cast<std::size_t>(field)] = std::move(value);
     }
     m_lastModified = id;
 }
@@ -278,7 +291,7 @@ void RecordSet::Impl::WriteNew() {
     const std::string sql = "INSERT INTO " + TableName() +
                             (values.empty() ? std::string(" DEFAULT VALUES")
                                             : " (" + names + ") VALUES (" + marks + ")");
-    Store().Change(sql, values, TableName(), this);
+    Store().Change(sql, values, *m_query->Table, this);
     m_lastModified = Store().LastInsertedId();
     if (m_fetched) {
         AppendRow(*m_lastModified);
@@ -296,10 +309,14 @@ void RecordSet::Impl::AppendRow(std::int64_t id) {
     Query& query = Store().Prepare(
         "SELECT " + fields + " FROM " + TableName() + " WHERE rowid = " + NumberText(id), literals);
     const bool was_at_end = Eof();
-    Store().Fetch(query, literals, m_rows);
+    const auto added = Store().Fetch(query, literals);
+    Rows& rows = OwnRows();
+    rows.Values.insert(rows.Values.end(), added->Values.begin(), added->Values.end());
+    rows.Ids.push_back(id);
+    ++rows.Count;
     ++m_live;
     if (was_at_end) {
-        m_at = static_cast<std::ptrdiff_t>(m_rows.Count);
+        m_at = static_cast<std::ptrdiff_t>(m_rows->Count);
     }
 }
 
@@ -308,18 +325,18 @@ void RecordSet::Impl::Delete() {
     RequireCurrent();
     DropChange();
     const auto row = static_cast<std::size_t>(m_at);
-    const std::vector<Value> id = {m_rows.Ids[row]};
-    Store().Change("DELETE FROM " + TableName() + " WHERE rowid=?", id, TableName(), this);
+    const std::vector<Value> id = {m_rows->Ids[row]};
+    Store().Change("DELETE FROM " + TableName() + " WHERE rowid=?", id, *m_query->Table, this);
     if (m_deleted.size() <= row) {
-        m_deleted.resize(m_rows.Count);
+        m_deleted.resize(m_rows->Count);
     }
     m_deleted[row] = true;
     --m_live;
 }
 
 std::ptrdiff_t RecordSet::Impl::RowOf(std::int64_t id) const {
-    const auto row = std::find(m_rows.Ids.rbegin(), m_rows.Ids.rend(), id);
-    return row == m_rows.Ids.rend() ? -1 : m_rows.Ids.rend() - row - 1;
+    const auto row = std::find(m_rows->Ids.rbegin(), m_rows->Ids.rend(), id);
+    return row == m_rows->Ids.rend() ? -1 : m_rows->Ids.rend() - row - 1;
 }
 
 void RecordSet::Impl::MoveToLastModified() {
@@ -332,7 +349,7 @@ void RecordSet::Impl::MoveToLastModified() {
         m_atId = m_lastModified;
         return;
     }
-    m_at = OnRow() && m_rows.Ids[static_cast<std::size_t>(m_at)] == *m_lastModified
+    m_at = OnRow() && m_rows->Ids[static_cast<std::size_t>(m_at)] == *m_lastModified
                ? m_at
                : RowOf(*m_lastModified);
     if (m_at < 0) {

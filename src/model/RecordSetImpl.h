@@ -47,14 +47,18 @@ class RecordSet::Impl : public UnfetchedSet {
     void Delete();
     void MoveToLastModified();
 
-    [[nodiscard]] const std::string& TableName() const override { return m_query->Shape.Table; }
+    [[nodiscard]] const TableUse* Table() const override { return m_query->Table; }
     void FetchNow() override;
 
   private:
     enum class Change { None, Edit, Add };
 
+    static const std::shared_ptr<Rows>& NoRows();
+
     Connection& Store();
+    [[nodiscard]] const std::string& TableName() const { return m_query->Shape.Table; }
     void Fetch();
+    Rows& OwnRows();
     void RequireCurrent();
     void RequireUpdatable();
     [[nodiscard]] bool OnRow() const;
@@ -64,7 +68,7 @@ class RecordSet::Impl : public UnfetchedSet {
     void WriteEdit();
     void WriteNew();
     void AppendRow(std::int64_t id);
-    [[nodiscard]] std::string FieldName(int position) const;
+    [[nodiscard]] const std::string& FieldTitle(int position) const;
     [[noreturn]] void ThrowNoCurrent() const;
 
     std::shared_ptr<Session> m_session;
@@ -73,8 +77,8 @@ class RecordSet::Impl : public UnfetchedSet {
     std::vector<Value> m_literals;
 
     bool m_fetched = false;
-    Rows m_rows;
-    std::vector<bool> m_deleted;  ///< by row; rows behind its end are not deleted
+    std::shared_ptr<Rows> m_rows = NoRows();  ///< may be shared until this set changes them
+    std::vector<bool> m_deleted;              ///< by row; rows behind its end are not deleted
     std::ptrdiff_t m_live = 0;
     std::ptrdiff_t m_at = 0;                   ///< row number; -1 is Bof, the number of rows is Eof
     std::optional<std::int64_t> m_atId;        ///< row to stand on once the rows are fetched

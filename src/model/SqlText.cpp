@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 
 #include "model/Schema.h"
@@ -11,12 +10,16 @@ namespace quarnel02 {
 
 namespace {
 
-bool IsDigit(char c) {
+constexpr bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-bool IsWordCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+constexpr bool IsWordCharacter(char c) {
+    return IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
+constexpr bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
 /// End of the quoted text that starts at `start`.
@@ -47,12 +50,19 @@ std::size_t ReadNumber(std::string_view text, Value& value) {
     return static_cast<std::size_t>(stop - text.data());
 }
 
-/// The words and signs of an SQL text, in order.
+bool IsAggregate(std::string_view word) {
+    constexpr std::array<std::string_view, 5> names = {"COUNT", "SUM", "MAX", "MIN", "AVG"};
+    return std::any_of(names.begin(), names.end(),
+                       [&](std::string_view name) { return SameName(name, word); });
+}
+
+}  // namespace
+
 std::vector<std::string_view> Tokens(std::string_view sql) {
     std::vector<std::string_view> tokens;
     for (std::size_t at = 0; at < sql.size();) {
         const char c = sql[at];
-        if (std::isspace(static_cast<unsigned char>(c)) != 0) {
+        if (IsBlank(c)) {
             ++at;
             continue;
         }
@@ -70,14 +80,6 @@ std::vector<std::string_view> Tokens(std::string_view sql) {
     }
     return tokens;
 }
-
-bool IsAggregate(std::string_view word) {
-    constexpr std::array<std::string_view, 5> names = {"COUNT", "SUM", "MAX", "MIN", "AVG"};
-    return std::any_of(names.begin(), names.end(),
-                       [&](std::string_view name) { return SameName(name, word); });
-}
-
-}  // namespace
 
 void ParameterizeSql(std::string_view sql, SqlText& result) {
     result.Text.clear();

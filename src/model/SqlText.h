@@ -18,6 +18,9 @@ struct SqlText {
 /// Takes the numbers out of `sql` into `result`, whose buffers are reused.
 void ParameterizeSql(std::string_view sql, SqlText& result);
 
+/// The words and signs of an SQL text, in order, without the closing ";". They point into `sql`.
+std::vector<std::string_view> Tokens(std::string_view sql);
+
 /// What a SELECT reads, as far as a record set needs to know.
 struct SelectShape {
     std::string Table;  ///< the single table whose rows it yields; empty for joins, aggregates
