@@ -1,0 +1,105 @@
+#include "fixed/LoadModel.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/LoadedModel.h"
+#include "support/RunTimeErrors.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::ExpectRunTimeError;
+using test::ScriptedForm;
+using test::TestModel;
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* kGenRow =
+    "UPDATE Gen SET Resources = 0, Tasks = 3, Days = 240.5, ACF = 0.28, LaborCost = 24, "
+    "TransportTime = 4.25, Penalty = 18, Product = 'Pump, small';";
+
+Lines Boxes(const ScriptedForm& form) {
+    Lines texts;
+    for (const TextBox box :
+         {TextBox::txtResources, TextBox::txtTasks, TextBox::txtDays, TextBox::txtACF,
+          TextBox::txtLaborCost, TextBox::txtTransTime, TextBox::txtPenalty, TextBox::txtProduct}) {
+        texts.push_back(form.Text(box));
+    }
+    return texts;
+}
+
+TEST(LoadModel, FillsTheBoxesFromGen) {
+    const TestModel model(kGenRow);
+    ScriptedForm form(model.Directory());
+    form.SetText(TextBox::txtVolume, "left");
+    LoadModel(form);
+    EXPECT_EQ(Boxes(form), (Lines{"0", "3", "240.5", "0.28", "24", "4.25", "18", "Pump, small"}));
+    EXPECT_EQ(form.Text(TextBox::txtVolume), "left");
+}
+
+TEST(LoadModel, ShowsTheTemplate) {
+    const TestModel model;
+    ScriptedForm form(model.Directory());
+    LoadModel(form);
+    EXPECT_EQ(Boxes(form), (Lines{"0", "0", "250", "0.25", "20", "5", "0", "Untitled"}));
+    EXPECT_EQ(model.RowsOf("SELECT * FROM Arcs;", 1), Lines{});
+}
+
+TEST(LoadModel, LeavesABoxEmptyForAnEmptyField) {
+    const TestModel model("UPDATE Gen SET Product = NULL, Penalty = NULL;");
+    ScriptedForm form(model.Directory());
+    LoadModel(form);
+    EXPECT_EQ(form.Text(TextBox::txtProduct), "");
+    EXPECT_EQ(form.Text(TextBox::txtPenalty), "");
+}
+
+TEST(LoadModel, IsBusyFromStartToEndAndSaysNothing) {
+    const TestModel model(kGenRow);
+    ScriptedForm form(model.Directory());
+    LoadModel(form);
+    EXPECT_EQ(form.Events, (Lines{"busy", "idle"}));
+}
+
+TEST(LoadModel, RebuildsTheNetworkAndClearsTheResults) {
+    const TestModel model(kGenRow);
+    ScriptedForm form(model.Directory());
+    for (Picture& picture : form.picGraph) {
+        picture.Print("old");
+    }
+    LoadModel(form);
+    EXPECT_EQ(model.RowsOf("SELECT * FROM Arcs;", 1).size(), 6U);
+    for (const Picture& picture : form.picGraph) {
+        EXPECT_TRUE(picture.Figures().empty());
+    }
+    EXPECT_FALSE(form.picArc.Figures().empty());
+}
+
+TEST(LoadModel, NeedsTheRowOfGenAndRestoresThePointer) {
+    const TestModel model("DELETE FROM Gen;");
+    ScriptedForm form(model.Directory());
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { LoadModel(form); });
+    EXPECT_EQ(form.Events, (Lines{"busy", "idle"}));
+}
+
+TEST(LoadModel, RestoresThePointerWhenTheNetworkIsTooLarge) {
+    const TestModel model("UPDATE Gen SET Tasks = 256;");
+    ScriptedForm form(model.Directory());
+    ExpectRunTimeError(ErrorKind::Overflow, [&] { LoadModel(form); });
+    EXPECT_EQ(form.Events, (Lines{"busy", "idle"}));
+}
+
+TEST(LoadModel, NeedsTheWorkingCopy) {
+    const TestModel model;
+    std::filesystem::remove(model.File());
+    ScriptedForm form(model.Directory());
+    const std::string message =
+        ExpectRunTimeError(ErrorKind::FileNotFound, [&] { LoadModel(form); });
+    EXPECT_NE(message.find("working.seq"), std::string::npos) << message;
+    EXPECT_EQ(form.Events, (Lines{"busy", "idle"}));
+}
+
+}  // namespace
+}  // namespace quarnel02

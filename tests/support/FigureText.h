@@ -1,0 +1,63 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "basic/Numbers.h"
+#include "shell/Picture.h"
+
+namespace quarnel02::test {
+
+inline std::string PairText(double x, double y) {
+    return "(" + NumberText(x) + ", " + NumberText(y) + ")";
+}
+
+inline std::string PenText(int width, Colour pen) {
+    return " width " + NumberText(width) + " rgb " + NumberText(int{pen.Red}) + "," +
+           NumberText(int{pen.Green}) + "," + NumberText(int{pen.Blue});
+}
+
+inline std::string FigureText(const LineFigure& line) {
+    return "line " + PairText(line.X1, line.Y1) + " to " + PairText(line.X2, line.Y2) +
+           PenText(line.Width, line.Pen);
+}
+
+inline std::string FigureText(const CircleFigure& circle) {
+    return "circle " + PairText(circle.X, circle.Y) + " radius " + NumberText(circle.Radius) +
+           " from " + NumberText(circle.Start) + " to " + NumberText(circle.End) + " aspect " +
+           NumberText(circle.Aspect) + PenText(circle.Width, circle.Pen) +
+           (circle.Filled ? " filled" : "");
+}
+
+inline std::string FigureText(const TextFigure& text) {
+    return "text " + PairText(text.X, text.Y) + " [" + text.Text + "]";
+}
+
+inline std::string FigureText(const IconFigure& icon) {
+    return "icon " + NumberText(static_cast<int>(icon.Type)) + " " + PairText(icon.X, icon.Y) +
+           " size " + NumberText(icon.Size);
+}
+
+/// The figures of a picture in drawing order, one text each, for whole comparisons.
+inline std::vector<std::string> FigureTexts(const Picture& picture) {
+    std::vector<std::string> texts;
+    for (const Figure& figure : picture.Figures()) {
+        texts.push_back(std::visit([](const auto& each) { return FigureText(each); }, figure));
+    }
+    return texts;
+}
+
+/// Figures of one kind, in drawing order.
+template <class Kind>
+std::vector<Kind> FiguresOf(const Picture& picture) {
+    std::vector<Kind> found;
+    for (const Figure& figure : picture.Figures()) {
+        if (const auto* each = std::get_if<Kind>(&figure)) {
+            found.push_back(*each);
+        }
+    }
+    return found;
+}
+
+}  // namespace quarnel02::test
