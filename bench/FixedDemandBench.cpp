@@ -132,7 +132,7 @@ void WholeSolve(benchmark::State& state) {
     using Clock = std::chrono::steady_clock;
     LoadedModel model(Argument(state, 0), Argument(state, 1));
     double solving = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const auto start = Clock::now();
         cmdContinuous_Click(model.Form(), kShifts);
         solving += std::chrono::duration<double>(Clock::now() - start).count();
@@ -140,8 +140,7 @@ void WholeSolve(benchmark::State& state) {
     const double seconds = solving / static_cast<double>(state.iterations());
 
     const MemoryModel memory = ReadModel(model.Form().Model);
-    const Workload workload{60000, kShifts,
-                            model.Form().FixedDemandSolve.AvailableCycleTime};
+    const Workload workload{60000, kShifts, model.Form().FixedDemandSolve.AvailableCycleTime};
     const auto start = Clock::now();
     benchmark::DoNotOptimize(CheapestLine(memory, workload));
     const double bare = std::chrono::duration<double>(Clock::now() - start).count();
@@ -155,14 +154,14 @@ void WholeSolve(benchmark::State& state) {
 
 void Load(benchmark::State& state) {
     LoadedModel model(Argument(state, 0), Argument(state, 1));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         LoadModel(model.Form());
     }
 }
 
 void Generate(benchmark::State& state) {
     LoadedModel model(Argument(state, 0), Argument(state, 1));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         GeneratePathways(model.Form());
     }
 }
@@ -171,7 +170,7 @@ void Generate(benchmark::State& state) {
 void CostSearchReport(benchmark::State& state) {
     LoadedModel model(Argument(state, 0), Argument(state, 1));
     cmdContinuous_Click(model.Form(), kShifts);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         state.PauseTiming();
         GeneratePathways(model.Form());
         state.ResumeTiming();
@@ -182,7 +181,7 @@ void CostSearchReport(benchmark::State& state) {
 void SearchDrawReport(benchmark::State& state) {
     LoadedModel model(Argument(state, 0), Argument(state, 1));
     cmdContinuous_Click(model.Form(), kShifts);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         FindBestPath(model.Form());
     }
 }
@@ -190,7 +189,7 @@ void SearchDrawReport(benchmark::State& state) {
 void Draw(benchmark::State& state) {
     LoadedModel model(Argument(state, 0), Argument(state, 1));
     cmdContinuous_Click(model.Form(), kShifts);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         DrawLinks(model.Form());
     }
 }
@@ -198,7 +197,7 @@ void Draw(benchmark::State& state) {
 void Report(benchmark::State& state) {
     LoadedModel model(Argument(state, 0), Argument(state, 1));
     cmdContinuous_Click(model.Form(), kShifts);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         WriteSolutionSummary(model.Form());
     }
 }

@@ -46,8 +46,8 @@ class Descriptor {
 /// A file beside the target that is removed unless it has taken the target's place.
 class Beside {
   public:
-    explicit Beside(const fs::path& target) : m_name(target.string() + ".XXXXXX") {
-        m_descriptor = ::mkstemp(m_name.data());
+    explicit Beside(const fs::path& target)
+        : m_name(target.string() + ".XXXXXX"), m_descriptor(::mkstemp(m_name.data())) {
         if (m_descriptor < 0) {
             ThrowFileError("write", target, errno);
         }
@@ -73,7 +73,7 @@ class Beside {
 
   private:
     std::string m_name;
-    int m_descriptor = -1;
+    int m_descriptor;
 };
 
 void WriteAll(int descriptor, std::string_view content, const fs::path& target) {

@@ -41,7 +41,7 @@ class PathSearch {
     std::optional<DeadEnd> TryOtherWayIn(const RecordSet& ways);
     [[nodiscard]] float CostThrough(const RecordSet& ways) const;
     void AppendLabel();
-    void Mark(std::int16_t pathway);
+    void Mark(std::int16_t pathway) const;
 
     MainForm& m_form;
     RecordSet m_labels;
@@ -151,7 +151,7 @@ std::optional<DeadEnd> PathSearch::MarkChain() {
     }
 }
 
-void PathSearch::Mark(std::int16_t pathway) {
+void PathSearch::Mark(std::int16_t pathway) const {
     RecordSet row = m_form.Model.OpenRecordSet(
         "SELECT Feasible FROM Pathways WHERE PathId = " + NumberText(int{pathway}) + ";");
     row.Edit();

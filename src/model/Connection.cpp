@@ -78,6 +78,23 @@ void AppendValue(const SQLite::Column& column, std::vector<Value>& values) {
     }
 }
 
+std::shared_ptr<Rows> Run(Query& query, const std::vector<Value>& literals) {
+    const Resetting reset(query.Statement);
+    Bind(query.Statement, literals);
+    const int columns = query.Statement.getColumnCount();
+    auto rows = std::make_shared<Rows>();
+    while (query.Statement.executeStep()) {
+        if (query.FirstField == 1) {
+            rows->Ids.push_back(query.Statement.getColumn(0).getInt64());
+        }
+        for (int column = query.FirstField; column < columns; ++column) {
+            AppendValue(query.Statement.getColumn(column), rows->Values);
+        }
+        ++rows->Count;
+    }
+    return rows;
+}
+
 }  // namespace
 
 Query::Query(SQLite::Database& database, const std::string& text)
@@ -172,23 +189,6 @@ void Connection::TakeImage(TableUse& table) {
         table.Image = std::make_unique<TableImage>(all.FieldNames,
                                                    Guarded([&] { return Run(all, literals); }));
     }
-}
-
-std::shared_ptr<Rows> Connection::Run(Query& query, const std::vector<Value>& literals) const {
-    const Resetting reset(query.Statement);
-    Bind(query.Statement, literals);
-    const int columns = query.Statement.getColumnCount();
-    auto rows = std::make_shared<Rows>();
-    while (query.Statement.executeStep()) {
-        if (query.FirstField == 1) {
-            rows->Ids.push_back(query.Statement.getColumn(0).getInt64());
-        }
-        for (int column = query.FirstField; column < columns; ++column) {
-            AppendValue(query.Statement.getColumn(column), rows->Values);
-        }
-        ++rows->Count;
-    }
-    return rows;
 }
 
 int Connection::Change(const std::string& sql, std::span<const Value> values, TableUse& table,

@@ -106,7 +106,6 @@ class Connection {
 
   private:
     TableUse& UseOf(const std::string& table);
-    std::shared_ptr<Rows> Run(Query& query, const std::vector<Value>& literals) const;
     TableImage* ImageFor(Query& query);
     void TakeImage(TableUse& table);
     void FetchOthers(const TableUse& table, const UnfetchedSet* writer) const;

@@ -14,7 +14,7 @@
 
 namespace quarnel02 {
 
-class RecordSet::Impl : public UnfetchedSet {
+class RecordSet::Impl final : public UnfetchedSet {
   public:
     Impl(std::shared_ptr<Session> session, std::string_view sql);
     ~Impl() override;

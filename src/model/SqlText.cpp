@@ -39,9 +39,9 @@ std::size_t WordEnd(std::string_view sql, std::size_t start) {
 std::size_t ReadNumber(std::string_view text, Value& value) {
     double real = 0;
     const char* const end = text.data() + text.size();
-    const auto stop = std::from_chars(text.data(), end, real).ptr;
+    const char* const stop = std::from_chars(text.data(), end, real).ptr;
     std::int64_t whole = 0;
-    const auto whole_stop = std::from_chars(text.data(), end, whole).ptr;
+    const char* const whole_stop = std::from_chars(text.data(), end, whole).ptr;
     if (whole_stop == stop) {
         value = whole;
     } else {
