@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "fixed/CostModel.h"
+#include "support/RunTimeErrors.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::ExpectRunTimeError;
+
+struct Fitted {
+    int Stations;
+    float Time;
+    bool operator==(const Fitted&) const = default;
+};
+
+/// One station more at a time until the shared time fits; nothing beyond 32,767 stations.
+std::optional<Fitted> OneByOne(float workTime, float available) {
+    int stations = 1;
+    float time = workTime;
+    while (available < time) {
+        if (stations == std::numeric_limits<std::int16_t>::max()) {
+            return std::nullopt;
+        }
+        ++stations;
+        time = static_cast<float>(static_cast<double>(workTime) / stations);
+    }
+    return Fitted{stations, time};
+}
+
+std::optional<Fitted> Fit(float workTime, float available) {
+    try {
+        const StationCount count = FitStations(workTime, available);
+        return Fitted{count.Stations, count.StationTime};
+    } catch (const RunTimeError& error) {
+        RC_ASSERT(error.Kind() == ErrorKind::Overflow);
+        return std::nullopt;
+    }
+}
+
+float PositiveSingle(int mantissa, int exponent) {
+    return std::ldexp(static_cast<float>(mantissa), exponent);
+}
+
+TEST(FitStations, TakesOneStationForExactlyTheAvailableTime) {
+    const StationCount count = FitStations(72, 72);
+    EXPECT_EQ(count.Stations, 1);
+    EXPECT_EQ(count.StationTime, 72.0F);
+}
+
+TEST(FitStations, TakesThreeForTwoAndAHalfTimes) {
+    const StationCount count = FitStations(25, 10);
+    EXPECT_EQ(count.Stations, 3);
+    EXPECT_EQ(count.StationTime, static_cast<float>(25.0 / 3));
+}
+
+TEST(FitStations, TakesTwoJustAboveTheAvailableTime) {
+    EXPECT_EQ(FitStations(std::nextafter(72.0F, 100.0F), 72).Stations, 2);
+}
+
+TEST(FitStations, TakesWholeMultiplesExactly) {
+    for (int n = 1; n <= 200; ++n) {
+        EXPECT_EQ(FitStations(static_cast<float>(n) * 7, 7).Stations, n);
+    }
+}
+
+TEST(FitStations, ReachesTheLargestIntegerAndNoFurther) {
+    EXPECT_EQ(FitStations(32767, 1).Stations, 32767);
+    const auto message = ExpectRunTimeError(ErrorKind::Overflow, [] { FitStations(32769, 1); });
+    EXPECT_NE(message.find("32,767"), std::string::npos) << message;
+}
+
+TEST(FitStations, NeverFitsWithoutAvailableTime) {
+    ExpectRunTimeError(ErrorKind::Overflow, [] { FitStations(1, 0); });
+    ExpectRunTimeError(ErrorKind::Overflow, [] { FitStations(1, -5); });
+    ExpectRunTimeError(ErrorKind::Overflow, [] { FitStations(-1, -5); });
+    ExpectRunTimeError(ErrorKind::Overflow, [] { FitStations(1e30F, 1e-30F); });
+}
+
+TEST(FitStations, TakesOneStationForNoWork) {
+    EXPECT_EQ(FitStations(0, 0).Stations, 1);
+    EXPECT_EQ(FitStations(0, 5).Stations, 1);
+    EXPECT_EQ(FitStations(-5, -5).Stations, 1);
+    EXPECT_EQ(FitStations(-5, 0).Stations, 1);
+}
+
+TEST(FitStations, AgreesWithTheLoopOnAwkwardValues) {
+    const std::array<float, 16> values = {-1e10F,   -1,    -0.1F,    0,       1e-10F, 0.1F,
+                                          1 / 3.0F, 0.7F,  1,        1.0001F, 3,      61.11111F,
+                                          72,       32767, 32768.5F, 3e12F};
+    for (const float work : values) {
+        for (const float available : values) {
+            EXPECT_TRUE(Fit(work, available) == OneByOne(work, available))
+                << work << " in " << available;
+        }
+    }
+}
+
+RC_GTEST_PROP(FitStations, AgreesWithTheLoop, ()) {
+    const auto mantissa = rc::gen::inRange(1, 1 << 24);
+    const float work = PositiveSingle(*mantissa, *rc::gen::inRange(-30, 0));
+    const float available = PositiveSingle(*mantissa, *rc::gen::inRange(-34, -4));
+    RC_ASSERT(Fit(work, available) == OneByOne(work, available));
+}
+
+RC_GTEST_PROP(FitStations, AgreesWithTheLoopNextToWholeMultiples, ()) {
+    const float available = PositiveSingle(*rc::gen::inRange(1, 1 << 24), -12);
+    const int stations = *rc::gen::inRange(1, 32769);
+    float work = available * static_cast<float>(stations);
+    const int steps = *rc::gen::inRange(-2, 3);
+    for (int step = 0; step < std::abs(steps); ++step) {
+        work = std::nextafter(work, steps < 0 ? 0.0F : std::numeric_limits<float>::max());
+    }
+    RC_ASSERT(Fit(work, available) == OneByOne(work, available));
+}
+
+RC_GTEST_PROP(FitStations, AgreesWithTheLoopOnAnyFiniteValues, (float work, float available)) {
+    RC_PRE(std::isnormal(work) || work == 0);
+    RC_PRE(std::isnormal(available) || available == 0);
+    RC_ASSERT(Fit(work, available) == OneByOne(work, available));
+}
+
+}  // namespace
+}  // namespace quarnel02
