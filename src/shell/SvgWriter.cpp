@@ -89,7 +89,7 @@ std::string Element(const TextFigure& text) {
     constexpr double ascent = 0.95;
     const double size = text.Face.Points * kTwipsPerPoint;
     const bool fixed = text.Face.Family == FontFamily::FixedPitch;
-    std::string element = "<text" + Attribute("x", text.X) +
+    std::string element = "<text xml:space=\"preserve\"" + Attribute("x", text.X) +
                           Attribute("y", text.Y + size * ascent) + Attribute("font-size", size) +
                           Attribute("class", fixed ? "fixed" : "label") +
                           Attribute("fill", ColourText(text.Pen));
