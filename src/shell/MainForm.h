@@ -56,11 +56,20 @@ class MainForm {
     [[nodiscard]] virtual std::string Text(TextBox box) const = 0;
     virtual void SetText(TextBox box, const std::string& text) = 0;
 
+    /// Title of the window.
+    virtual void SetTitle(const std::string& title) = 0;
+
     /// The list of demand rows lstDemand: number of lines, selected line (from 0; -1 is none), and
-    /// a selection as by a click, which fills txtVolume and txtProb.
+    /// a selection as by a click, which fills txtVolume and txtProb. Clearing drops the selection.
     [[nodiscard]] virtual int DemandCount() const = 0;
     [[nodiscard]] virtual int SelectedDemand() const = 0;
     virtual void SelectDemand(int line) = 0;
+    [[nodiscard]] virtual std::string DemandLine(int line) const = 0;
+    virtual void ClearDemand() = 0;
+    virtual void AddDemandLine(const std::string& text) = 0;
+    virtual void RemoveDemandLine(int line) = 0;
+    /// The label lblSum under the list.
+    virtual void ShowDemandSum(const std::string& text, Colour colour) = 0;
 
     /// Modal dialogs. The input box gives "" when it is cancelled.
     virtual void ShowMessage(const std::string& text, MessageIcon icon) = 0;
@@ -83,6 +92,12 @@ class MainForm {
     Database& OpenWorkingCopy();
     /// Closes the shared handle and record sets; never fails.
     void CloseModel() noexcept;
+
+    /// The model file last opened or saved: its directory, and its name with extension; both ""
+    /// for an untitled model.
+    std::string CurrentDir;
+    std::string CurrentFile;
+    bool Changed = false;  ///< the working copy holds changes not yet copied to a model file
 
     Picture picArc;                   ///< the arc network, 15000 twips wide
     std::array<Picture, 4> picGraph;  ///< results

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+
+#include "app/FileDialog.h"
+#include "app/RecentFiles.h"
+#include "shell/MainForm.h"
+
+namespace quarnel02 {
+
+/// The commands of the File menu. Each runs to its end inside the event that calls it; what a
+/// command does not report itself comes out as a RunTimeError.
+class FileCommands {
+  public:
+    FileCommands(MainForm& form, FileDialog& dialog);
+
+    /// Makes the working copy anew from the template and loads it. Throws when the template is
+    /// missing or the working copy cannot be written.
+    void StartUp();
+
+    void New();
+    void Open();
+    /// An untitled model is saved as by SaveAs, and then counts as saved even if that was
+    /// cancelled; that is meant.
+    void Save();
+    void SaveAs();
+    /// `caption` is that of the chosen recent-file item.
+    void OpenRecent(const std::string& caption);
+    /// Asks to save where there are changes; part of New, Open, OpenRecent and Exit.
+    void AskToSave();
+
+    [[nodiscard]] RecentFiles& Recent() { return m_recent; }
+
+  private:
+    MainForm& m_form;
+    FileDialog& m_dialog;
+    RecentFiles m_recent;
+};
+
+/// LoadModel, and the demand list filled anew: what the window shows is the loaded model.
+void ShowLoadedModel(MainForm& form);
+
+}  // namespace quarnel02

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+namespace quarnel02 {
+
+/// The dialog for opening and saving as the file commands see it. FileName and FilePath keep
+/// their values between uses; FileName is "" after Cancel.
+class FileDialog {
+  public:
+    virtual ~FileDialog() = default;
+
+    std::string FileName;   ///< name entered or chosen, with its extension
+    std::string FilePath;   ///< its directory
+    bool OpenMode = false;  ///< serves Open; else Save
+
+    /// Prepares the dialog for one use; errors are ignored.
+    virtual void SetForm(bool isOpen) = 0;
+    /// Shows it and returns when it has closed.
+    virtual void ShowModal() = 0;
+};
+
+/// `name` with ".mdb" behind it, unless its last four characters are exactly that: "MODEL.MDB"
+/// becomes "MODEL.MDB.mdb". An empty name stays empty.
+std::string WithModelExtension(const std::string& name);
+
+}  // namespace quarnel02

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace quarnel02 {
+
+/// A recent-file item of the File menu.
+struct RecentItem {
+    std::string Caption;  ///< "1. ..\line.mdb", or "3." for an item without a file
+    bool Enabled = false;
+};
+
+/// The text to the right of the last directory separator ("\", and "/" where the platform has
+/// it), searched backwards down to the first character: a path without any separator loses its
+/// first character.
+std::string FileNamePart(const std::string& path);
+
+/// The list of model files last used, kept in "Marrowgate.cfg": one full path per line, most
+/// recent first, at most seven. A line is read up to its first comma.
+class RecentFiles {
+  public:
+    explicit RecentFiles(std::filesystem::path configuration);
+
+    /// Entries of the configuration file in order; none when there is no such file.
+    [[nodiscard]] std::vector<std::string> Entries() const;
+
+    /// Puts directory + separator + file on top of the list; does nothing when either is empty.
+    /// Keeps at most six older entries and drops repetitions. Throws FileAccess when the
+    /// configuration file cannot be written.
+    void Add(const std::string& directory, const std::string& file);
+
+    /// Captions and states of the four menu items from the entries whose files exist. With
+    /// exactly three of them the fourth item is left as it was; that is meant.
+    void FillMenu(std::array<RecentItem, 4>& items) const;
+
+    /// The first entry whose file name is that of the item's caption; "" when there is none. Of
+    /// equal names in different directories it is always the more recent one.
+    [[nodiscard]] std::string EntryFor(const std::string& caption) const;
+
+  private:
+    std::filesystem::path m_configuration;
+};
+
+}  // namespace quarnel02
