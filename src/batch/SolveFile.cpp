@@ -8,6 +8,7 @@
 #include "fixed/LoadModel.h"
 #include "fixed/cmdContinuous.h"
 #include "model/ModelFile.h"
+#include "shell/Demand.h"
 #include "shell/Reports.h"
 #include "shell/SvgWriter.h"
 
@@ -82,7 +83,7 @@ SolveOutcome SolveFile(const SolveRequest& request) {
     fs::permissions(working_copy, fs::perms::owner_read | fs::perms::owner_write);
 
     LoadModel(form);
-    form.ListDemand();
+    ListDemand(form);
     RequireDemand(form, request);
     cmdContinuous_Click(form, request.Shifts);
     form.CloseModel();

@@ -2,13 +2,14 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "shell/MainForm.h"
 
 namespace quarnel02 {
 
-/// A main form without windows: boxes are plain texts, the demand list is the table of the
-/// working copy. What it is asked and told is for the forms derived from it.
+/// A main form without windows: boxes and the demand list are plain texts; title and sum go
+/// nowhere. What it is asked and told is for the forms derived from it.
 class HeadlessForm : public MainForm {
   public:
     using MainForm::MainForm;
@@ -16,18 +17,27 @@ class HeadlessForm : public MainForm {
     [[nodiscard]] std::string Text(TextBox box) const override;
     void SetText(TextBox box, const std::string& text) override;
 
-    /// Takes the number of demand rows from the working copy; no line is selected afterwards.
-    void ListDemand();
-    [[nodiscard]] int DemandCount() const override { return m_demandCount; }
+    void SetTitle(const std::string& /*title*/) override {}
+
+    [[nodiscard]] int DemandCount() const override {
+        return static_cast<int>(m_demandLines.size());
+    }
     [[nodiscard]] int SelectedDemand() const override { return m_selectedDemand; }
     void SelectDemand(int line) override;
+    /// Throws std::out_of_range for a line that the list does not have.
+    [[nodiscard]] std::string DemandLine(int line) const override;
+    void ClearDemand() override;
+    void AddDemandLine(const std::string& text) override;
+    /// The selection goes with its line.
+    void RemoveDemandLine(int line) override;
+    void ShowDemandSum(const std::string& /*text*/, Colour /*colour*/) override {}
 
     void DoEvents() override {}
     void SetBusy(bool /*busy*/) override {}
 
   private:
     std::array<std::string, kTextBoxes> m_texts;
-    int m_demandCount = 0;
+    std::vector<std::string> m_demandLines;
     int m_selectedDemand = -1;
 };
 

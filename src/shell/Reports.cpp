@@ -1,14 +1,25 @@
 #include "shell/Reports.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "basic/Files.h"
 
 namespace quarnel02 {
 
+bool HasReport(const MainForm& form, const std::string& file) {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(form.InApplicationDirectory(file), ignored);
+}
+
 void OpenReport(MainForm& form, const std::string& file) {
-    const auto path = form.InApplicationDirectory(file);
-    if (std::filesystem::exists(path)) {
-        form.StartProgram("notepad.exe " + PathText(path));
+    if (HasReport(form, file)) {
+        form.StartProgram("notepad.exe " + PathText(form.InApplicationDirectory(file)));
     }
+}
+
+void mnuViewLast(MainForm& form) {
+    OpenReport(form, kProductionReport);
 }
 
 void mnuViewLastCont(MainForm& form) {

@@ -9,6 +9,9 @@ namespace quarnel02 {
 inline constexpr const char* kRunReport = "RunRpt.txt";
 inline constexpr const char* kProductionReport = "ProdRpt.txt";
 
+/// Whether the application directory holds the report.
+[[nodiscard]] bool HasReport(const MainForm& form, const std::string& file);
+
 /// Opens a report of the application directory in the text editor, without waiting for it. Does
 /// nothing when there is no such report.
 void OpenReport(MainForm& form, const std::string& file);

@@ -6,6 +6,7 @@
 
 #include "fixed/LoadModel.h"
 #include "fixed/cmdContinuous.h"
+#include "shell/Demand.h"
 #include "support/ModelScript.h"
 #include "support/ScriptedForm.h"
 #include "support/TestModel.h"
@@ -20,7 +21,7 @@ inline constexpr const char* kAllLabels = "SELECT * FROM BestPaths;";
 struct LoadedModel {
     explicit LoadedModel(const std::string& sql) : Copy(sql), Form(Copy.Directory()) {
         LoadModel(Form);
-        Form.ListDemand();
+        ListDemand(Form);
         Form.Events.clear();
     }
     explicit LoadedModel(const ModelScript& model) : LoadedModel(model.Sql()) {}

@@ -32,6 +32,15 @@ Answer Next(std::deque<Answer>& answers, const std::string& question) {
 
 }  // namespace
 
+void ScriptedForm::SetTitle(const std::string& title) {
+    Events.push_back("title: " + title);
+}
+
+void ScriptedForm::ShowDemandSum(const std::string& text, Colour colour) {
+    Events.push_back("sum: " + text + " rgb(" + std::to_string(colour.Red) + "," +
+                     std::to_string(colour.Green) + "," + std::to_string(colour.Blue) + ")");
+}
+
 void ScriptedForm::SelectDemand(int line) {
     Events.push_back("select: " + std::to_string(line));
     HeadlessForm::SelectDemand(line);

@@ -13,7 +13,7 @@ namespace quarnel02::test {
 ///
 /// Events read: "message[critical]: text", "ask[none]: question -> yes",
 /// "input[title|proposal]: prompt -> answer", "start: command line", "select: 2", "do events",
-/// "busy", "idle".
+/// "busy", "idle", "title: text", "sum: 100% rgb(0,0,128)".
 class ScriptedForm : public HeadlessForm {
   public:
     using HeadlessForm::HeadlessForm;
@@ -22,7 +22,9 @@ class ScriptedForm : public HeadlessForm {
     std::deque<std::string> InputAnswers;
     std::vector<std::string> Events;
 
+    void SetTitle(const std::string& title) override;
     void SelectDemand(int line) override;
+    void ShowDemandSum(const std::string& text, Colour colour) override;
     void ShowMessage(const std::string& text, MessageIcon icon) override;
     /// Throws std::logic_error when no answer is left; so does InputBox.
     bool AskYesNo(const std::string& question, MessageIcon icon) override;
