@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "app/FileDialog.h"
@@ -32,6 +33,17 @@ class FileCommands {
     [[nodiscard]] RecentFiles& Recent() { return m_recent; }
 
   private:
+    struct ChosenFile {
+        std::string Path;
+        std::string Directory;
+        std::string Name;
+    };
+
+    void OpenFile(const ChosenFile& chosen);
+    void LoadWorkingCopyFrom(const std::filesystem::path& source);
+    /// What the Save As dialog begins with; the form keeps it even if the dialog is cancelled.
+    void ProposeFile();
+
     MainForm& m_form;
     FileDialog& m_dialog;
     RecentFiles m_recent;

@@ -13,11 +13,6 @@ struct RecentItem {
     bool Enabled = false;
 };
 
-/// The text to the right of the last directory separator ("\", and "/" where the platform has
-/// it), searched backwards down to the first character: a path without any separator loses its
-/// first character.
-std::string FileNamePart(const std::string& path);
-
 /// The list of model files last used, kept in "Marrowgate.cfg": one full path per line, most
 /// recent first, at most seven. A line is read up to its first comma.
 class RecentFiles {

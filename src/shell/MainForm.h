@@ -84,6 +84,9 @@ class MainForm {
     /// Starts a program, without waiting for it.
     virtual void StartProgram(const std::string& commandLine) = 0;
 
+    [[nodiscard]] const std::filesystem::path& ApplicationDirectory() const {
+        return m_applicationDirectory;
+    }
     /// Full path of a file of the application directory.
     [[nodiscard]] std::filesystem::path InApplicationDirectory(const std::string& file) const;
 

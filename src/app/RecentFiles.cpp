@@ -1,0 +1,87 @@
+#include "app/RecentFiles.h"
+
+#include <algorithm>
+#include <sstream>
+#include <utility>
+
+#include "app/ModelPath.h"
+#include "basic/Files.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr std::size_t kOldEntriesKept = 6;
+
+/// In front of the file name in the caption of item `number`: six characters.
+std::string CaptionHead(std::size_t number) {
+    return std::to_string(number) + ". ..\\";
+}
+
+std::string FirstField(const std::string& line) {
+    return line.substr(0, line.find_first_of(",\r"));
+}
+
+}  // namespace
+
+RecentFiles::RecentFiles(std::filesystem::path configuration)
+    : m_configuration(std::move(configuration)) {}
+
+std::vector<std::string> RecentFiles::Entries() const {
+    std::vector<std::string> entries;
+    if (!FileExists(PathText(m_configuration))) {
+        return entries;
+    }
+    std::istringstream lines(ReadFile(m_configuration));
+    for (std::string line; std::getline(lines, line);) {
+        entries.push_back(FirstField(line));
+    }
+    return entries;
+}
+
+void RecentFiles::Add(const std::string& directory, const std::string& file) {
+    if (directory.empty() || file.empty()) {
+        return;
+    }
+    std::vector<std::string> list = Entries();
+    list.resize(std::min(list.size(), kOldEntriesKept));
+    list.insert(list.begin(), ModelPath(directory, file));
+
+    std::string text;
+    for (auto entry = list.begin(); entry != list.end(); ++entry) {
+        if (!entry->empty() && std::find(list.begin(), entry, *entry) == entry) {
+            text += *entry + "\n";
+        }
+    }
+    WriteFile(m_configuration, text);
+}
+
+void RecentFiles::FillMenu(std::array<RecentItem, 4>& items) const {
+    std::size_t shown = 0;
+    for (const std::string& entry : Entries()) {
+        if (shown < items.size() && FileExists(entry)) {
+            items.at(shown) = {CaptionHead(shown + 1) + FileNamePart(entry), true};
+            ++shown;
+        }
+    }
+    if (shown == 3) {
+        return;
+    }
+    for (; shown < items.size(); ++shown) {
+        items.at(shown) = {std::to_string(shown + 1) + ".", false};
+    }
+}
+
+std::string RecentFiles::EntryFor(const std::string& caption) const {
+    const std::size_t head = CaptionHead(1).size();
+    if (caption.size() <= head) {
+        return {};
+    }
+    const std::vector<std::string> entries = Entries();
+    const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
+        return FileNamePart(entry) == caption.substr(head);
+    });
+    return found == entries.end() ? std::string() : *found;
+}
+
+}  // namespace quarnel02
