@@ -61,6 +61,10 @@ TEST(StartUp, DoesNotPlayBackTheJournalOfAKilledProgram) {
     const CommandDesk killed("UPDATE Gen SET Days = 77;");
     const Database database = killed.Application.Open();
     const Transaction transaction(database);
+    RecordSet gen = database.OpenRecordSet("SELECT * FROM Gen;");
+    gen.Edit();
+    gen.Set("Days", 78.0);
+    gen.Update();
     RecordSet tasks = database.OpenRecordSet("SELECT * FROM Tasks;");
     for (int row = 0; row < 1000; ++row) {  // 5 MB, more than the store keeps in memory
         tasks.AddNew();
