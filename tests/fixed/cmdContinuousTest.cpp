@@ -76,6 +76,23 @@ TEST(cmdContinuous, TakesTheOnlyDemandRowWithoutAsking) {
     ExpectState(command, {2, "5,000", -1, "--", 2880});
 }
 
+TEST(cmdContinuous, TakesTheTextThatTheOnlyRowShows) {
+    Command command(WithDemand({{5000.6, 100}}));
+    command.Form.YesNoAnswers = {false};
+    command.Press(1);
+    EXPECT_EQ(command.Form.FixedDemandSolve.FixedDemand, "5,001");
+}
+
+TEST(cmdContinuous, EndsWhenTheOnlyRowShowsNoVolume) {
+    // A volume of 0 is shown as an empty text.
+    Command command(WithDemand({{0, 100}}));
+    command.Press(1);
+    EXPECT_EQ(command.Form.Events, (Lines{"select: 0", "do events"}));
+    FixedDemandState expected = Untouched();
+    expected.ShiftCount = 1;
+    ExpectState(command, expected);
+}
+
 TEST(cmdContinuous, ProposesTheLastRowWhenNoneIsSelected) {
     Command command(WithDemand({{100000, 50}, {200000, 50}}));
     command.Form.InputAnswers = {"150000"};
