@@ -40,15 +40,17 @@ void PrintQuantity(Picture& picture, double left, double top, double scale, int 
     picture.Print(label);
 }
 
-/// Labels as large as fits between neighbouring figures, at most 8 points.
-Font LabelFont(std::span<const StationFigure> stations, double step) {
+/// Labels as large as fits between neighbouring figures and rows, at most 8 points.
+Font LabelFont(std::span<const StationFigure> stations, const LineLayout& layout) {
     constexpr double share_of_step = 0.8;
     Font font;
     double widest = 0;
     for (const StationFigure& station : stations) {
         widest = std::max(widest, TextWidth(QuantityText(station.Quantity), font));
     }
-    font.Points *= std::min(1.0, share_of_step * step / widest);
+    const double width = share_of_step * kStep * layout.Scale;
+    const double height = layout.RowStep - kLabelDown * layout.Scale;
+    font.Points *= std::min({1.0, width / widest, height / LineHeight(font)});
     return font;
 }
 
@@ -86,7 +88,7 @@ void DrawLine(Picture& picture, std::span<const StationFigure> stations) {
 
     const int count = static_cast<int>(stations.size());
     const LineLayout layout = LayOutLine(count, picture.Width(), picture.Height());
-    picture.TextFont = LabelFont(stations, kStep * layout.Scale);
+    picture.TextFont = LabelFont(stations, layout);
     for (int place = 0; place < count; ++place) {
         const int row = place / layout.PerRow;
         const int in_row = std::min(layout.PerRow, count - row * layout.PerRow);
