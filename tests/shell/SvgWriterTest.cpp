@@ -132,11 +132,12 @@ TEST(ToSvg, WritesTexts) {
     picture.CurrentX = 0;
     picture.Print("abc");
     // 10 points are 200 twips; the base line lies 0.95 of that below the top: 200 + 190.
-    EXPECT_EQ(ElementsOf(picture),
-              (Texts{"<text x=\"100\" y=\"390\" font-size=\"200\" class=\"label\" "
-                     "fill=\"rgb(1,2,3)\">Qty: 2</text>",
-                     "<text x=\"0\" y=\"390\" font-size=\"200\" class=\"fixed\" "
-                     "fill=\"rgb(0,0,0)\" textLength=\"360\">abc</text>"}));
+    EXPECT_EQ(
+        ElementsOf(picture),
+        (Texts{"<text xml:space=\"preserve\" x=\"100\" y=\"390\" font-size=\"200\" class=\"label\" "
+               "fill=\"rgb(1,2,3)\">Qty: 2</text>",
+               "<text xml:space=\"preserve\" x=\"0\" y=\"390\" font-size=\"200\" class=\"fixed\" "
+               "fill=\"rgb(0,0,0)\" textLength=\"360\">abc</text>"}));
 }
 
 TEST(ToSvg, EscapesTexts) {

@@ -11,7 +11,7 @@ namespace quarnel02::test {
 /// Why a text is no well-formed XML of one root element; empty when it is. Knows elements,
 /// attributes in double quotes and the five standard entities.
 inline std::string XmlError(const std::string& xml) {
-    static const std::regex tag(R"re(<(/?)([A-Za-z]+)((?: [A-Za-z0-9-]+="[^"<&]*")*)(/?)>)re");
+    static const std::regex tag(R"re(<(/?)([A-Za-z]+)((?: [A-Za-z0-9:-]+="[^"<&]*")*)(/?)>)re");
     static const std::regex text(R"(([^<>&]|&(amp|lt|gt|quot|apos);)*)");
     std::vector<std::string> open;
     std::size_t roots = 0;
