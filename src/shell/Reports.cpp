@@ -6,7 +6,7 @@ namespace quarnel02 {
 
 void OpenReport(MainForm& form, const std::string& file) {
     const auto path = form.InApplicationDirectory(file);
-    if (std::filesystem::exists(path)) {
+    if (KindOfFile(path) == FileKind::Ordinary) {
         form.StartProgram("notepad.exe " + PathText(path));
     }
 }
