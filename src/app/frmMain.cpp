@@ -87,7 +87,10 @@ void frmMain::LayOut() {
     const QSize wanted(static_cast<int>(picArc.Width() / kTwipsPerPixel) + beside,
                        network + 38 * fontMetrics().lineSpacing());
     resize(wanted.boundedTo(screen()->availableSize() * 0.95));
-    m_ui->splRight->setSizes({network + 4 * fontMetrics().lineSpacing(), height()});
+    const int upper = network + 3 * fontMetrics().lineSpacing();
+    m_ui->splRight->setStretchFactor(0, 0);
+    m_ui->splRight->setStretchFactor(1, 1);
+    m_ui->splRight->setSizes({upper, height() - upper});
 }
 
 /// The focus begins in the list: beginning in a parameter box, leaving it would count as a change.

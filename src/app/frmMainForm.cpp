@@ -25,6 +25,7 @@ std::string frmMain::Text(TextBox box) const {
 
 void frmMain::SetText(TextBox box, const std::string& text) {
     Box(box).setText(QString::fromStdString(text));
+    Box(box).setCursorPosition(0);
 }
 
 void frmMain::SetTitle(const std::string& title) {

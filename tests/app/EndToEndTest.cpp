@@ -1,0 +1,143 @@
+// The whole program on an X server, driven by the keyboard alone.
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QProcess>
+
+#include "app/Screen.h"
+#include "basic/Files.h"
+#include "model/Database.h"
+#include "support/ProgramRun.h"
+
+namespace quarnel02 {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+
+const fs::path kPrograms = QUARNEL02_PROGRAMS;
+
+/// A portable folder: the program and its template, a model beside them, and a text editor that
+/// only notes what it was asked to open.
+class EndToEnd : public ::testing::Test {
+  protected:
+    EndToEnd() {
+        fs::create_directory(Folder / "tools");
+        fs::copy_file(kPrograms / "quarnel02", Folder / "quarnel02");
+        fs::copy_file(kPrograms / "blank.seq", Folder / "blank.seq");
+        fs::copy_file(kPrograms / "examples" / "pump.mdb", Folder / "pump.mdb");
+        WriteFile(Folder / "tools" / "notepad.exe",
+                  "#!/bin/sh\nprintf '%s\\n' \"$1\" >> '" + Notes().string() + "'\n");
+        fs::permissions(Folder / "tools" / "notepad.exe", fs::perms::owner_all);
+    }
+
+    ~EndToEnd() override {
+        Program.kill();
+        Program.waitForFinished();
+    }
+
+    void Start(QProcess& program) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("DISPLAY", Display.Display());
+        environment.insert("QT_QPA_PLATFORM", "xcb");
+        environment.insert("HOME", QString::fromStdString(Folder.string()));
+        environment.insert("PATH", QString::fromStdString((Folder / "tools").string()) + ":" +
+                                       environment.value("PATH"));
+        program.setProcessEnvironment(environment);
+        program.setWorkingDirectory(QString::fromStdString(Folder.string()));
+        program.start(QString::fromStdString((Folder / "quarnel02").string()), QStringList());
+        ASSERT_TRUE(program.waitForStarted());
+    }
+
+    /// The splash goes with the first key.
+    void StartAndOpenPump() {
+        Start(Program);
+        ASSERT_TRUE(Display.Focus("^Quarnel02$"));
+        Keep("start");
+        Display.Key("ctrl+o");
+        ASSERT_TRUE(Display.Focus("^Select a file to open"));
+        EXPECT_FALSE(Display.Shows("^Welcome"));
+        Display.Type("pump");
+        Display.Key("Return");
+        ASSERT_TRUE(Display.Focus("^pump.mdb - Quarnel02$"));
+    }
+
+    void Solve(int shifts) {
+        const auto opened = NotesTaken();
+        ASSERT_TRUE(Display.Focus("^pump.mdb - Quarnel02$"));
+        Display.Key("alt+" + std::to_string(shifts));
+        ASSERT_TRUE(Display.Focus("^Fixed Demand$"));
+        Display.Type("60000");
+        Display.Key("Return");
+        ASSERT_TRUE(Display.Focus("^Quarnel02$"));
+        Display.Key("alt+n");
+        ASSERT_TRUE(test::WaitUntil([&] { return NotesTaken() != opened; }));
+    }
+
+    [[nodiscard]] static std::string BatchReport(const fs::path& model, int shifts) {
+        const auto run =
+            test::RunProgram({(kPrograms / "quarnel02-solve").string(), model.string(), "--shifts",
+                              std::to_string(shifts), "--demand", "60000"});
+        EXPECT_EQ(run.Status, 0) << run.Err;
+        return run.Out;
+    }
+
+    void Keep(const std::string& name) const {
+        const QString directory = QStringLiteral(QUARNEL02_SCREENSHOTS);
+        QDir().mkpath(directory);
+        EXPECT_TRUE(Display.Image().save(directory + "/end-to-end-" + QString::fromStdString(name) +
+                                         ".png"));
+    }
+
+    [[nodiscard]] fs::path Notes() const { return Folder / "opened.txt"; }
+    [[nodiscard]] std::string NotesTaken() const {
+        return fs::exists(Notes()) ? ReadFile(Notes()) : "";
+    }
+
+    TemporaryDirectory Place;
+    fs::path Folder = Place.Path();
+    test::Screen Display;
+    QProcess Program;
+};
+
+TEST_F(EndToEnd, DesignsThePumpLineSavesAndQuits) {
+    StartAndOpenPump();
+    for (const int shifts : {1, 2, 3}) {
+        Solve(shifts);
+        const std::string report = ReadFile(Folder / "RunRpt.txt");
+        EXPECT_EQ(report, BatchReport(kPrograms / "examples" / "pump.mdb", shifts));
+        EXPECT_THAT(report, HasSubstr("# of Shifts: " + std::to_string(shifts)));
+    }
+    const std::string opened = (Folder / "RunRpt.txt").string() + "\n";
+    EXPECT_EQ(NotesTaken(), opened + opened + opened);
+
+    ASSERT_TRUE(Display.Focus("^pump.mdb - Quarnel02$"));
+    Keep("solved");
+    Display.Key("alt+y");
+    Display.Type("200");
+    Display.Key("ctrl+s");
+    Display.Key("ctrl+q");
+    ASSERT_TRUE(test::WaitUntil(
+        [&] { return Program.waitForFinished(0) || Program.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(Program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(Program.exitCode(), 0);
+    const Database saved = Database::Open(Folder / "pump.mdb");
+    EXPECT_EQ(saved.OpenRecordSet("SELECT Days FROM Gen;").Number("Days"), 200);
+}
+
+TEST_F(EndToEnd, ASecondStartLeavesTheFirstAlone) {
+    StartAndOpenPump();
+    QProcess second;
+    Start(second);
+    ASSERT_TRUE(Display.Focus("^Quarnel02$"));
+    Keep("second-start");
+    Display.Key("Return");
+    ASSERT_TRUE(test::WaitUntil(
+        [&] { return second.waitForFinished(0) || second.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(second.exitCode(), 1);
+    EXPECT_EQ(Program.state(), QProcess::Running);
+    EXPECT_TRUE(Display.Shows("^pump.mdb - Quarnel02$"));
+}
+
+}  // namespace
+}  // namespace quarnel02
