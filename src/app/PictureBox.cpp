@@ -30,6 +30,9 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     m_settle.setSingleShot(true);
     m_settle.setInterval(kSettleTime);
     connect(&m_settle, &QTimer::timeout, this, qOverload<>(&QWidget::update));
+    m_claim.setSingleShot(true);
+    m_claim.setInterval(0);
+    connect(&m_claim, &QTimer::timeout, this, &PictureBox::ClaimSize);
     m_sinceProgress.start();
 }
 
@@ -91,7 +94,7 @@ void PictureBox::UpdateExtent() {
     }
     m_extent = extent;
     m_image = {};
-    QMetaObject::invokeMethod(this, &PictureBox::ClaimSize, Qt::QueuedConnection);
+    m_claim.start();
 }
 
 void PictureBox::ClaimSize() {

@@ -57,6 +57,7 @@ class PictureBox : public QWidget {
     QElapsedTimer m_sinceProgress;
     qint64 m_pause = 0;  ///< milliseconds from one progress display to the next
     QTimer m_settle;     ///< runs while the box is being resized
+    QTimer m_claim;      ///< claims another size once painting is over
 };
 
 }  // namespace quarnel02

@@ -17,6 +17,7 @@ class frmFile;
 /// the name.
 class frmFile : public QDialog, public FileDialog {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmFile)
 
   public:
     frmFile(std::filesystem::path applicationDirectory, QWidget* parent);

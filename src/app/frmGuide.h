@@ -12,6 +12,7 @@ class frmGuide;
 /// The user guide, beside the main window.
 class frmGuide : public QDialog {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmGuide)
 
   public:
     explicit frmGuide(QWidget* parent);

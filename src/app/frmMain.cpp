@@ -7,7 +7,6 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QScreen>
-#include <QTimer>
 #include <exception>
 #include <utility>
 
@@ -24,17 +23,6 @@
 namespace quarnel02 {
 
 namespace {
-
-/// A button pressed while a message came up has not seen its release.
-void LiftButtons(QWidget& window) {
-    QTimer::singleShot(0, &window, [&window] {
-        if (QGuiApplication::mouseButtons() == Qt::NoButton) {
-            for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
-                button->setDown(false);
-            }
-        }
-    });
-}
 
 /// "&" in a file's name is no mnemonic.
 QString LiteralCaption(const std::string& caption) {
@@ -63,6 +51,9 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
     ConnectSolve();
     ConnectFileMenu();
     ConnectOtherMenus();
+    m_afterError.setSingleShot(true);
+    m_afterError.setInterval(0);
+    connect(&m_afterError, &QTimer::timeout, this, &frmMain::AfterError);
 }
 
 frmMain::~frmMain() = default;
@@ -109,8 +100,23 @@ bool frmMain::RunEvent(const std::function<void()>& event) {
         return true;
     } catch (const std::exception& error) {
         ShowMessage(error.what(), MessageIcon::Critical);
-        LiftButtons(*this);
+        m_afterError.start();
         return false;
+    }
+}
+
+/// A button pressed when the message came up has not seen its release; a box whose text was
+/// refused gets the focus back.
+void frmMain::AfterError() {
+    if (QGuiApplication::mouseButtons() == Qt::NoButton) {
+        for (QAbstractButton* button : findChildren<QAbstractButton*>()) {
+            button->setDown(false);
+        }
+    }
+    if (m_refused != nullptr) {
+        m_refused->setFocus();
+        m_refused->selectAll();
+        m_refused = nullptr;
     }
 }
 
@@ -143,10 +149,7 @@ void frmMain::SaveOnLeaving(FieldBox& box, Procedure save) {
         const bool typed = box.isModified();
         box.setModified(false);
         if (!RunEvent([&] { save(*this); }) && typed) {
-            QTimer::singleShot(0, &box, [&box] {
-                box.setFocus();
-                box.selectAll();
-            });
+            m_refused = &box;
         }
     });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <array>
 #include <filesystem>
 #include <functional>
@@ -28,6 +29,7 @@ class frmMain;
 /// in the procedures they call.
 class frmMain : public QMainWindow, public MainForm {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmMain)
 
   public:
     explicit frmMain(std::filesystem::path applicationDirectory);
@@ -79,6 +81,7 @@ class frmMain : public QMainWindow, public MainForm {
     void SaveOnEntering(FieldBox& box, Procedure save);
     void SaveOnLeaving(FieldBox& box, Procedure save);
     bool SaveFocusedBox();
+    void AfterError();
     void ChangeDemand(Procedure change);
     void Solve(int shifts);
     void ShowWorking(bool working);
@@ -96,6 +99,8 @@ class frmMain : public QMainWindow, public MainForm {
     frmGuide* m_guide = nullptr;
     QProgressBar* m_progress = nullptr;
     bool m_solving = false;
+    QTimer m_afterError;
+    FieldBox* m_refused = nullptr;  ///< box to go back to after the message
 };
 
 }  // namespace quarnel02

@@ -12,6 +12,7 @@ class frmReport;
 /// Shows a text file, read only and in fixed pitch, beside the main window.
 class frmReport : public QDialog {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmReport)
 
   public:
     frmReport(QWidget* parent, QString file);

@@ -14,6 +14,7 @@ class frmSplash;
 /// the focus: a key typed meanwhile reaches the main window as well.
 class frmSplash : public QWidget {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmSplash)
 
   public:
     explicit frmSplash(QWidget* parent);

@@ -12,6 +12,7 @@ class frmStatus;
 /// Says what a long operation is doing. It stays open until the operation hides it.
 class frmStatus : public QDialog {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmStatus)
 
   public:
     explicit frmStatus(QWidget* parent);

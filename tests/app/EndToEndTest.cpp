@@ -53,7 +53,6 @@ class EndToEnd : public ::testing::Test {
     void StartAndOpenPump() {
         Start(Program);
         ASSERT_TRUE(Display.Focus("^Quarnel02$"));
-        Keep("start");
         Display.Key("ctrl+o");
         ASSERT_TRUE(Display.Focus("^Select a file to open"));
         EXPECT_FALSE(Display.Shows("^Welcome"));
