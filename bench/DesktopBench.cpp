@@ -1,0 +1,106 @@
+// The desktop program offscreen: from the start of the process to a painted, usable window, and
+// from a press of "1 Shift" on a generated model of 20 tasks and 10 resources to everything
+// drawn and the report written.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+#include <ctime>
+
+#include <QApplication>
+#include <QPushButton>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "app/FileCommands.h"
+#include "app/frmMain.h"
+#include "basic/Files.h"
+#include "generate_model.h"
+#include "model/ModelFile.h"
+
+namespace quarnel02 {
+namespace {
+
+/// Answers the questions of a solve and opens no report.
+class BenchWindow : public frmMain {
+  public:
+    using frmMain::frmMain;
+    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/) override { return false; }
+    std::string InputBox(const std::string& /*prompt*/, const std::string& /*title*/,
+                         const std::string& /*proposal*/) override {
+        return "60000";
+    }
+    void StartProgram(const std::string& /*commandLine*/) override {}
+};
+
+/// Seconds since this process was started, to a hundredth.
+double SecondsSinceProcessStart() {
+    constexpr int start_time_field = 22;
+    std::istringstream fields(ReadFile("/proc/self/stat"));
+    std::string field;
+    for (int i = 0; i < start_time_field; ++i) {
+        fields >> field;
+    }
+    timespec now{};
+    clock_gettime(CLOCK_BOOTTIME, &now);
+    const double started = std::stod(field) / static_cast<double>(sysconf(_SC_CLK_TCK));
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9 - started;
+}
+
+/// A shown and painted main window in an application directory of its own.
+struct Desk {
+    Desk() {
+        MakeModelFile(Directory.Path() / "blank.seq", ReadFile(QUARNEL02_SCHEMA_FILE));
+        Window = std::make_unique<BenchWindow>(Directory.Path());
+        Window->StartUp();
+        Window->show();
+        QCoreApplication::processEvents();
+    }
+
+    void LoadGenerated(int tasks, int resources) const {
+        Window->CloseModel();
+        MakeModelFile(Window->InApplicationDirectory("working.seq"),
+                      ReadFile(QUARNEL02_SCHEMA_FILE) + GeneratedModelScript(tasks, resources, 1));
+        ShowLoadedModel(*Window);
+        QCoreApplication::processEvents();
+    }
+
+    TemporaryDirectory Directory;
+    std::unique_ptr<BenchWindow> Window;
+};
+
+double g_start_to_window = 0;
+
+void StartToWindow(benchmark::State& state) {
+    while (state.KeepRunning()) {
+        state.SetIterationTime(g_start_to_window);
+    }
+}
+
+void PressOneShift(benchmark::State& state) {
+    const Desk desk;
+    desk.LoadGenerated(20, 10);
+    auto* button = desk.Window->findChild<QPushButton*>("cmdContinuous_1");
+    while (state.KeepRunning()) {
+        button->click();
+        QCoreApplication::processEvents();
+    }
+}
+
+BENCHMARK(StartToWindow)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(PressOneShift)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace quarnel02
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    {
+        const quarnel02::Desk desk;
+        quarnel02::g_start_to_window = quarnel02::SecondsSinceProcessStart();
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
