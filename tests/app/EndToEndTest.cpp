@@ -40,6 +40,7 @@ class EndToEnd : public ::testing::Test {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("DISPLAY", Display.Display());
         environment.insert("QT_QPA_PLATFORM", "xcb");
+        environment.insert("LSAN_OPTIONS", "print_suppressions=0:suppressions=" QUARNEL02_LEAKS);
         environment.insert("HOME", QString::fromStdString(Folder.string()));
         environment.insert("PATH", QString::fromStdString((Folder / "tools").string()) + ":" +
                                        environment.value("PATH"));
