@@ -1,7 +1,6 @@
 #include "fixed/LinePicture.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "basic/Numbers.h"
@@ -27,15 +26,32 @@ int RowsNeeded(int stations, double scale, double width) {
     return (stations + per_row - 1) / per_row;
 }
 
-/// Label centred under its icon whatever the scale; at full size it stands at kLabelRight for one
-/// digit.
+std::string QuantityText(int quantity) {
+    return "Qty: " + NumberText(quantity);
+}
+
+/// At full size a label of one digit stands at kLabelRight; longer and smaller ones keep its
+/// centre.
 void PrintQuantity(Picture& picture, double left, double top, double scale, int quantity) {
-    const std::string label = "Qty: " + NumberText(quantity);
-    const double shift =
-        (TextWidth(label, picture.TextFont) - TextWidth("Qty: 1", picture.TextFont)) / 2;
-    picture.CurrentX = left + kLabelRight * scale - shift;
+    const std::string label = QuantityText(quantity);
+    const double centre = kLabelRight + TextWidth(QuantityText(1), Font{}) / 2;
+    picture.CurrentX = left + centre * scale - TextWidth(label, picture.TextFont) / 2;
     picture.CurrentY = top + kLabelDown * scale;
     picture.Print(label);
+}
+
+/// Labels as large as fits between neighbouring figures and rows, at most 8 points.
+Font LabelFont(std::span<const StationFigure> stations, const LineLayout& layout) {
+    constexpr double share_of_step = 0.8;
+    Font font;
+    double widest = 0;
+    for (const StationFigure& station : stations) {
+        widest = std::max(widest, TextWidth(QuantityText(station.Quantity), font));
+    }
+    const double width = share_of_step * kStep * layout.Scale;
+    const double height = layout.RowStep - kLabelDown * layout.Scale;
+    font.Points *= std::min({1.0, width / widest, height / LineHeight(font)});
+    return font;
 }
 
 bool IsResourceType(int type) {
@@ -72,7 +88,7 @@ void DrawLine(Picture& picture, std::span<const StationFigure> stations) {
 
     const int count = static_cast<int>(stations.size());
     const LineLayout layout = LayOutLine(count, picture.Width(), picture.Height());
-    picture.TextFont = {FontFamily::Proportional, std::max(5.0, 8 * std::sqrt(layout.Scale))};
+    picture.TextFont = LabelFont(stations, layout);
     for (int place = 0; place < count; ++place) {
         const int row = place / layout.PerRow;
         const int in_row = std::min(layout.PerRow, count - row * layout.PerRow);

@@ -1,0 +1,270 @@
+#include "fixed/CostPathways.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "fixed/GeneratePathways.h"
+#include "support/FigureText.h"
+#include "support/LoadedModel.h"
+#include "support/RunTimeErrors.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::ExpectRunTimeError;
+using test::FigureTexts;
+using test::kAllPathways;
+using test::LoadedModel;
+using test::ModelScript;
+using test::ScriptedForm;
+using test::WorkedExample;
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* kInfeasible = "message[critical]: There is not a feasible solution!";
+
+/// Costs as after a press of "1 Shift" with this demand, available time and limit.
+void Cost(ScriptedForm& form, const std::string& demand, double available, int limit = -1) {
+    form.FixedDemandSolve = {1, demand, static_cast<std::int16_t>(limit), "--", available};
+    CostPathways(form);
+}
+
+/// One task of 100 seconds on each resource.
+ModelScript OneTask(const std::vector<test::ResourceRow>& resources) {
+    ModelScript model;
+    model.Tasks = 1;
+    model.Resources = resources;
+    for (int resource = 1; resource <= static_cast<int>(resources.size()); ++resource) {
+        model.Matrix.push_back({resource, 1, 100});
+    }
+    return model;
+}
+
+TEST(CostPathways, SaysSoWhenThereIsNoPathway) {
+    ModelScript script;
+    script.Tasks = 2;
+    LoadedModel model(script);
+    const auto before = model.DerivedTables();
+    // The demand, which is no number, is not looked at.
+    Cost(model.Form, "abc", 10);
+    EXPECT_EQ(model.Form.Events,
+              Lines{"message[information]: Please complete the task and resource tables first."});
+    EXPECT_EQ(model.DerivedTables(), before);
+    EXPECT_FALSE(model.HasReport());
+}
+
+TEST(CostPathways, SaysSoWhenOnlyPathwaysInOtherStatesAreThere) {
+    LoadedModel model(OneTask({{}}));
+    RecordSet pathways = model.Form.Model.OpenRecordSet(kAllPathways);
+    pathways.Edit();
+    pathways.Set("Feasible", 3);
+    pathways.Update();
+    Cost(model.Form, "1000", 100);
+    EXPECT_EQ(model.Form.Events,
+              Lines{"message[information]: Please complete the task and resource tables first."});
+    EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9), Lines{"1|0|1|3|0|0|0|0|0"});
+}
+
+/// The pathway over both tasks of the worked example, its state first.
+RecordSet WholeLine(const LoadedModel& model) {
+    return model.Copy.Open().OpenRecordSet(
+        "SELECT Feasible, Stations, Time, Investment, AnnualLabor, Cost FROM Pathways WHERE PathId "
+        "= 2;");
+}
+
+TEST(CostPathways, WritesTheWorkedExampleForOneStation) {
+    LoadedModel model(WorkedExample());
+    Cost(model.Form, "100000", 72);
+    const RecordSet row = WholeLine(model);
+    EXPECT_EQ(row.Integer("Feasible"), 4);
+    EXPECT_EQ(row.Integer("Stations"), 1);
+    EXPECT_NEAR(row.Number("Time"), 61.111, 0.0005);
+    EXPECT_NEAR(row.Number("Investment"), 12600, 0.005);
+    EXPECT_NEAR(row.Number("AnnualLabor"), 60555.55, 0.01);
+    EXPECT_NEAR(row.Number("Cost"), 64335.55, 0.01);
+}
+
+TEST(CostPathways, WritesTheWorkedExampleForTwoStations) {
+    LoadedModel model(WorkedExample());
+    Cost(model.Form, "200000", 36);
+    const RecordSet row = WholeLine(model);
+    EXPECT_EQ(row.Integer("Stations"), 2);
+    EXPECT_NEAR(row.Number("Time"), 30.556, 0.0005);
+    EXPECT_NEAR(row.Number("Investment"), 25200, 0.005);
+    EXPECT_NEAR(row.Number("AnnualLabor"), 90555.55, 0.01);
+    EXPECT_NEAR(row.Number("Cost"), 98115.55, 0.01);
+}
+
+TEST(CostPathways, StoresSingles) {
+    LoadedModel model(WorkedExample());
+    Cost(model.Form, "100000", 72);
+    for (const char* field : {"Time", "AnnualLabor", "Cost"}) {
+        const double stored = WholeLine(model).Number(field);
+        EXPECT_EQ(static_cast<double>(static_cast<float>(stored)), stored) << field;
+    }
+}
+
+TEST(CostPathways, ReadsTheDemandWithItsSeparators) {
+    LoadedModel plain(WorkedExample());
+    LoadedModel separated(WorkedExample());
+    Cost(plain.Form, "100000", 72);
+    Cost(separated.Form, "100,000", 72);
+    EXPECT_EQ(plain.DerivedTables(), separated.DerivedTables());
+}
+
+TEST(CostPathways, CostsToolsInTheOrderOfTheirNumbersAndTimesInTheOrderOfTasks) {
+    // Tools 2, 1, 2 at 30, 50 and 70 dollars: by number 1 at 50 and 2 at 30; two changes of 4 s
+    // in task order, and the first tool is the last one: 10 + 10 + 10 + 8 + 1 = 39 s.
+    ModelScript script;
+    script.Tasks = 3;
+    script.TransportTime = 1;
+    script.Resources = {{"Res", 0, 0, 0, 100, 1, 4, 1}};
+    script.Matrix = {{1, 1, 10, 2, 30}, {1, 2, 10, 1, 50}, {1, 3, 10, 2, 70}};
+    LoadedModel model(script);
+    Cost(model.Form, "1000", 100);
+    EXPECT_EQ(model.Copy.RowsOf("SELECT Time, Investment FROM Pathways WHERE PathId = 3;", 2),
+              Lines{"39|80"});
+}
+
+TEST(CostPathways, KeepsTheCostsOfAPathwayOverTheLimit) {
+    // 400 s of work in 100 s: four stations, one more than the limit, on resource 1.
+    ModelScript script = OneTask({{"Slow", 0, 1000}, {"Fast", 0, 9000}});
+    script.Matrix[0].Time = 400;
+    LoadedModel model(script);
+    Cost(model.Form, "1000", 100, 3);
+    // Labour: stations x 8 h x 250 d x 20 $/h; capital: stations x fixed cost x 0.25.
+    EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9),
+              (Lines{"1|0|1|2|161000|100|4|4000|160000", "2|0|2|4|42250|100|1|9000|40000"}));
+}
+
+TEST(CostPathways, AcceptsExactlyTheLimit) {
+    ModelScript script = OneTask({{}});
+    script.Matrix[0].Time = 400;
+    LoadedModel model(script);
+    Cost(model.Form, "1000", 100, 4);
+    EXPECT_EQ(model.States(), Lines{"4"});
+    EXPECT_TRUE(model.HasReport());
+}
+
+TEST(CostPathways, EndsWhenNoPathwayIsWithinTheLimitAndKeepsTheCosts) {
+    LoadedModel model(WorkedExample());
+    Cost(model.Form, "100000", 72, 0);
+    EXPECT_EQ(model.Form.Events, Lines{kInfeasible});
+    EXPECT_EQ(model.States(), (Lines{"2", "2", "2"}));
+    EXPECT_NEAR(WholeLine(model).Number("Cost"), 64335.55, 0.01);
+    EXPECT_FALSE(model.HasReport());
+    EXPECT_EQ(model.Copy.RowsOf(test::kAllLabels, 4), Lines{});
+}
+
+TEST(CostPathways, MarksAllButTheCheapestOfEachArc) {
+    LoadedModel model(OneTask({{"Dear", 0, 3000}, {"Cheap", 0, 1000}, {"Middle", 0, 2000}}));
+    Cost(model.Form, "1000", 100);
+    EXPECT_EQ(model.States(), (Lines{"3", "4", "3"}));
+}
+
+TEST(CostPathways, KeepsTheFirstOfEqualAlternatives) {
+    LoadedModel model(OneTask({{"Dear", 0, 3000}, {"One", 0, 1000}, {"Two", 0, 1000}}));
+    Cost(model.Form, "1000", 100);
+    EXPECT_EQ(model.States(), (Lines{"3", "4", "3"}));
+}
+
+TEST(CostPathways, PassesOverCheaperAlternativesBeyondTheLimit) {
+    ModelScript script = OneTask({{"Free", 0, 0, 0, 100, 1, 0, 1000}, {"Paid", 0, 500}});
+    script.Matrix[0].Time = 400;
+    LoadedModel model(script);
+    Cost(model.Form, "1000", 100, 3);
+    EXPECT_EQ(model.States(), (Lines{"2", "4"}));
+}
+
+TEST(CostPathways, DrawsTheArcsAsItGoes) {
+    LoadedModel model(WorkedExample());
+    const Lines network = FigureTexts(model.Form.picArc);
+    Cost(model.Form, "100000", 72, 0);
+    // Spacing 3750; pathways 1 (first task), 2 (both tasks) and 3 (second task) in order.
+    Lines expected = network;
+    for (const char* arc : {"(5625, 1500) radius 1875 from 0 to 3.14159",
+                            "(7500, 1500) radius 3750 from 3.14159 to 6.28318",
+                            "(9375, 1500) radius 1875 from 0 to 3.14159"}) {
+        expected.push_back(std::string("circle ") + arc + " aspect 0.25 width 2 rgb 200,0,0");
+    }
+    EXPECT_EQ(FigureTexts(model.Form.picArc), expected);
+    EXPECT_EQ(model.Form.picArc.DrawWidth, 2);
+}
+
+TEST(CostPathways, LeavesItsPathwaysOpenInTheForm) {
+    LoadedModel model(WorkedExample());
+    Cost(model.Form, "100000", 72, 0);
+    EXPECT_TRUE(model.Form.PathwayRecords.IsOpen());
+    EXPECT_TRUE(model.Form.PathwayRecords.Eof());
+}
+
+TEST(CostPathways, DesignsTheSameLineAgainAfterRegenerating) {
+    LoadedModel model(WorkedExample());
+    Cost(model.Form, "100000", 72);
+    const auto first = model.DerivedTables();
+    GeneratePathways(model.Form);
+    Cost(model.Form, "100000", 72);
+    EXPECT_EQ(model.DerivedTables(), first);
+}
+
+/// What a run-time error says; the tables must be as they were before the costing.
+std::string ErrorOf(ErrorKind kind, LoadedModel& model, const std::string& demand,
+                    double available) {
+    const auto before = model.DerivedTables();
+    const auto message = ExpectRunTimeError(kind, [&] { Cost(model.Form, demand, available); });
+    EXPECT_EQ(model.DerivedTables(), before);
+    EXPECT_TRUE(model.Form.Events.empty());
+    EXPECT_FALSE(model.HasReport());
+    return message;
+}
+
+TEST(CostPathways, RefusesAnUptimeOfZero) {
+    // The second resource spoils the costing when the first one is already costed.
+    ModelScript script = OneTask({{}, {}});
+    script.Resources[1].UpTime = 0;
+    LoadedModel model(script);
+    const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
+    EXPECT_NE(message.find("UpTime"), std::string::npos) << message;
+}
+
+TEST(CostPathways, RefusesZeroStationsPerWorker) {
+    ModelScript script = OneTask({{}, {}});
+    script.Resources[1].StatPerWrk = 0;
+    LoadedModel model(script);
+    const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
+    EXPECT_NE(message.find("StatPerWrk"), std::string::npos) << message;
+}
+
+TEST(CostPathways, OverflowsWhenTooManyStationsAreNeeded) {
+    ModelScript script = OneTask({{}, {}});
+    script.Matrix[1].Time = 3.3e6;
+    LoadedModel model(script);
+    const auto message = ErrorOf(ErrorKind::Overflow, model, "1000", 100);
+    EXPECT_NE(message.find("Stations"), std::string::npos) << message;
+}
+
+TEST(CostPathways, OverflowsWithoutAvailableTime) {
+    LoadedModel model(OneTask({{}}));
+    ErrorOf(ErrorKind::Overflow, model, "1000", 0);
+}
+
+TEST(CostPathways, RefusesADemandThatIsNoNumber) {
+    LoadedModel model(OneTask({{}}));
+    for (const char* demand : {"", "abc", "1000 units"}) {
+        const auto message = ErrorOf(ErrorKind::TypeMismatch, model, demand, 100);
+        EXPECT_NE(message.find("Fixed Demand"), std::string::npos) << message;
+    }
+}
+
+TEST(CostPathways, NeedsTheResourceOfEveryPathway) {
+    LoadedModel model(OneTask({{}, {}}));
+    RecordSet resources =
+        model.Form.Model.OpenRecordSet("SELECT * FROM Resources WHERE ResourceId = 2;");
+    resources.Delete();
+    ErrorOf(ErrorKind::NoCurrentRecord, model, "1000", 100);
+}
+
+}  // namespace
+}  // namespace quarnel02

@@ -1,0 +1,197 @@
+#include "fixed/WriteSolutionSummary.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "support/LoadedModel.h"
+#include "support/RunTimeErrors.h"
+#include "support/SolvedLine.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::ChosenStation;
+using test::LoadedModel;
+using test::SolvedLine;
+
+constexpr const char* kHeader = "Sta.  Resource  Qty     Cost      Time    Tasks    Tools\n";
+
+/// The lines between the column header and the cycle times, of a report on this line.
+std::string StationLines(const std::vector<ChosenStation>& line) {
+    SolvedLine solved(line);
+    const std::string report = solved.Write();
+    const std::string header = kHeader;
+    const auto start = report.find(header) + header.size();
+    return report.substr(start, report.find(" \nCycle Time: ") - start);
+}
+
+TEST(WriteSolutionSummary, ReportsTheWorkedExampleWhole) {
+    LoadedModel model(test::WorkedExample());
+    model.Solve(1, "100000");
+    EXPECT_EQ(model.Report(),
+              "Solution\n"
+              "-------------------\n"
+              "# of Shifts: 1\n"
+              "Station Limit: --\n"
+              "Annual Volume: 100,000\n"
+              " \n"
+              "Sta.  Resource  Qty     Cost      Time    Tasks    Tools\n"
+              " 1    1  Press   1     $64,336    61.11    1-2       1\n"
+              " \n"
+              "Cycle Time:      61.11\n"
+              "Max Cycle Time:  72.00\n"
+              " \n"
+              "Total Cost:         $64,336\n"
+              "Initial Investment: $12,600\n"
+              "Annualized Labor:   $60,556\n");
+}
+
+TEST(WriteSolutionSummary, ReportsTheWorkedExampleForTwoStationsWhole) {
+    LoadedModel model(test::WorkedExample());
+    model.Solve(1, "200,000", "2");
+    EXPECT_EQ(model.Report(),
+              "Solution\n"
+              "-------------------\n"
+              "# of Shifts: 1\n"
+              "Station Limit: 2\n"
+              "Annual Volume: 200,000\n"
+              " \n"
+              "Sta.  Resource  Qty     Cost      Time    Tasks    Tools\n"
+              " 1    1  Press   2     $98,116    30.56    1-2       1\n"
+              " \n"
+              "Cycle Time:      30.56\n"
+              "Max Cycle Time:  36.00\n"
+              " \n"
+              "Total Cost:         $98,116\n"
+              "Initial Investment: $25,200\n"
+              "Annualized Labor:   $90,556\n");
+}
+
+TEST(WriteSolutionSummary, ReportsThreeStationsWhole) {
+    // A resource number of two digits, a wrapped tools text, a name of exactly 7 characters and
+    // one of 9, which pushes the quantity to the next line.
+    SolvedLine solved(
+        {{1, 1, "Bench", 1, 1234.5, 61.111, {1}, 1000, 20000},
+         {2, 12, "Robot A", 12, 1234567.89, 1234.567, {1, 2, 3, 4, 5, 6, 7}, 2000.25, 30000},
+         {9, 3, "Assembler", 2, 999.4, 0.5, {4, 4}, 3000.25, 40000.5}});
+    solved.Form.FixedDemandSolve = {3, "1234567", 12, "12", 1500.125};
+    // 1234.5 + 1234567.89 + 999.4 = 1236801.79; 6000.50 invested, 90000.50 labour.
+    EXPECT_EQ(solved.Write(),
+              "Solution\n"
+              "-------------------\n"
+              "# of Shifts: 3\n"
+              "Station Limit: 12\n"
+              "Annual Volume: 1,234,567\n"
+              " \n"
+              "Sta.  Resource  Qty     Cost      Time    Tasks    Tools\n"
+              " 1    1  Bench   1     $1,235     61.11    1         1\n"
+              " 2    12 Robot A 12    $1,234,568 1,234.57 2-8       1 2 3 4 5 \n"
+              "                                                    6 7\n"
+              " 3    3  Assembler\n"
+              "                 2     $999       .50      9-10      4\n"
+              " \n"
+              "Cycle Time:      1234.57\n"
+              "Max Cycle Time:  1500.13\n"
+              " \n"
+              "Total Cost:         $1,236,802\n"
+              "Initial Investment: $6,001\n"
+              "Annualized Labor:   $90,001\n");
+}
+
+TEST(WriteSolutionSummary, KeepsATwelveCharacterToolsTextAndSplitsThirteen) {
+    EXPECT_EQ(StationLines({{1, 1, "R", 1, 10, 5, {1, 2, 3, 4, 5, 6}},
+                            {7, 1, "R", 1, 10, 5, {1, 2, 3, 4, 5, 66}},
+                            {13, 1, "R", 1, 10, 5, {11, 22, 33, 444}}}),
+              " 1    1  R       1     $10        5.00     1-6       1 2 3 4 5 6\n"
+              " 2    1  R       1     $10        5.00     7-12      1 2 3 4 5 \n"
+              "                                                    66\n"
+              " 3    1  R       1     $10        5.00     13-16     11 22 33 444\n"
+              "                                                    \n");
+}
+
+TEST(WriteSolutionSummary, ListsARunOfOneToolOnce) {
+    EXPECT_EQ(StationLines({{1, 1, "R", 1, 10, 5, {1, 1, 2, 2, 1}}}),
+              " 1    1  R       1     $10        5.00     1-5       1 2 1\n");
+}
+
+TEST(WriteSolutionSummary, NumbersStationsBeyondNine) {
+    std::vector<ChosenStation> line;
+    for (int task = 1; task <= 11; ++task) {
+        line.push_back({task, 1, "R", 1, 10, 5, {1}});
+    }
+    const std::string lines = StationLines(line);
+    EXPECT_EQ(lines.substr(lines.find(" 9 ")),
+              " 9    1  R       1     $10        5.00     9         1\n"
+              " 10   1  R       1     $10        5.00     10        1\n"
+              " 11   1  R       1     $10        5.00     11        1\n");
+}
+
+TEST(WriteSolutionSummary, GoesToTheNextLineWhereAColumnIsTaken) {
+    // A long amount pushes the time to the next line, a long time touches the tasks, a resource
+    // number of three digits pushes the name.
+    EXPECT_EQ(StationLines({{1, 1, "R", 100, 123456789, 12345, {1}}, {2, 123, "R", 1, 1, 1, {1}}}),
+              " 1    1  R       100   $123,456,789\n"
+              "                                  12,345.001         1\n"
+              " 2    123 \n"
+              "         R       1     $1         1.00     2         1\n");
+}
+
+TEST(WriteSolutionSummary, CountsCharactersAndNotBytes) {
+    EXPECT_EQ(StationLines({{1, 1, "Prüfer", 1, 10, 5, {1}}}),
+              " 1    1  Prüfer  1     $10        5.00     1         1\n");
+}
+
+TEST(WriteSolutionSummary, OrdersStationsByTaskWhateverTheOrderOfPathways) {
+    EXPECT_EQ(StationLines({{3, 1, "B", 1, 10, 5, {1}}, {1, 2, "A", 1, 10, 5, {1, 1}}}),
+              " 1    2  A       1     $10        5.00     1-2       1\n"
+              " 2    1  B       1     $10        5.00     3         1\n");
+}
+
+TEST(WriteSolutionSummary, ShowsTheDemandAsGroupedNumberHoweverItWasTyped) {
+    SolvedLine solved({{1, 1, "R", 1, 10, 5, {1}}});
+    for (const char* typed : {"12500", "12,500", " 12500.4 ", "1.25e4"}) {
+        solved.Form.FixedDemandSolve.FixedDemand = typed;
+        EXPECT_NE(solved.Write().find("\nAnnual Volume: 12,500\n"), std::string::npos) << typed;
+    }
+}
+
+TEST(WriteSolutionSummary, SumsOnlyTheChainForInvestmentAndLabour) {
+    // Labels of nodes that the line does not pass are no part of it.
+    SolvedLine solved({{1, 1, "R", 1, 10, 5, {1, 1}, 100, 7}, {3, 1, "R", 1, 10, 5, {1}, 200, 8}},
+                      "INSERT INTO BestPaths VALUES (2, 1, 1, 5);");
+    const std::string report = solved.Write();
+    EXPECT_NE(report.find("\nInitial Investment: $300\nAnnualized Labor:   $15\n"),
+              std::string::npos)
+        << report;
+}
+
+TEST(WriteSolutionSummary, ReplacesTheLastReportAndOpensIt) {
+    SolvedLine solved({{1, 1, "R", 1, 10, 5, {1}}});
+    WriteFile(solved.Copy.File("RunRpt.txt"), std::string(5000, '~'));
+    EXPECT_EQ(solved.Write().find('~'), std::string::npos);
+    EXPECT_EQ(
+        solved.Form.Events,
+        std::vector<std::string>{"start: notepad.exe " + PathText(solved.Copy.File("RunRpt.txt"))});
+}
+
+TEST(WriteSolutionSummary, ReportsAFileThatCannotBeWritten) {
+    SolvedLine solved({{1, 1, "R", 1, 10, 5, {1}}});
+    std::filesystem::create_directory(solved.Copy.File("RunRpt.txt"));
+    const auto message =
+        test::ExpectRunTimeError(ErrorKind::FileAccess, [&] { WriteSolutionSummary(solved.Form); });
+    EXPECT_NE(message.find("RunRpt.txt"), std::string::npos) << message;
+    EXPECT_TRUE(solved.Form.Events.empty());
+}
+
+TEST(WriteSolutionSummary, NeedsTheMatrixRowOfEveryTask) {
+    SolvedLine solved({{1, 1, "R", 1, 10, 5, {1, 2}}}, "DELETE FROM Matrix WHERE TaskId = 2;");
+    test::ExpectRunTimeError(ErrorKind::NoCurrentRecord,
+                             [&] { WriteSolutionSummary(solved.Form); });
+    EXPECT_TRUE(solved.Form.Events.empty());
+}
+
+}  // namespace
+}  // namespace quarnel02

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "basic/Files.h"
+#include "model/ModelFile.h"
+#include "support/ModelScript.h"
+#include "support/ProgramRun.h"
+
+namespace quarnel02::test {
+
+/// A directory with model files in which the batch program runs, without a display and with a
+/// temporary directory of its own.
+class SolveRun {
+  public:
+    SolveRun() { std::filesystem::create_directory(Temporary()); }
+
+    [[nodiscard]] std::filesystem::path File(const std::string& name) const {
+        return m_directory.Path() / name;
+    }
+
+    /// Makes a model file of the template with `script` run in it; gives its path as text.
+    std::string Make(const std::string& name, const std::string& script) const {
+        MakeModelFile(File(name), ReadFile(QUARNEL02_SCHEMA_FILE) + script);
+        return PathText(File(name));
+    }
+    std::string Make(const std::string& name, const ModelScript& model) const {
+        return Make(name, model.Sql());
+    }
+
+    /// Runs quarnel02-solve with these arguments.
+    [[nodiscard]] ProgramResult operator()(std::vector<std::string> arguments,
+                                           const std::filesystem::path& out = {}) const {
+        arguments.insert(arguments.begin(), std::string(QUARNEL02_PROGRAMS) + "/quarnel02-solve");
+        return RunProgram(
+            arguments,
+            {{"TMPDIR", PathText(Temporary())}, {"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}}, out);
+    }
+
+    /// Whether the runs have left nothing in their temporary directory.
+    [[nodiscard]] bool LeftNothing() const { return std::filesystem::is_empty(Temporary()); }
+
+  private:
+    [[nodiscard]] std::filesystem::path Temporary() const { return m_directory.Path() / "tmp"; }
+
+    TemporaryDirectory m_directory;
+};
+
+/// Names of the files in a directory, in order.
+inline std::vector<std::string> NamesIn(const std::filesystem::path& directory) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(directory)) {
+        names.push_back(PathText(entry.path().filename()));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace quarnel02::test
