@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace quarnel02 {
 
@@ -49,16 +50,26 @@ void Picture::Clear() {
     m_figures.clear();
     CurrentX = 0;
     CurrentY = 0;
+    if (OnChange) {
+        OnChange();
+    }
+}
+
+void Picture::Add(Figure figure) {
+    m_figures.push_back(std::move(figure));
+    if (OnChange) {
+        OnChange();
+    }
 }
 
 void Picture::Line(double x1, double y1, double x2, double y2, Colour colour) {
-    m_figures.emplace_back(LineFigure{x1, y1, x2, y2, DrawWidth, colour});
+    Add(LineFigure{x1, y1, x2, y2, DrawWidth, colour});
 }
 
 void Picture::Circle(double x, double y, double radius, Colour colour, double start, double end,
                      double aspect) {
-    m_figures.emplace_back(CircleFigure{x, y, radius, start, end, aspect, DrawWidth, colour,
-                                        Fill == FillStyle::Solid});
+    Add(CircleFigure{x, y, radius, start, end, aspect, DrawWidth, colour,
+                     Fill == FillStyle::Solid});
     CurrentX = x;
     CurrentY = y;
 }
@@ -68,7 +79,7 @@ void Picture::Circle(double x, double y, double radius, Colour colour) {
 }
 
 void Picture::Print(std::string_view text, Colour colour) {
-    m_figures.emplace_back(TextFigure{CurrentX, CurrentY, std::string(text), TextFont, colour});
+    Add(TextFigure{CurrentX, CurrentY, std::string(text), TextFont, colour});
     CurrentX += TextWidth(text, TextFont);
 }
 
@@ -77,7 +88,7 @@ void Picture::PrintNumber(double number) {
 }
 
 void Picture::Icon(ResourceType type, double x, double y, double size) {
-    m_figures.emplace_back(IconFigure{x, y, size, type});
+    Add(IconFigure{x, y, size, type});
 }
 
 Extent Picture::Bounds() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -110,6 +111,9 @@ class Picture {
     int DrawWidth = 1;  ///< line width of further lines and circles, pixels
     FillStyle Fill = FillStyle::Transparent;
     Font TextFont;
+    /// Told of every change, right after it: of each further figure, and of Clear, after which
+    /// there are no figures.
+    std::function<void()> OnChange;
     double CurrentX = 0;  ///< text position
     double CurrentY = 0;
 
@@ -129,6 +133,8 @@ class Picture {
     [[nodiscard]] Extent Bounds() const;
 
   private:
+    void Add(Figure figure);
+
     double m_width;
     double m_height;
     std::vector<Figure> m_figures;

@@ -11,19 +11,33 @@ namespace {
 using test::ScriptedForm;
 using test::TestModel;
 
+TEST(HasReport, FindsFilesOnly) {
+    const TestModel model;
+    const ScriptedForm form(model.Directory());
+    EXPECT_FALSE(HasReport(form, kProductionReport));
+    std::filesystem::create_directory(model.File("ProdRpt.txt"));
+    EXPECT_FALSE(HasReport(form, kProductionReport));
+    WriteFile(model.File("RunRpt.txt"), "x");
+    EXPECT_TRUE(HasReport(form, kRunReport));
+}
+
 TEST(OpenReport, StartsTheEditorOnTheFullPath) {
     const TestModel model;
     WriteFile(model.File("RunRpt.txt"), "x");
+    WriteFile(model.File("ProdRpt.txt"), "x");
     ScriptedForm form(model.Directory());
     mnuViewLastCont(form);
-    EXPECT_EQ(form.Events,
-              std::vector<std::string>{"start: notepad.exe " + PathText(model.File("RunRpt.txt"))});
+    mnuViewLast(form);
+    EXPECT_EQ(form.Events, (std::vector<std::string>{
+                               "start: notepad.exe " + PathText(model.File("RunRpt.txt")),
+                               "start: notepad.exe " + PathText(model.File("ProdRpt.txt"))}));
 }
 
 TEST(OpenReport, DoesNothingWithoutAReport) {
     const TestModel model;
     ScriptedForm form(model.Directory());
     mnuViewLastCont(form);
+    mnuViewLast(form);
     EXPECT_TRUE(form.Events.empty());
 }
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "shell/MainForm.h"
+
+namespace quarnel02 {
+
+/// The modal boxes, titled with the application's name.
+void ShowMessageBox(QWidget* parent, const std::string& text, MessageIcon icon);
+bool AskYesNoBox(QWidget* parent, const std::string& question, MessageIcon icon);
+/// "" when cancelled.
+std::string AskTextBox(QWidget* parent, const std::string& prompt, const std::string& title,
+                       const std::string& proposal);
+
+/// Takes the hourglass away while it lives, for a dialog in the middle of a longer operation.
+class PlainPointer {
+  public:
+    PlainPointer();
+    ~PlainPointer();
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+    PlainPointer(PlainPointer&&) = delete;
+    PlainPointer& operator=(PlainPointer&&) = delete;
+
+  private:
+    int m_hourglasses = 0;
+};
+
+}  // namespace quarnel02

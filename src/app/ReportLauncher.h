@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+
+class QWidget;
+
+namespace quarnel02 {
+
+/// Starts "program file" without waiting. Where there is no such program, the file is opened in
+/// the platform's text editor, and where there is none either, in a viewer of our own.
+class ReportLauncher {
+  public:
+    /// The three ways, in the order they are tried; the first two say whether they succeeded.
+    struct Ways {
+        std::function<bool(const QString& program, const QString& file)> StartProgram;
+        std::function<bool(const QString& file)> OpenInEditor;
+        std::function<void(const QString& file)> View;
+    };
+
+    /// `parent` owns the viewers.
+    explicit ReportLauncher(QWidget* parent);
+    explicit ReportLauncher(Ways ways);
+
+    /// The program is the command line up to its first blank, the file all that follows.
+    void Start(const std::string& commandLine) const;
+
+  private:
+    Ways m_ways;
+};
+
+}  // namespace quarnel02

@@ -1,0 +1,19 @@
+#include "app/frmGuide.h"
+
+#include "app/AppIcon.h"
+#include "ui_frmGuide.h"
+
+namespace quarnel02 {
+
+frmGuide::frmGuide(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmGuide>()) {
+    constexpr int columns = 100;
+    constexpr int lines = 36;
+    m_ui->setupUi(this);
+    m_ui->txtGuide->setMarkdown(ResourceText(QStringLiteral("guide.md")));
+    resize(columns * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing());
+    connect(m_ui->cmdClose, &QPushButton::clicked, this, &QWidget::close);
+}
+
+frmGuide::~frmGuide() = default;
+
+}  // namespace quarnel02

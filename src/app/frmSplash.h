@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+
+namespace quarnel02 {
+
+namespace Ui {
+class frmSplash;
+}
+
+/// Greets over the main window for about two seconds, or until a key or a click. It does not take
+/// the focus: a key typed meanwhile reaches the main window as well.
+class frmSplash : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit frmSplash(QWidget* parent);
+    ~frmSplash() override;
+
+    /// Shows it in the middle of its parent; it deletes itself when it closes.
+    void ShowOverParent();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    std::unique_ptr<Ui::frmSplash> m_ui;
+    QTimer* m_timer;  ///< tmrQuitMe
+};
+
+}  // namespace quarnel02
