@@ -44,6 +44,9 @@ void PictureBox::SetPicture(Picture& picture) {
 void PictureBox::SetSizing(Sizing sizing) {
     m_sizing = sizing;
     m_image = {};
+    if (m_picture != nullptr) {
+        UpdateExtent();
+    }
     ClaimSize();
     update();
 }
@@ -75,8 +78,14 @@ void PictureBox::ShowProgress() {
     m_sinceProgress.restart();
 }
 
+/// A picture fitted into the box does without the empty lower part of its paper, so that the
+/// rest is larger.
 void PictureBox::UpdateExtent() {
-    const Extent extent = m_picture->Bounds();
+    constexpr double least_share = 0.5;
+    Extent extent = m_picture->Bounds();
+    if (m_sizing == Sizing::FitBox) {
+        extent.Bottom = std::max(m_picture->Drawn().Bottom, least_share * m_picture->Height());
+    }
     if (extent == m_extent) {
         return;
     }

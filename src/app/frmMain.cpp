@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QScreen>
 #include <QTimer>
 #include <exception>
 #include <utility>
@@ -80,10 +81,18 @@ void frmMain::LayOut() {
         greyed.setColor(QPalette::Base, greyed.color(QPalette::Window));
         box->setPalette(greyed);
     }
-    resize(150 * fontMetrics().averageCharWidth() + 200, 46 * fontMetrics().lineSpacing());
+    const int network = static_cast<int>(picArc.Height() / kTwipsPerPixel);
+    const int beside = m_ui->paneLeft->sizeHint().width() + 2 * m_ui->scrArc->frameWidth() +
+                       8 * fontMetrics().averageCharWidth();
+    const QSize wanted(static_cast<int>(picArc.Width() / kTwipsPerPixel) + beside,
+                       network + 38 * fontMetrics().lineSpacing());
+    resize(wanted.boundedTo(screen()->availableSize() * 0.95));
+    m_ui->splRight->setSizes({network + 4 * fontMetrics().lineSpacing(), height()});
 }
 
+/// The focus begins in the list: beginning in a parameter box, leaving it would count as a change.
 bool frmMain::StartUp() {
+    m_ui->lstDemand->setFocus();
     return RunEvent([this] { m_commands.StartUp(); });
 }
 
@@ -131,7 +140,10 @@ void frmMain::SaveOnLeaving(FieldBox& box, Procedure save) {
         const bool typed = box.isModified();
         box.setModified(false);
         if (!RunEvent([&] { save(*this); }) && typed) {
-            QTimer::singleShot(0, &box, [&box] { box.setFocus(Qt::OtherFocusReason); });
+            QTimer::singleShot(0, &box, [&box] {
+                box.setFocus();
+                box.selectAll();
+            });
         }
     });
 }

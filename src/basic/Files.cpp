@@ -47,7 +47,8 @@ class Descriptor {
 class Beside {
   public:
     explicit Beside(const fs::path& target)
-        : m_name(target.string() + ".XXXXXX"), m_descriptor(::mkstemp(m_name.data())) {
+        : m_name((target.parent_path() / ".quarnel02-XXXXXX").string()),
+          m_descriptor(::mkstemp(m_name.data())) {
         if (m_descriptor < 0) {
             ThrowFileError("write", target, errno);
         }
@@ -108,11 +109,27 @@ void FlushDirectory(const fs::path& directory) {
     }
 }
 
-/// A symbolic link is followed, so that the file it names is replaced and not the link.
+/// A symbolic link is followed, so that the file it names is replaced, or made, and not the link.
 fs::path FinalTarget(const fs::path& target) {
+    constexpr int most_links = 40;
+    fs::path real = target;
     std::error_code error;
-    const fs::path real = fs::canonical(target, error);
-    return error ? target : real;
+    for (int link = 0; link < most_links && fs::is_symlink(real, error); ++link) {
+        real = real.parent_path() / fs::read_symlink(real, error);
+    }
+    return real;
+}
+
+/// Only an ordinary file may be replaced: no directory, no device, no nameless path.
+void RequireFileName(const fs::path& real, const fs::path& target) {
+    if (target.empty() || !target.has_filename()) {
+        throw RunTimeError(ErrorKind::FileAccess, "Cannot write the file: \"" + PathText(target) +
+                                                      "\" is not a file name.");
+    }
+    const FileKind kind = KindOfFile(real);
+    if (kind == FileKind::Directory || kind == FileKind::Special) {
+        ThrowFileError("write", target, kind == FileKind::Directory ? EISDIR : EINVAL);
+    }
 }
 
 }  // namespace
@@ -122,8 +139,25 @@ std::string PathText(const fs::path& path) {
     return {text.begin(), text.end()};
 }
 
+FileKind KindOfFile(const fs::path& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    switch (status.type()) {
+        case fs::file_type::not_found:
+            return FileKind::Missing;
+        case fs::file_type::regular:
+            return FileKind::Ordinary;
+        case fs::file_type::directory:
+            return FileKind::Directory;
+        case fs::file_type::none:
+            ThrowFileError("reach", path, error.value());
+        default:
+            return FileKind::Special;
+    }
+}
+
 std::string ReadFile(const fs::path& path) {
-    if (fs::is_directory(path)) {
+    if (KindOfFile(path) == FileKind::Directory) {
         ThrowFileError("read", path, EISDIR);
     }
     std::ifstream file(path, std::ios::binary);
@@ -149,9 +183,7 @@ void WriteFile(const fs::path& path, std::string_view content) {
 void CopyWhole(const fs::path& source, const fs::path& target) {
     const std::string content = ReadFile(source);
     const fs::path real = FinalTarget(target);
-    if (fs::is_directory(real)) {
-        ThrowFileError("write", target, EISDIR);
-    }
+    RequireFileName(real, target);
     Beside copy(real);
     Descriptor file(copy.Release());
     WriteAll(file.Number(), content, target);
@@ -164,7 +196,14 @@ void CopyWhole(const fs::path& source, const fs::path& target) {
 }
 
 TemporaryDirectory::TemporaryDirectory() {
-    std::string name = (fs::temp_directory_path() / "quarnel02-XXXXXX").string();
+    std::error_code error;
+    const fs::path place = fs::temp_directory_path(error);
+    if (error) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           "There is no directory for temporary files: " + error.message() +
+                               ". Set TMPDIR to one.");
+    }
+    std::string name = (place / "quarnel02-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) {
         ThrowFileError("make the temporary directory", name, errno);
     }

@@ -6,11 +6,21 @@
 
 namespace quarnel02 {
 
+namespace {
+
+/// A blank or the sign in front, a blank behind.
+std::string WithBlanks(const std::string& number) {
+    return (number.front() == '-' ? number : " " + number) + " ";
+}
+
+}  // namespace
+
 void LinePrinter::Put(Tab tab) {
-    if (m_column > tab.Column) {
+    const int column = std::max(tab.Column, 1);
+    if (m_column > column) {
         NewLine();
     }
-    Put(std::string(static_cast<std::size_t>(tab.Column - m_column), ' '));
+    Put(std::string(static_cast<std::size_t>(column - m_column), ' '));
 }
 
 void LinePrinter::Put(std::string_view text) {
@@ -19,6 +29,10 @@ void LinePrinter::Put(std::string_view text) {
     }
     m_sink.Write(m_column, text);
     m_column += CharacterCount(text);
+}
+
+void LinePrinter::Put(float number) {
+    Put(WithBlanks(NumberText(number)));
 }
 
 void LinePrinter::PutNumber(double number) {
@@ -39,8 +53,7 @@ void TextLines::EndLine() {
 }
 
 std::string PrintedNumber(double number) {
-    const std::string text = NumberText(number);
-    return (text.front() == '-' ? text : " " + text) + " ";
+    return WithBlanks(NumberText(number));
 }
 
 int CharacterCount(std::string_view text) {

@@ -50,6 +50,7 @@ class LinePrinter {
     void Put(std::string_view text);
     void Put(std::integral auto number) { PutNumber(static_cast<double>(number)); }
     void Put(double number) { PutNumber(number); }
+    void Put(float number);
     void PutNumber(double number);
     void NewLine();
 

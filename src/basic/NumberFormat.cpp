@@ -1,6 +1,7 @@
 #include "basic/NumberFormat.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "basic/Numbers.h"
 
@@ -95,6 +96,9 @@ std::string Decimals(const DecimalDigits& number, const Pattern& pattern) {
 
 std::string Format(double value, std::string_view pattern) {
     constexpr int significant = 15;
+    if (!std::isfinite(value)) {
+        return NumberText(value);
+    }
     const Pattern parts = Read(pattern);
     DecimalDigits number = ToDecimalDigits(value, significant);
     RoundTo(number, parts.Places);

@@ -12,7 +12,9 @@ namespace quarnel02 {
 ///   "###.##" is "5.".
 /// - A comma between digits groups the whole part in thousands; text before the first digit is
 ///   copied; a negative amount carries its sign in front of everything ("-$5").
-/// - The value is rounded half away from zero on its decimal text of 15 digits. Widen a single
+/// - The value is rounded half away from zero on its decimal text of 15 digits. What is not finite
+/// is
+///   written as its default text. Widen a single
 ///   before formatting: amounts above 7 digits keep their last dollars.
 std::string Format(double value, std::string_view pattern);
 

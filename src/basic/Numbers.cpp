@@ -27,12 +27,22 @@ std::string_view TrimBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+/// The text with line breaks and other control characters as blanks, for a message of one line.
+std::string OneLine(std::string_view text) {
+    std::string line(text);
+    for (char& c : line) {
+        const auto code = static_cast<unsigned char>(c);
+        c = code < ' ' || code == 0x7F ? ' ' : c;
+    }
+    return line;
+}
+
 [[noreturn]] void ThrowNotANumber(std::string_view text, std::string_view field) {
     std::string message(field);
     if (TrimBlanks(text).empty()) {
         message += " is empty. Enter a number, for example 12,500 or 0.25.";
     } else {
-        message += ": \"" + std::string(text) +
+        message += ": \"" + OneLine(text) +
                    "\" is not a number. Enter digits, for example 12,500 or 0.25.";
     }
     throw RunTimeError(ErrorKind::TypeMismatch, message);
@@ -138,7 +148,10 @@ double TextToDouble(std::string_view text, std::string_view field) {
     if (error == std::errc::invalid_argument || stop != end) {
         ThrowNotANumber(text, field);
     }
-    if (error == std::errc::result_out_of_range || !std::isfinite(value)) {
+    if (error == std::errc::result_out_of_range) {
+        if (plain.find("e-") != std::string::npos || plain.find("E-") != std::string::npos) {
+            return 0;  // too small to tell from 0
+        }
         ThrowOverflow(std::string(text), field, "that a double-precision number can hold");
     }
     return value;

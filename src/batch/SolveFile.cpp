@@ -36,8 +36,29 @@ std::string VolumesOf(const Database& database) {
     return volumes;
 }
 
+/// An empty answer would cancel the solve without a word.
+void RequireStationLimit(const SolveRequest& request) {
+    if (request.Answers.StationLimit && request.Answers.StationLimit->empty()) {
+        throw RunTimeError(ErrorKind::TypeMismatch,
+                           "--station-limit is empty. Give a number of stations, or leave the "
+                           "option out for no limit.");
+    }
+}
+
+/// Whether the solve will find a demand: the one that is given, or the only row's volume.
+bool HasDemand(BatchForm& form, const SolveRequest& request) {
+    if (request.Answers.Demand) {
+        return !request.Answers.Demand->empty();
+    }
+    if (form.DemandCount() != 1) {
+        return false;
+    }
+    form.SelectDemand(0);
+    return !form.Text(TextBox::txtVolume).empty();
+}
+
 void RequireDemand(BatchForm& form, const SolveRequest& request) {
-    if (request.Answers.Demand ? !request.Answers.Demand->empty() : form.DemandCount() == 1) {
+    if (HasDemand(form, request)) {
         return;
     }
     const std::string volumes = VolumesOf(form.Model);
@@ -59,7 +80,7 @@ void WriteResults(const BatchForm& form, const SolveRequest& request, const std:
     const fs::path& directory = *request.OutDirectory;
     std::error_code error;
     fs::create_directories(directory, error);
-    if (!fs::is_directory(directory)) {
+    if (KindOfFile(directory) != FileKind::Directory) {
         throw RunTimeError(ErrorKind::FileAccess, "--out " + PathText(directory) +
                                                       " cannot be made a directory. Name another.");
     }
@@ -76,6 +97,7 @@ void WriteResults(const BatchForm& form, const SolveRequest& request, const std:
 SolveOutcome SolveFile(const SolveRequest& request) {
     CheckModelFile(request.Model, PathText(request.Model));
     RefuseToOverwriteModel(request);
+    RequireStationLimit(request);
     const TemporaryDirectory application;
     BatchForm form(application.Path(), request.Answers);
     const fs::path working_copy = form.InApplicationDirectory("working.seq");
@@ -88,7 +110,7 @@ SolveOutcome SolveFile(const SolveRequest& request) {
     cmdContinuous_Click(form, request.Shifts);
     form.CloseModel();
     const fs::path report_file = form.InApplicationDirectory(kRunReport);
-    if (!form.Messages().empty() || !fs::exists(report_file)) {
+    if (!form.Messages().empty() || KindOfFile(report_file) == FileKind::Missing) {
         return {"", form.Messages()};
     }
     const std::string report = ReadFile(report_file);

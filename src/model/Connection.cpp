@@ -15,7 +15,7 @@ constexpr int kBusyMilliseconds = 3000;
 
 SQLite::Database OpenFile(const std::filesystem::path& path) {
     const std::string name = PathText(path);
-    if (!std::filesystem::exists(path)) {
+    if (KindOfFile(path) == FileKind::Missing) {
         throw RunTimeError(ErrorKind::FileNotFound, "The model database " + name +
                                                         " does not exist. Check the file's name "
                                                         "and place.");
@@ -112,7 +112,9 @@ Query::Query(SQLite::Database& database, const std::string& text)
 
 std::shared_ptr<Connection> Connection::To(const std::filesystem::path& path) {
     static std::map<std::filesystem::path, std::weak_ptr<Connection>> open;
-    auto& known = open[path.lexically_normal()];
+    std::error_code error;
+    const auto real = std::filesystem::weakly_canonical(path, error);
+    auto& known = open[error ? path.lexically_normal() : real];
     auto connection = known.lock();
     if (!connection) {
         connection = std::make_shared<Connection>(path);

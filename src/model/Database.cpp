@@ -39,19 +39,21 @@ bool Database::IsOpen() const noexcept {
     return m_session && m_session->Store;
 }
 
-Transaction::Transaction(const Database& database) : m_session(RequireOpen(database.m_session)) {
-    m_session->Store->Begin();
+Transaction::Transaction(const Database& database)
+    : m_session(RequireOpen(database.m_session)), m_connection(m_session->Store) {
+    m_connection->Begin();
 }
 
 Transaction::~Transaction() {
-    if (m_open && m_session->Store) {
-        m_session->Store->End(false);
+    if (m_open) {
+        m_connection->End(false);
     }
 }
 
 void Transaction::Commit() {
+    RequireOpen(m_session);
     m_open = false;
-    RequireOpen(m_session)->Store->End(true);
+    m_connection->End(true);
 }
 
 }  // namespace quarnel02

@@ -8,6 +8,7 @@
 
 namespace quarnel02 {
 
+class Connection;
 struct Session;
 
 /// A handle on an open model database. Copies of a handle are the same opening; openings of one
@@ -51,6 +52,7 @@ class Transaction {
 
   private:
     std::shared_ptr<Session> m_session;
+    std::shared_ptr<Connection> m_connection;  ///< kept, so that a closed session is undone too
     bool m_open = true;
 };
 

@@ -18,9 +18,9 @@ namespace quarnel02 {
 
 namespace {
 
-[[noreturn]] void Refuse(std::string_view name, const std::string& why) {
-    throw RunTimeError(ErrorKind::NotAModel, std::string(name) + " " + why +
-                                                 " Choose a model file saved by this program.");
+[[noreturn]] void Refuse(std::string_view name, const std::string& why,
+                         const char* remedy = "Choose a model file saved by this program.") {
+    throw RunTimeError(ErrorKind::NotAModel, std::string(name) + " " + why + " " + remedy);
 }
 
 std::string FileHead(const fs::path& path, std::string_view name) {
@@ -35,17 +35,29 @@ std::string FileHead(const fs::path& path, std::string_view name) {
 }
 
 void CheckKindOfFile(const fs::path& path, std::string_view name) {
-    if (!fs::exists(path)) {
-        throw RunTimeError(
-            ErrorKind::FileNotFound,
-            std::string(name) + " does not exist. Check the name and the directory.");
+    switch (KindOfFile(path)) {
+        case FileKind::Missing:
+            throw RunTimeError(
+                ErrorKind::FileNotFound,
+                std::string(name) + " does not exist. Check the name and the directory.");
+        case FileKind::Directory:
+            Refuse(name, "is a directory, not a model file.");
+        case FileKind::Special:
+            Refuse(name, "is not an ordinary file.");
+        case FileKind::Ordinary:
+            break;
     }
-    if (fs::is_directory(path)) {
-        Refuse(name, "is a directory, not a model file.");
-    }
-    if (!fs::is_regular_file(path)) {
-        Refuse(name, "is not an ordinary file.");
-    }
+}
+
+/// Pages of the database as its head tells, in bytes; the file may not be shorter.
+std::uintmax_t StatedSize(SQLite::Database& database) {
+    const auto pages = database.execAndGet("PRAGMA page_count").getInt64();
+    return static_cast<std::uintmax_t>(pages * database.execAndGet("PRAGMA page_size").getInt64());
+}
+
+void CheckHead(const fs::path& path, std::string_view name) {
+    constexpr std::size_t log_mark = 18;
+    constexpr char keeps_log = 2;
     const std::string head = FileHead(path, name);
     if (head.empty()) {
         Refuse(name, "is empty.");
@@ -57,12 +69,21 @@ void CheckKindOfFile(const fs::path& path, std::string_view name) {
     if (!head.starts_with("SQLite format 3")) {
         Refuse(name, "is not a model database.");
     }
+    if (head.size() > log_mark && head[log_mark] == keeps_log) {
+        Refuse(name,
+               "was left by another program in a mode that keeps part of it in a second file "
+               "(journal mode WAL).",
+               "Set its journal mode to DELETE, or choose another file.");
+    }
 }
 
-void CheckSound(SQLite::Database& database, std::string_view name) {
+void CheckSound(SQLite::Database& database, const fs::path& path, std::string_view name) {
     SQLite::Statement check(database, "PRAGMA quick_check(1)");
     if (!check.executeStep() || check.getColumn(0).getString() != "ok") {
         Refuse(name, "is damaged.");
+    }
+    if (fs::file_size(path) < StatedSize(database)) {
+        Refuse(name, "is cut short.");
     }
 }
 
@@ -97,9 +118,10 @@ void CheckGenRow(SQLite::Database& database, std::string_view name) {
 
 void CheckModelFile(const fs::path& path, std::string_view name) {
     CheckKindOfFile(path, name);
+    CheckHead(path, name);
     try {
         SQLite::Database database(PathText(path), SQLite::OPEN_READONLY, 3000);
-        CheckSound(database, name);
+        CheckSound(database, path, name);
         for (const TableSchema& table : ModelSchema()) {
             CheckTable(database, table, name);
         }

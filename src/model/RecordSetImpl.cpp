@@ -40,7 +40,7 @@ void RecordSet::Impl::FetchNow() {
     m_live = static_cast<std::ptrdiff_t>(m_rows->Count);
     if (m_atId) {
         m_at = RowOf(*m_atId);
-    } else if (m_firstAdded && m_rows->Ids.front() == *m_firstAdded) {
+    } else if (m_firstAdded && !m_rows->Ids.empty() && m_rows->Ids.front() == *m_firstAdded) {
         m_at = m_live;  // it was empty when it was opened
     }
 }
@@ -232,7 +232,14 @@ void RecordSet::Impl::Set(std::string_view name, const Value& value) {
                            FieldTitle(position) + " was set without Edit or AddNew.");
     }
     const FieldType type = m_query->FieldTypes[static_cast<std::size_t>(position)];
-    m_fields.emplace_back(position, ConvertTo(type, value, FieldTitle(position)));
+    Value converted = ConvertTo(type, value, FieldTitle(position));
+    const auto earlier = std::find_if(m_fields.begin(), m_fields.end(),
+                                      [&](const auto& field) { return field.first == position; });
+    if (earlier != m_fields.end()) {
+        earlier->second = std::move(converted);
+    } else {
+        m_fields.emplace_back(position, std::move(converted));
+    }
 }
 
 void RecordSet::Impl::Update() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <system_error>
 
 #include "model/Schema.h"
 
@@ -41,8 +42,8 @@ std::size_t ReadNumber(std::string_view text, Value& value) {
     const char* const end = text.data() + text.size();
     const char* const stop = std::from_chars(text.data(), end, real).ptr;
     std::int64_t whole = 0;
-    const char* const whole_stop = std::from_chars(text.data(), end, whole).ptr;
-    if (whole_stop == stop) {
+    const auto [whole_stop, error] = std::from_chars(text.data(), end, whole);
+    if (whole_stop == stop && error == std::errc()) {
         value = whole;
     } else {
         value = real;
@@ -127,7 +128,7 @@ std::string WithRowId(std::string_view sql) {
         return SameName(token, "ORDER");
     });
     return "SELECT rowid," + std::string(sql.substr(select_end, end - select_end)) +
-           (ordered ? ", rowid" : "");
+           (ordered ? ", rowid" : " ORDER BY rowid");
 }
 
 }  // namespace quarnel02

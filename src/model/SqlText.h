@@ -31,7 +31,7 @@ struct SelectShape {
 SelectShape ShapeOf(std::string_view sql);
 
 /// The text of a single-table SELECT with the row's identity as its first column, and with rows
-/// that its ORDER BY leaves equal in the order in which they were added.
+/// that its ORDER BY leaves equal, or all rows without one, in the order in which they were added.
 std::string WithRowId(std::string_view sql);
 
 }  // namespace quarnel02

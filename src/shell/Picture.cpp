@@ -92,7 +92,14 @@ void Picture::Icon(ResourceType type, double x, double y, double size) {
 }
 
 Extent Picture::Bounds() const {
-    Extent extent{0, 0, m_width, m_height};
+    return GrownByFigures({0, 0, m_width, m_height});
+}
+
+Extent Picture::Drawn() const {
+    return GrownByFigures({0, 0, 0, 0});
+}
+
+Extent Picture::GrownByFigures(Extent extent) const {
     for (const Figure& figure : m_figures) {
         std::visit([&](const auto& each) { GrowBy(extent, each); }, figure);
     }

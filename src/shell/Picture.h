@@ -131,9 +131,12 @@ class Picture {
 
     /// The paper and everything drawn beyond it.
     [[nodiscard]] Extent Bounds() const;
+    /// Everything drawn, from the paper's upper left corner on.
+    [[nodiscard]] Extent Drawn() const;
 
   private:
     void Add(Figure figure);
+    [[nodiscard]] Extent GrownByFigures(Extent extent) const;
 
     double m_width;
     double m_height;

@@ -99,15 +99,21 @@ std::string Element(const TextFigure& text) {
     return element + ">" + Escaped(text.Text) + "</text>\n";
 }
 
+/// A measure in the unit square of an icon.
+std::string UnitMeasure(double value) {
+    return NumberText(std::round(value * 1e6) / 1e6);
+}
+
 std::string ShapeElement(const IconShape& shape) {
     const std::string fill = Attribute("fill", ColourText(shape.Fill));
     if (shape.Radius > 0) {
-        return "<circle" + Attribute("cx", shape.Points[0].X) + Attribute("cy", shape.Points[0].Y) +
-               Attribute("r", shape.Radius) + fill + "/>";
+        return "<circle" + Attribute("cx", UnitMeasure(shape.Points[0].X)) +
+               Attribute("cy", UnitMeasure(shape.Points[0].Y)) +
+               Attribute("r", UnitMeasure(shape.Radius)) + fill + "/>";
     }
     std::string points;
     for (const IconPoint& point : shape.Points) {
-        points += (points.empty() ? "" : " ") + Coordinate(point.X) + "," + Coordinate(point.Y);
+        points += (points.empty() ? "" : " ") + UnitMeasure(point.X) + "," + UnitMeasure(point.Y);
     }
     return "<polygon" + Attribute("points", points) + fill + "/>";
 }

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string>
+#include <vector>
+
 #include "support/ScriptedForm.h"
 #include "support/TestModel.h"
 
@@ -39,6 +43,27 @@ TEST(OpenReport, DoesNothingWithoutAReport) {
     mnuViewLastCont(form);
     mnuViewLast(form);
     EXPECT_TRUE(form.Events.empty());
+}
+
+TEST(OpenReport, TakesPathsWithUmlautsBlanksAndCommas) {
+    const TestModel model;
+    const auto folder = model.Directory() / std::filesystem::path(u8"Öl, neu");
+    std::filesystem::create_directory(folder);
+    WriteFile(folder / "Bericht 1.txt", "");
+    ScriptedForm form(folder);
+    OpenReport(form, "Bericht 1.txt");
+    EXPECT_EQ(form.Events, std::vector<std::string>{"start: notepad.exe " + PathText(folder) +
+                                                    "/Bericht 1.txt"});
+}
+
+TEST(OpenReport, OpensTheReportThatIsNamed) {
+    const TestModel model;
+    WriteFile(model.File("ProdRpt.txt"), "x");
+    ScriptedForm form(model.Directory());
+    mnuViewLastCont(form);
+    EXPECT_TRUE(form.Events.empty());
+    OpenReport(form, "ProdRpt.txt");
+    EXPECT_EQ(form.Events.size(), 1U);
 }
 
 }  // namespace

@@ -1,0 +1,61 @@
+// Where the template, working copy and reports live.
+#include <gtest/gtest.h>
+
+#include "app/ApplicationDirectory.h"
+#include "basic/Files.h"
+#include "support/RunTimeErrors.h"
+
+namespace quarnel02 {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ChosenDirectory : public ::testing::Test {
+  protected:
+    ChosenDirectory() { fs::create_directories(Program); }
+
+    void PutTemplate(const fs::path& directory) {
+        fs::create_directories(directory);
+        WriteFile(directory / "blank.seq", "template");
+    }
+
+    TemporaryDirectory Root;
+    fs::path Program = Root.Path() / "bin";
+    fs::path Data = Root.Path() / "home" / "data";
+};
+
+TEST_F(ChosenDirectory, IsThatOfTheProgramWithATemplate) {
+    PutTemplate(Program);
+    EXPECT_EQ(PrepareApplicationDirectory(Program, Data), Program);
+    EXPECT_FALSE(fs::exists(Data));
+}
+
+TEST_F(ChosenDirectory, IsElseTheUsersOwnWithTheInstalledTemplate) {
+    PutTemplate(Root.Path() / "share" / "quarnel02");
+    EXPECT_EQ(PrepareApplicationDirectory(Program, Data), Data);
+    EXPECT_EQ(ReadFile(Data / "blank.seq"), "template");
+}
+
+TEST_F(ChosenDirectory, KeepsATemplateThatIsThere) {
+    PutTemplate(Root.Path() / "share" / "quarnel02");
+    fs::create_directories(Data);
+    WriteFile(Data / "blank.seq", "mine");
+    EXPECT_EQ(PrepareApplicationDirectory(Program, Data), Data);
+    EXPECT_EQ(ReadFile(Data / "blank.seq"), "mine");
+}
+
+TEST_F(ChosenDirectory, FailsWithoutAnyTemplate) {
+    const std::string message = test::ExpectRunTimeError(
+        ErrorKind::FileNotFound, [&] { PrepareApplicationDirectory(Program, Data); });
+    EXPECT_NE(message.find("blank.seq"), std::string::npos);
+}
+
+TEST_F(ChosenDirectory, FailsWhereItCannotBeMade) {
+    PutTemplate(Root.Path() / "share" / "quarnel02");
+    WriteFile(Root.Path() / "home", "a file");
+    test::ExpectRunTimeError(ErrorKind::FileAccess,
+                             [&] { PrepareApplicationDirectory(Program, Data); });
+}
+
+}  // namespace
+}  // namespace quarnel02

@@ -1,0 +1,280 @@
+// The file dialog through its own controls.
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include "app/Answers.h"
+#include "app/frmFile.h"
+#include "basic/Files.h"
+
+namespace quarnel02 {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kNotValid = "none: Not a valid filename.  Please select from the list above.";
+constexpr const char* kOverwrite = "information: File already exists.  Overwrite?";
+
+/// A directory with "a.mdb", "b.mdb", "notes.txt", "LOUD.MDB", the directory "sub" with "c.mdb".
+class frmFileDialog : public ::testing::Test {
+  protected:
+    frmFileDialog() : Dialog(Place.Path(), nullptr) {
+        fs::create_directory(Place.Path() / "sub");
+        for (const char* name : {"a.mdb", "b.mdb", "notes.txt", "LOUD.MDB", "sub/c.mdb"}) {
+            WriteFile(Place.Path() / name, "x");
+        }
+    }
+
+    void Show(bool open, const std::string& name = "", const fs::path& directory = {}) {
+        Dialog.FilePath = (directory.empty() ? Place.Path() : directory).string();
+        Dialog.FileName = name;
+        Dialog.SetForm(open);
+        Dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Dialog));
+    }
+
+    template <class Widget>
+    Widget& Find(const char* name) {
+        return *Dialog.findChild<Widget*>(QString::fromLatin1(name));
+    }
+    QLineEdit& Name() { return Find<QLineEdit>("txtFile"); }
+    std::vector<std::string> Lines(const char* list) {
+        std::vector<std::string> lines;
+        auto& box = Find<QListWidget>(list);
+        for (int i = 0; i < box.count(); ++i) {
+            lines.push_back(box.item(i)->text().toStdString());
+        }
+        return lines;
+    }
+    void TypeName(const std::string& name) {
+        Name().selectAll();
+        QTest::keyClick(&Name(), Qt::Key_Delete);
+        QTest::keyClicks(&Name(), QString::fromStdString(name));
+    }
+    void ClickFile(int line, bool twice = false) {
+        auto& files = Find<QListWidget>("File1");
+        const QPoint place = files.visualItemRect(files.item(line)).center();
+        QTest::mouseClick(files.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+        if (twice) {
+            QTest::mouseDClick(files.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+        }
+    }
+    void Press(const char* button) {
+        QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton);
+    }
+
+    TemporaryDirectory Place;
+    frmFile Dialog;
+    test::Answers Boxes;
+};
+
+TEST_F(frmFileDialog, OpensWithAnEmptyNameAndTheModelFiles) {
+    Show(true, "left over.mdb");
+    EXPECT_EQ(Dialog.windowTitle(), "Select a file to open...");
+    EXPECT_EQ(Find<QPushButton>("cmdOpen").text(), "&Open");
+    EXPECT_EQ(Name().text(), "");
+    EXPECT_THAT(Lines("Dir1"), ElementsAre("..", "sub"));
+    EXPECT_THAT(Lines("File1"), ElementsAre("a.mdb", "b.mdb"));
+    EXPECT_TRUE(Dialog.OpenMode);
+}
+
+TEST_F(frmFileDialog, SavesWithTheProposedName) {
+    Show(false, "Pump");
+    EXPECT_EQ(Dialog.windowTitle(), "Enter filename to save...");
+    EXPECT_EQ(Find<QPushButton>("cmdOpen").text(), "&Save");
+    EXPECT_EQ(Name().text(), "Pump");
+    EXPECT_EQ(Name().selectedText(), "Pump");
+    EXPECT_FALSE(Dialog.OpenMode);
+}
+
+TEST_F(frmFileDialog, ShowsTheDriveOfItsDirectory) {
+    Show(true);
+    const QString drive = Find<QComboBox>("Drive1").currentText();
+    EXPECT_TRUE(QString::fromStdString(Place.Path().string()).startsWith(drive));
+    EXPECT_FALSE(drive.isEmpty());
+}
+
+TEST_F(frmFileDialog, AClickTakesTheName) {
+    Show(true);
+    ClickFile(1);
+    EXPECT_EQ(Name().text(), "b.mdb");
+    EXPECT_TRUE(Dialog.isVisible());
+}
+
+TEST_F(frmFileDialog, ADoubleClickOpens) {
+    Show(true);
+    ClickFile(1, true);
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "b.mdb");
+    EXPECT_EQ(Dialog.FilePath, Place.Path().string());
+}
+
+TEST_F(frmFileDialog, AppendsTheExtensionOnLeavingTheName) {
+    Show(true);
+    TypeName("a");
+    Find<QListWidget>("File1").setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(Name().text(), "a.mdb");
+}
+
+TEST_F(frmFileDialog, EnterInTheNameOpensWithTheExtension) {
+    Show(true);
+    TypeName("a");
+    QTest::keyClick(&Name(), Qt::Key_Return);
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "a.mdb");
+    EXPECT_EQ(Dialog.result(), QDialog::Accepted);
+}
+
+TEST_F(frmFileDialog, TakesNoNoticeOfAnExtensionInCapitals) {
+    Show(false, "LOUD.MDB");
+    Press("cmdOpen");
+    EXPECT_EQ(Dialog.FileName, "LOUD.MDB.mdb");
+    EXPECT_THAT(Boxes.Seen, IsEmpty());
+}
+
+TEST_F(frmFileDialog, RefusesToOpenWhatDoesNotExist) {
+    Show(true);
+    ClickFile(0);
+    TypeName("nothing");
+    Boxes.Press(QMessageBox::Ok);
+    Press("cmdOpen");
+    EXPECT_THAT(Boxes.Seen, ElementsAre(kNotValid));
+    EXPECT_TRUE(Dialog.isVisible());
+    EXPECT_EQ(Name().text(), "a.mdb");
+}
+
+TEST_F(frmFileDialog, RefusesToOpenNothing) {
+    Show(true);
+    Boxes.Press(QMessageBox::Ok);
+    Press("cmdOpen");
+    EXPECT_THAT(Boxes.Seen, ElementsAre(kNotValid));
+    EXPECT_EQ(Name().text(), "");
+    EXPECT_TRUE(Dialog.isVisible());
+}
+
+TEST_F(frmFileDialog, RefusesToOpenADirectory) {
+    fs::create_directory(Place.Path() / "folder.mdb");
+    Show(true);
+    TypeName("folder.mdb");
+    Boxes.Press(QMessageBox::Ok);
+    Press("cmdOpen");
+    EXPECT_THAT(Boxes.Seen, ElementsAre(kNotValid));
+}
+
+TEST_F(frmFileDialog, AsksBeforeOverwriting) {
+    Show(false, "a.mdb");
+    Boxes.Press(QMessageBox::No);
+    Press("cmdOpen");
+    EXPECT_THAT(Boxes.Seen, ElementsAre(kOverwrite));
+    EXPECT_TRUE(Dialog.isVisible());
+    Boxes.Press(QMessageBox::Yes);
+    Press("cmdOpen");
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "a.mdb");
+}
+
+TEST_F(frmFileDialog, SavesANewNameWithoutAsking) {
+    Show(false, "new");
+    Press("cmdOpen");
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "new.mdb");
+    EXPECT_EQ(Dialog.FilePath, Place.Path().string());
+}
+
+TEST_F(frmFileDialog, DoesNotSaveUnderNoName) {
+    Show(false, "");
+    Press("cmdOpen");
+    EXPECT_TRUE(Dialog.isVisible());
+}
+
+TEST_F(frmFileDialog, CancelEmptiesNameAndPath) {
+    Show(true);
+    ClickFile(0);
+    Press("cmdCancel");
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "");
+    EXPECT_EQ(Dialog.FilePath, "");
+}
+
+TEST_F(frmFileDialog, EscapeIsCancel) {
+    Show(false, "a");
+    QTest::keyClick(&Dialog, Qt::Key_Escape);
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "");
+    EXPECT_EQ(Dialog.FilePath, "");
+}
+
+TEST_F(frmFileDialog, EnterGoesIntoADirectoryAndBack) {
+    Show(true);
+    auto& directories = Find<QListWidget>("Dir1");
+    directories.setFocus();
+    directories.setCurrentRow(1);
+    QTest::keyClick(&directories, Qt::Key_Return);
+    EXPECT_THAT(Lines("File1"), ElementsAre("c.mdb"));
+    EXPECT_TRUE(Dialog.isVisible());
+    EXPECT_EQ(directories.currentItem()->text(), "..");
+    QTest::keyClick(&directories, Qt::Key_Return);
+    EXPECT_THAT(Lines("File1"), ElementsAre("a.mdb", "b.mdb"));
+    EXPECT_EQ(directories.currentItem()->text(), "sub");
+}
+
+TEST_F(frmFileDialog, OpensFromTheDirectoryEntered) {
+    Show(true);
+    auto& directories = Find<QListWidget>("Dir1");
+    const QPoint place = directories.visualItemRect(directories.item(1)).center();
+    QTest::mouseClick(directories.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(directories.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    ClickFile(0, true);
+    EXPECT_EQ(Dialog.FilePath, (Place.Path() / "sub").string());
+    EXPECT_EQ(Dialog.FileName, "c.mdb");
+}
+
+TEST_F(frmFileDialog, SplitsATypedPath) {
+    Show(true);
+    TypeName((Place.Path() / "sub" / "c").string());
+    Press("cmdOpen");
+    EXPECT_EQ(Dialog.FilePath, (Place.Path() / "sub").string());
+    EXPECT_EQ(Dialog.FileName, "c.mdb");
+}
+
+TEST_F(frmFileDialog, AnUnreadableDriveBringsAMessageAndTheListGoesBack) {
+    Show(true);
+    auto& drives = Find<QComboBox>("Drive1");
+    const QString before = drives.currentText();
+    drives.addItem(QStringLiteral("/no/such/volume"));
+    drives.setFocus();
+    Boxes.Press(QMessageBox::Ok);
+    QTest::keyClick(&drives, Qt::Key_End);
+    EXPECT_THAT(Boxes.Seen, ElementsAre("critical: Drive is currently unavailable."));
+    EXPECT_EQ(drives.currentText(), before);
+    EXPECT_THAT(Lines("File1"), ElementsAre("a.mdb", "b.mdb"));
+}
+
+TEST_F(frmFileDialog, ChangingTheDriveShowsItsFiles) {
+    Show(true);
+    auto& drives = Find<QComboBox>("Drive1");
+    drives.addItem(QString::fromStdString((Place.Path() / "sub").string()));
+    drives.setFocus();
+    QTest::keyClick(&drives, Qt::Key_End);
+    EXPECT_THAT(Lines("File1"), ElementsAre("c.mdb"));
+}
+
+TEST_F(frmFileDialog, NamesMayHoldUmlautsBlanksAndCommas) {
+    const std::string name =
+        "Gr\xC3\xB6\xC3\x9F"
+        "e, neu.mdb";
+    WriteFile(Place.Path() / "sub" / name, "x");
+    Show(true, "", Place.Path() / "sub");
+    ClickFile(1, true);
+    EXPECT_EQ(Dialog.FileName, name);
+}
+
+}  // namespace
+}  // namespace quarnel02

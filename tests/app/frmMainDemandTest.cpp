@@ -1,0 +1,163 @@
+// The demand list: typing rows, selecting, changing and deleting them.
+#include <gmock/gmock.h>
+
+#include <QApplication>
+
+#include "app/WindowTest.h"
+
+namespace quarnel02 {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+constexpr const char* kTwoRows = "INSERT INTO Demand VALUES (12500, 25), (3000, 75);";
+
+class frmMainDemand : public test::WindowTest {
+  protected:
+    QLabel& Sum() const { return Find<QLabel>("lblSum"); }
+    [[nodiscard]] QColor SumColour() const { return Sum().palette().color(Sum().foregroundRole()); }
+    [[nodiscard]] std::string Text(const char* box) const { return Box(box).text().toStdString(); }
+
+    void ClickLine(int line) {
+        const QRect place = Demand().visualItemRect(Demand().item(line));
+        QTest::mouseClick(Demand().viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
+    }
+};
+
+TEST_F(frmMainDemand, IsListedByVolume) {
+    Start(kTwoRows);
+    EXPECT_THAT(DemandLines(), ElementsAre("3,000:  75%", "12,500:  25%"));
+    EXPECT_EQ(Sum().text().toStdString(), "100%");
+    EXPECT_EQ(SumColour(), QColor(0, 0, 128));
+    EXPECT_EQ(Window->SelectedDemand(), -1);
+}
+
+TEST_F(frmMainDemand, IsTypedWithTheKeyboardAlone) {
+    Start();
+    Box("txtVolume").setFocus(Qt::TabFocusReason);
+    const auto type = [&](const char* text) {
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
+    };
+    type("12,500");
+    PressKey(Qt::Key_Return);
+    EXPECT_EQ(FocusName(), "txtProb");
+    type("25");
+    PressKey(Qt::Key_Return);
+    EXPECT_EQ(FocusName(), "cmdAdd");
+    EXPECT_EQ(Text("txtProb"), "25%");
+    PressKey(Qt::Key_Return);
+    EXPECT_THAT(DemandRows(), ElementsAre("12500|25"));
+    EXPECT_THAT(DemandLines(), ElementsAre("12,500:  25%"));
+    EXPECT_EQ(Text("txtVolume"), "");
+    EXPECT_EQ(Text("txtProb"), "");
+    EXPECT_EQ(Sum().text().toStdString(), "25%");
+    EXPECT_EQ(SumColour(), QColor(255, 0, 0));
+    EXPECT_TRUE(Window->Changed);
+}
+
+TEST_F(frmMainDemand, KeepsAPercentSignThatWasTyped) {
+    Start();
+    Type("txtVolume", "100");
+    Type("txtProb", "25%");
+    PressKey(Qt::Key_Tab);
+    EXPECT_EQ(Text("txtProb"), "25%");
+    Click("cmdAdd");
+    EXPECT_THAT(DemandRows(), ElementsAre("100|25"));
+}
+
+TEST_F(frmMainDemand, AddDoesNothingWhileABoxIsEmpty) {
+    Start();
+    Type("txtVolume", "100");
+    Click("cmdAdd");
+    EXPECT_THAT(DemandRows(), IsEmpty());
+    EXPECT_EQ(Text("txtVolume"), "100");
+    EXPECT_FALSE(Window->Changed);
+    EXPECT_THAT(Dialogs.Seen, IsEmpty());
+}
+
+TEST_F(frmMainDemand, AddOfAWordBringsOneMessage) {
+    Start();
+    Type("txtVolume", "many");
+    Type("txtProb", "25");
+    Dialogs.Press(QMessageBox::Ok);
+    Click("cmdAdd");
+    ASSERT_EQ(Dialogs.Seen.size(), 1U);
+    EXPECT_THAT(Dialogs.Seen[0], HasSubstr("critical: "));
+    EXPECT_THAT(DemandRows(), IsEmpty());
+    EXPECT_EQ(Text("txtVolume"), "many");
+}
+
+TEST_F(frmMainDemand, AClickShowsTheRow) {
+    Start(kTwoRows);
+    ClickLine(1);
+    EXPECT_EQ(Text("txtVolume"), "12,500");
+    EXPECT_EQ(Text("txtProb"), "25%");
+    EXPECT_FALSE(Window->Changed);
+}
+
+TEST_F(frmMainDemand, AClickOnTheSelectedLineShowsItsRowAgain) {
+    Start(kTwoRows);
+    ClickLine(0);
+    Box("txtVolume").setText("1");
+    ClickLine(0);
+    EXPECT_EQ(Text("txtVolume"), "3,000");
+}
+
+TEST_F(frmMainDemand, TheArrowKeysShowRowsToo) {
+    Start(kTwoRows);
+    ClickLine(0);
+    PressKey(Qt::Key_Down);
+    EXPECT_EQ(Text("txtVolume"), "12,500");
+}
+
+TEST_F(frmMainDemand, TabbingIntoTheListSelectsNothing) {
+    Start(kTwoRows);
+    Button("cmdDelete").setFocus();
+    PressKey(Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), "lstDemand");
+    EXPECT_EQ(Window->SelectedDemand(), -1);
+    EXPECT_EQ(Text("txtVolume"), "");
+}
+
+TEST_F(frmMainDemand, UpdateChangesTheSelectedRow) {
+    Start(kTwoRows);
+    ClickLine(0);
+    Type("txtVolume", "4,000");
+    Click("cmdUpdate");
+    EXPECT_THAT(DemandRows(), ElementsAre("12500|25", "4000|75"));
+    EXPECT_THAT(DemandLines(), ElementsAre("4,000:  75%", "12,500:  25%"));
+    EXPECT_EQ(Window->SelectedDemand(), -1);
+    EXPECT_TRUE(Window->Changed);
+}
+
+TEST_F(frmMainDemand, DeleteRemovesTheRowInTheBoxes) {
+    Start(kTwoRows);
+    ClickLine(0);
+    Click("cmdDelete");
+    EXPECT_THAT(DemandRows(), ElementsAre("12500|25"));
+    EXPECT_THAT(DemandLines(), ElementsAre("12,500:  25%"));
+    EXPECT_EQ(Sum().text().toStdString(), "25%");
+}
+
+TEST_F(frmMainDemand, DeletingTheLastRowEmptiesTheListButKeepsTheSum) {
+    Start("INSERT INTO Demand VALUES (5000, 100);");
+    ClickLine(0);
+    Click("cmdDelete");
+    EXPECT_THAT(DemandRows(), IsEmpty());
+    EXPECT_THAT(DemandLines(), IsEmpty());
+    EXPECT_EQ(Sum().text().toStdString(), "100%");
+}
+
+TEST_F(frmMainDemand, TheSumIsReadableOnADarkWindow) {
+    Start(kTwoRows);
+    QPalette dark(QColor(40, 40, 40));
+    Window->setPalette(dark);
+    const QColor paper = Sum().palette().color(Sum().backgroundRole());
+    EXPECT_GT(paper.lightness() - SumColour().lightness(), 128);
+    EXPECT_TRUE(Sum().autoFillBackground());
+}
+
+}  // namespace
+}  // namespace quarnel02

@@ -1,0 +1,102 @@
+// The splash and status windows.
+#include <gmock/gmock.h>
+
+#include <QFrame>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPointer>
+#include <QProgressBar>
+#include <QTest>
+#include <QTimer>
+
+#include "app/frmSplash.h"
+#include "app/frmStatus.h"
+
+namespace quarnel02 {
+namespace {
+
+class frmSplashWindow : public ::testing::Test {
+  protected:
+    frmSplashWindow() {
+        Main.resize(600, 400);
+        Main.show();
+        Splash = new frmSplash(&Main);
+        Splash->ShowOverParent();
+    }
+
+    [[nodiscard]] QWidget* Part(const char* name) const {
+        return Splash->findChild<QWidget*>(QString::fromLatin1(name));
+    }
+    /// A closed splash deletes itself.
+    bool IsGone() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return Splash.isNull();
+    }
+
+    QMainWindow Main;
+    QPointer<frmSplash> Splash;
+};
+
+TEST_F(frmSplashWindow, ShowsTheVersion) {
+    const auto* version = Splash->findChild<QLabel*>(QStringLiteral("lblVersion"));
+    EXPECT_EQ(version->text(), "Version 1.2.3");
+}
+
+TEST_F(frmSplashWindow, StandsInTheMiddleOfTheMainWindow) {
+    const QPoint apart = Splash->geometry().center() - Main.geometry().center();
+    EXPECT_LE(apart.manhattanLength(), 2);
+}
+
+TEST_F(frmSplashWindow, GoesWhenItsTimerFires) {
+    auto* timer = Splash->findChild<QTimer*>(QStringLiteral("tmrQuitMe"));
+    ASSERT_NE(timer, nullptr);
+    EXPECT_TRUE(timer->isActive());
+    EXPECT_NEAR(timer->interval(), 2000, 500);
+    timer->start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsGone(); }));
+}
+
+TEST_F(frmSplashWindow, GoesOnAKey) {
+    QTest::keyClick(Splash, Qt::Key_Space);
+    EXPECT_TRUE(IsGone());
+}
+
+TEST_F(frmSplashWindow, GoesOnAKeyForTheMainWindow) {
+    QTest::keyClick(&Main, Qt::Key_Space);
+    EXPECT_TRUE(IsGone());
+}
+
+class EveryPart : public frmSplashWindow, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(EveryPart, GoesOnAClick) {
+    ASSERT_NE(Part(GetParam()), nullptr);
+    QTest::mouseClick(Part(GetParam()), Qt::LeftButton);
+    EXPECT_TRUE(IsGone());
+}
+
+INSTANTIATE_TEST_SUITE_P(Parts, EveryPart,
+                         ::testing::Values("Frame1", "Image1", "imgLogo", "lblVersion",
+                                           "lblPlatform", "lblCompanyProduct", "Label1", "Label2"),
+                         [](const auto& each) { return std::string(each.param); });
+
+TEST(frmStatusWindow, ShowsItsTextAndProgress) {
+    frmStatus status(nullptr);
+    status.show();
+    status.SetStatus(QStringLiteral("2 of 3 Tasks Completed"));
+    status.SetProgress(2, 3);
+    EXPECT_EQ(status.findChild<QLabel*>(QStringLiteral("lblStatus"))->text(),
+              "2 of 3 Tasks Completed");
+    const auto* bar = status.findChild<QProgressBar*>();
+    EXPECT_EQ(bar->value(), 2);
+    EXPECT_EQ(bar->maximum(), 3);
+}
+
+TEST(frmStatusWindow, DoesNotCloseOnEscape) {
+    frmStatus status(nullptr);
+    status.show();
+    QTest::keyClick(&status, Qt::Key_Escape);
+    EXPECT_TRUE(status.isVisible());
+}
+
+}  // namespace
+}  // namespace quarnel02
