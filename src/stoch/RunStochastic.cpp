@@ -49,20 +49,20 @@ class RunFileCleaner {
     const RunFiles& m_files;
 };
 
-void ObserveResourceTables(const StochRun& run, const RunFileObserver& observer) {
-    if (!observer) {
+void ShowResourceTables(const StochRun& run, const RunListener& listener) {
+    if (!listener.RunFile) {
         return;
     }
     for (int resource = 1; resource <= run.Resources; ++resource) {
         const auto table = run.Files.Resource(run.StartTask, run.EndTask, resource);
         if (std::filesystem::exists(table)) {
-            observer(table);
+            listener.RunFile(table);
         }
     }
 }
 
 /// All arcs that end at the end task in hand, then its intermediate and final tables.
-void BuildTablesOfEndTask(StochRun& run, int tasks, const RunFileObserver& observer) {
+void BuildTablesOfEndTask(StochRun& run, int tasks, const RunListener& listener) {
     MainForm& form = run.Form;
     const std::string end = NumberText(run.EndTask);
     const int arcs = tasks * (tasks + 1) / 2;
@@ -71,7 +71,7 @@ void BuildTablesOfEndTask(StochRun& run, int tasks, const RunFileObserver& obser
         const std::string arc = " for Task " + NumberText(start) + " To Task " + end;
         form.SetStatus("Creating Resource Tables" + arc);
         BuildResourceTables(run);
-        ObserveResourceTables(run, observer);
+        ShowResourceTables(run, listener);
         form.SetStatus("Creating Initial Tables" + arc);
         BuildInitialTable(run);
         form.SetProgress(run.EndTask * (run.EndTask - 1) / 2 + start, arcs);
@@ -83,13 +83,13 @@ void BuildTablesOfEndTask(StochRun& run, int tasks, const RunFileObserver& obser
     form.SetStatus(end + " of " + NumberText(tasks) + " Tasks Completed");
 }
 
-void BuildTables(StochRun& run, const RunFileObserver& observer) {
+void BuildTables(StochRun& run, const RunListener& listener) {
     const StatusWindow status(run.Form);
     BuildDemandTable(run);
     BuildShiftTable(run);
     const int tasks = run.Form.Model.OpenRecordSet("SELECT Tasks FROM GEN;").Integer(0);
     for (run.EndTask = 1; run.EndTask <= tasks; ++run.EndTask) {
-        BuildTablesOfEndTask(run, tasks, observer);
+        BuildTablesOfEndTask(run, tasks, listener);
     }
     run.Form.SetStatus("Adding Expected Penalties to Final Table");
     AddExpectedPenalties(run);
@@ -99,7 +99,7 @@ void BuildTables(StochRun& run, const RunFileObserver& observer) {
 
 }  // namespace
 
-void RunStochastic(MainForm& form, const RunFileObserver& observer) {
+void RunStochastic(MainForm& form, const RunListener& listener) {
     form.OpenWorkingCopy();
     StochRun run(form);
     const RunFileCleaner cleaner(run.Files);
@@ -108,11 +108,14 @@ void RunStochastic(MainForm& form, const RunFileObserver& observer) {
                          MessageIcon::Information);
         return;
     }
-    BuildTables(run, observer);
-    WriteProductionReport(run);
+    BuildTables(run, listener);
+    const std::string summary = WriteProductionReport(run);
+    if (listener.Summary) {
+        listener.Summary(summary);
+    }
     form.Model.Close();
-    if (observer) {
-        run.Files.ForEach(observer);
+    if (listener.RunFile) {
+        run.Files.ForEach(listener.RunFile);
     }
 }
 

@@ -111,20 +111,25 @@ void DrawChosenLine(Picture& picture, const ProductionFigures& figures) {
 
 }  // namespace
 
-void WriteProductionReport(StochRun& run) {
+std::string WriteProductionReport(StochRun& run) {
     MainForm& form = run.Form;
     const ProductionFigures figures = FiguresOf(run);
     WriteFile(form.InApplicationDirectory(kProductionReport), ReportText(figures));
     MarkDesign(form, figures);
     form.picGraph[0].Clear();
-    PictureLines lines(form.picGraph[0]);
-    LinePrinter printer(lines);
-    PrintHead(printer, figures);
-    PrintStations(printer, figures);
+    PictureLines picture_lines(form.picGraph[0]);
+    LinePrinter picture(picture_lines);
+    TextLines text_lines;
+    LinePrinter text(text_lines);
+    for (LinePrinter* printer : {&picture, &text}) {
+        PrintHead(*printer, figures);
+        PrintStations(*printer, figures);
+        PrintClosing(*printer, figures);
+    }
     DrawLinks(form);
-    PrintClosing(printer, figures);
     DrawChosenLine(form.picGraph[2], figures);
     mnuViewLast(form);
+    return text_lines.Text();
 }
 
 }  // namespace quarnel02

@@ -2,7 +2,7 @@
 
 namespace quarnel02 {
 
-void cmdStoch_Click(MainForm& form, const RunFileObserver& observer) {
+void cmdStoch_Click(MainForm& form, const RunListener& listener) {
     constexpr int fewest_points = 2;
     for (Picture& picture : form.picGraph) {
         picture.Clear();
@@ -12,7 +12,7 @@ void cmdStoch_Click(MainForm& form, const RunFileObserver& observer) {
                          MessageIcon::Information);
         return;
     }
-    RunStochastic(form, observer);
+    RunStochastic(form, listener);
     form.Model.Close();
 }
 

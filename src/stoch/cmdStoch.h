@@ -7,6 +7,6 @@ namespace quarnel02 {
 
 /// Click of the stochastic button: clears the result pictures and designs the line for the demand
 /// distribution, which must have at least two points. Throws what RunStochastic throws.
-void cmdStoch_Click(MainForm& form, const RunFileObserver& observer = {});
+void cmdStoch_Click(MainForm& form, const RunListener& listener = {});
 
 }  // namespace quarnel02
