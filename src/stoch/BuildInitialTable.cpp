@@ -18,14 +18,12 @@ void BuildInitialTable(StochRun& run) {
             continue;
         }
         if (!found) {
-            DeleteRunFile(merged);
             RenameRunFile(file, merged);
             found = true;
             continue;
         }
         const auto plain = [](double cost) { return cost; };
         NoticeEarlyEnd(run, table, MergeCurves<ArcSegment>(merged, file, output, plain));
-        DeleteRunFile(merged);
         RenameRunFile(output, merged);
         DeleteRunFile(file);
     }

@@ -146,10 +146,18 @@ void Chart::Mark(double x, double y, Colour colour) {
     m_picture.Fill = FillStyle::Transparent;
 }
 
-void Chart::Label(double x, double y, const std::string& text, Colour colour) {
+void Chart::PrintCentred(double x, double top, const std::string& text, Colour colour) {
     const double width = TextWidth(text, m_picture.TextFont);
-    const double left = std::clamp(ToX(x) - width / 2, m_left, std::max(m_left, m_right - width));
-    PrintAt(left, ToY(y) - LineHeight(m_picture.TextFont) - kGap, text, colour);
+    PrintAt(std::clamp(ToX(x) - width / 2, m_left, std::max(m_left, m_right - width)), top, text,
+            colour);
+}
+
+void Chart::LabelAbove(double x, double y, const std::string& text, Colour colour) {
+    PrintCentred(x, ToY(y) - LineHeight(m_picture.TextFont) - kGap, text, colour);
+}
+
+void Chart::LabelBelow(double x, double y, const std::string& text, Colour colour) {
+    PrintCentred(x, ToY(y) + 2 * kGap, text, colour);
 }
 
 }  // namespace quarnel02

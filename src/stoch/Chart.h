@@ -34,14 +34,15 @@ class Chart {
     Chart(Picture& picture, const std::string& title, Axis x, Axis y);
 
     void Line(double x1, double y1, double x2, double y2, Colour colour, int width = 1);
-    /// A bar from the x axis up to `y`, `width` in twips, with a label above it.
+    /// A bar from the x axis up to `y`, `width` in twips.
     void Bar(double x, double y, double width, Colour colour);
     /// A full height line behind a value of x.
     void Guide(double x, Colour colour);
     /// A disc on a point of the curve.
     void Mark(double x, double y, Colour colour);
-    /// A text centred over (or, with `below`, under) a place in the plot.
-    void Label(double x, double y, const std::string& text, Colour colour);
+    /// A text centred over or under a place in the plot, kept between its left and right ends.
+    void LabelAbove(double x, double y, const std::string& text, Colour colour);
+    void LabelBelow(double x, double y, const std::string& text, Colour colour);
 
     [[nodiscard]] double ToX(double x) const;
     [[nodiscard]] double ToY(double y) const;
@@ -51,6 +52,7 @@ class Chart {
     void DrawAxes();
     void DrawXTicks();
     void DrawYTicks();
+    void PrintCentred(double x, double top, const std::string& text, Colour colour);
     void PrintAt(double x, double y, const std::string& text, Colour colour);
     [[nodiscard]] static std::string TickText(const Axis& axis, double value);
 

@@ -63,7 +63,7 @@ void DrawDemandDistribution(const StochRun& run) {
         const std::string text = ThousandsText(bar.Volume);
         const double half = TextWidth(text, Font{}) / 2;
         if (chart.ToX(bar.Volume) - half >= free_from) {
-            chart.Label(bar.Volume, bar.Prob, text, kInk);
+            chart.LabelAbove(bar.Volume, bar.Prob, text, kInk);
             free_from = chart.ToX(bar.Volume) + half;
         }
     }

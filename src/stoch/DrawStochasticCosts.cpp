@@ -64,7 +64,8 @@ void DrawStochasticCosts(const StochRun& run) {
     const auto capacity = static_cast<double>(run.Capacity);
     const auto cost = static_cast<double>(run.ExpectedCost);
     chart.Mark(capacity, cost, kChosen);
-    chart.Label(capacity, cost, ThousandsText(capacity) + ": " + Format(cost, "$#,###"), kChosen);
+    chart.LabelBelow(capacity, cost, ThousandsText(capacity) + ": " + Format(cost, "$#,###"),
+                     kChosen);
 }
 
 }  // namespace quarnel02
