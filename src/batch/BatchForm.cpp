@@ -1,5 +1,6 @@
 #include "batch/BatchForm.h"
 
+#include <iostream>
 #include <utility>
 
 namespace quarnel02 {
@@ -23,6 +24,16 @@ std::string BatchForm::InputBox(const std::string& /*prompt*/, const std::string
                                 const std::string& /*proposal*/) {
     const auto& answer = title == "Fixed Demand" ? m_answers.Demand : m_answers.StationLimit;
     return answer.value_or("");
+}
+
+void BatchForm::SetStatus(const std::string& text) {
+    if (m_answers.Progress) {
+        std::cerr << text << '\n';
+    }
+}
+
+void BatchForm::Notice(const std::string& text) {
+    std::cerr << text << '\n';
 }
 
 }  // namespace quarnel02

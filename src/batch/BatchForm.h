@@ -13,6 +13,7 @@ namespace quarnel02 {
 struct BatchAnswers {
     std::optional<std::string> Demand;        ///< units per year, as typed
     std::optional<std::string> StationLimit;  ///< parallel stations, as typed
+    bool Progress = false;                    ///< status texts go to standard error
 };
 
 /// The main form of a solve without windows: answers every question from the command line and
@@ -30,6 +31,9 @@ class BatchForm : public HeadlessForm {
     std::string InputBox(const std::string& prompt, const std::string& title,
                          const std::string& proposal) override;
     void StartProgram(const std::string& /*commandLine*/) override {}
+    void ShowStatus(const std::string& text) override { SetStatus(text); }
+    void SetStatus(const std::string& text) override;
+    void Notice(const std::string& text) override;
 
     [[nodiscard]] const std::vector<std::string>& Messages() const { return m_messages; }
 

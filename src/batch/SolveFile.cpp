@@ -1,5 +1,6 @@
 #include "batch/SolveFile.h"
 
+#include <functional>
 #include <system_error>
 
 #include "basic/Files.h"
@@ -11,6 +12,7 @@
 #include "shell/Demand.h"
 #include "shell/Reports.h"
 #include "shell/SvgWriter.h"
+#include "stoch/cmdStoch.h"
 
 namespace fs = std::filesystem;
 
@@ -69,26 +71,72 @@ void RequireDemand(BatchForm& form, const SolveRequest& request) {
                            " Say which annual demand to design for with --demand.");
 }
 
+/// Makes a directory where there is none. `option` names it in the error.
+void MakeDirectory(const char* option, const fs::path& directory) {
+    std::error_code error;
+    fs::create_directories(directory, error);
+    if (KindOfFile(directory) != FileKind::Directory) {
+        throw RunTimeError(ErrorKind::FileAccess, std::string(option) + " " + PathText(directory) +
+                                                      " cannot be made a directory. Name another.");
+    }
+}
+
+/// What a solve has printed, and the report file that it has left.
+struct Printed {
+    std::string Text;
+    const char* ReportFile;
+};
+
+Printed SolveFixedDemand(BatchForm& form, const SolveRequest& request) {
+    RequireDemand(form, request);
+    cmdContinuous_Click(form, request.Shifts);
+    return {"", kRunReport};
+}
+
+/// Run files by their names in the directory to keep them in; none without such a directory.
+std::function<void(const fs::path&)> RunFileKeeper(const SolveRequest& request) {
+    if (!request.KeepRunFiles) {
+        return {};
+    }
+    MakeDirectory("--keep-run-files", *request.KeepRunFiles);
+    return [&request](const fs::path& file) {
+        WriteFile(*request.KeepRunFiles / file.filename(), ReadFile(file));
+    };
+}
+
+Printed SolveStochastic(BatchForm& form, const SolveRequest& request) {
+    Printed printed{"", kProductionReport};
+    const RunListener listener{RunFileKeeper(request),
+                               [&](const std::string& summary) { printed.Text = summary + "\n"; }};
+    try {
+        cmdStoch_Click(form, listener);
+    } catch (const ProgramEnded&) {
+        // What the system said before it ended the program is in the form's messages.
+    }
+    return printed;
+}
+
 void WritePicture(const fs::path& directory, const char* name, const Picture& picture) {
     WriteFile(directory / name, ToSvg(picture));
 }
 
-void WriteResults(const BatchForm& form, const SolveRequest& request, const std::string& report) {
+void WriteResults(const BatchForm& form, const SolveRequest& request, const std::string& name,
+                  const std::string& report) {
     if (!request.OutDirectory) {
         return;
     }
     const fs::path& directory = *request.OutDirectory;
-    std::error_code error;
-    fs::create_directories(directory, error);
-    if (KindOfFile(directory) != FileKind::Directory) {
-        throw RunTimeError(ErrorKind::FileAccess, "--out " + PathText(directory) +
-                                                      " cannot be made a directory. Name another.");
+    MakeDirectory("--out", directory);
+    WriteFile(directory / name, report);
+    if (!request.Pictures) {
+        return;
     }
-    WriteFile(directory / kRunReport, report);
-    if (request.Pictures) {
-        WritePicture(directory, "network.svg", form.picArc);
-        WritePicture(directory, "summary.svg", form.picGraph[0]);
-        WritePicture(directory, "line.svg", form.picGraph[2]);
+    WritePicture(directory, "network.svg", form.picArc);
+    WritePicture(directory, "summary.svg", form.picGraph[0]);
+    WritePicture(directory, "line.svg", form.picGraph[2]);
+    if (request.Stochastic) {
+        WritePicture(directory, "demand.svg", form.picGraph[1]);
+        WritePicture(directory, "costs.svg", form.picGraph[3]);
     }
 }
 
@@ -106,19 +154,19 @@ SolveOutcome SolveFile(const SolveRequest& request) {
 
     LoadModel(form);
     ListDemand(form);
-    RequireDemand(form, request);
-    cmdContinuous_Click(form, request.Shifts);
+    const Printed printed =
+        request.Stochastic ? SolveStochastic(form, request) : SolveFixedDemand(form, request);
     form.CloseModel();
-    const fs::path report_file = form.InApplicationDirectory(kRunReport);
+    const fs::path report_file = form.InApplicationDirectory(printed.ReportFile);
     if (!form.Messages().empty() || KindOfFile(report_file) == FileKind::Missing) {
         return {"", form.Messages()};
     }
     const std::string report = ReadFile(report_file);
-    WriteResults(form, request, report);
+    WriteResults(form, request, printed.ReportFile, report);
     if (request.SaveAs) {
         CopyWhole(working_copy, *request.SaveAs);
     }
-    return {report, {}};
+    return {printed.Text + report, {}};
 }
 
 }  // namespace quarnel02

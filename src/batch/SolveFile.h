@@ -13,10 +13,12 @@ namespace quarnel02 {
 /// One run of the batch program.
 struct SolveRequest {
     std::filesystem::path Model;
-    std::int16_t Shifts = 1;  ///< shifts per day, 1 to 3
+    bool Stochastic = false;  ///< design for the model's demand distribution
+    std::int16_t Shifts = 1;  ///< else for a fixed demand: shifts per day, 1 to 3
     BatchAnswers Answers;
     std::optional<std::filesystem::path> OutDirectory;  ///< where the report is left too
     bool Pictures = false;                              ///< leave the pictures there as well
+    std::optional<std::filesystem::path> KeepRunFiles;  ///< where run files are copied
     std::optional<std::filesystem::path> SaveAs;        ///< where the solved model is written
 };
 
@@ -25,9 +27,9 @@ struct SolveOutcome {
     std::vector<std::string> Messages;  ///< what the system said that ended the solve
 };
 
-/// Designs the line of a model file for a fixed demand, on a private working copy; the model is
-/// not changed. Files asked for are written only when a line was designed.
-/// Throws RunTimeError with one line that names the file or field and the remedy.
+/// Designs the line of a model file for a fixed demand or for its demand distribution, on a
+/// private working copy; the model is not changed. Files asked for are written only when a line was
+/// designed. Throws RunTimeError with one line that names the file or field and the remedy.
 SolveOutcome SolveFile(const SolveRequest& request);
 
 }  // namespace quarnel02

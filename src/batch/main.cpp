@@ -31,6 +31,9 @@ struct Options {
     std::string OutDirectory;
     std::string SaveAs;
     bool Pictures = false;
+    bool Stochastic = false;
+    std::string KeepRunFiles;
+    bool Progress = false;
 };
 
 void Describe(CLI::App& app, Options& options) {
@@ -39,21 +42,32 @@ void Describe(CLI::App& app, Options& options) {
     app.add_option("MODEL", options.Model, "Model file (.mdb); it is never changed")
         ->required()
         ->type_name("FILE");
-    app.add_option("--shifts", options.Shifts, "Shifts of 8 hours per day, 1 to 3")
-        ->required()
-        ->check(CLI::Range(1, 3))
-        ->type_name("N");
+    auto* kind = app.add_option_group("Design", "one of:");
+    auto* shifts = kind->add_option("--shifts", options.Shifts,
+                                    "For a fixed demand: shifts of 8 hours per day, 1 to 3")
+                       ->check(CLI::Range(1, 3))
+                       ->type_name("N");
+    auto* stochastic =
+        kind->add_flag("--stochastic", options.Stochastic, "For the model's demand distribution");
+    kind->require_option(1);
     app.add_option("--demand", options.Demand,
                    "Annual demand in units; may be left out when the model has one demand row")
-        ->type_name("V");
+        ->type_name("V")
+        ->needs(shifts);
     app.add_option("--station-limit", options.StationLimit,
                    "Largest number of parallel stations of one kind; without it, no limit")
-        ->type_name("K");
+        ->type_name("K")
+        ->needs(shifts);
+    app.add_option("--keep-run-files", options.KeepRunFiles,
+                   "Directory in which to keep copies of the run files, for inspection")
+        ->type_name("DIR")
+        ->needs(stochastic);
+    app.add_flag("--progress", options.Progress, "Print the status texts on standard error")
+        ->needs(stochastic);
     auto* out = app.add_option("--out", options.OutDirectory,
-                               "Directory in which to leave RunRpt.txt as well")
+                               "Directory in which to leave the report as well")
                     ->type_name("DIR");
-    app.add_flag("--pictures", options.Pictures,
-                 "Leave network.svg, summary.svg and line.svg there too")
+    app.add_flag("--pictures", options.Pictures, "Leave the pictures there too, as SVG files")
         ->needs(out);
     app.add_option("--save", options.SaveAs, "Write the solved model to this file")
         ->type_name("FILE");
@@ -63,7 +77,12 @@ quarnel02::SolveRequest ToRequest(const CLI::App& app, const Options& options) {
     quarnel02::SolveRequest request;
     request.Model = options.Model;
     request.Shifts = static_cast<std::int16_t>(options.Shifts);
+    request.Stochastic = options.Stochastic;
     request.Pictures = options.Pictures;
+    request.Answers.Progress = options.Progress;
+    if (app.count("--keep-run-files") > 0) {
+        request.KeepRunFiles = options.KeepRunFiles;
+    }
     if (app.count("--demand") > 0) {
         request.Answers.Demand = options.Demand;
     }
@@ -97,8 +116,8 @@ int Solve(const quarnel02::SolveRequest& request) {
 
 int Run(int argc, char* argv[]) {
     CLI::App app(
-        "Designs the cheapest assembly line for a fixed annual demand and prints the "
-        "report.",
+        "Designs the cheapest assembly line for a fixed annual demand, or for a distribution of "
+        "demand, and prints the report.",
         "quarnel02-solve");
     Options options;
     Describe(app, options);

@@ -30,10 +30,6 @@ double UptimeShare(const ResourceCosts& resource) {
                        "demand, the working days and the task times.");
 }
 
-bool Fits(float workTime, int stations, float available) {
-    return available >= static_cast<float>(static_cast<double>(workTime) / stations);
-}
-
 }  // namespace
 
 float ToolCostSum(std::span<const MatrixEntry> byTool) {
@@ -66,21 +62,25 @@ float WorkTime(std::span<const MatrixEntry> byTask, const ResourceCosts& resourc
     return ToSingle(static_cast<double>(time) + end_of_cycle / uptime, "TransportTime");
 }
 
+bool StationsFit(float workTime, int stations, float available) {
+    return available >= static_cast<float>(static_cast<double>(workTime) / stations);
+}
+
 StationCount FitStations(float workTime, float available) {
-    if (Fits(workTime, 1, available)) {
+    if (StationsFit(workTime, 1, available)) {
         return {1, workTime};
     }
-    if (available <= 0 || !Fits(workTime, kMostStations, available)) {
+    if (available <= 0 || !StationsFit(workTime, kMostStations, available)) {
         ThrowTooManyStations();
     }
     // The quotient is next to the answer; rounding to single decides which neighbour it is.
     const double quotient =
         std::floor(static_cast<double>(workTime) / static_cast<double>(available));
     int stations = static_cast<int>(std::clamp(quotient, 2.0, double{kMostStations}));
-    while (Fits(workTime, stations - 1, available)) {
+    while (StationsFit(workTime, stations - 1, available)) {
         --stations;
     }
-    while (!Fits(workTime, stations, available)) {
+    while (!StationsFit(workTime, stations, available)) {
         ++stations;
     }
     return {static_cast<std::int16_t>(stations),

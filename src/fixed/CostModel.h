@@ -64,6 +64,9 @@ float ToolCostSum(std::span<const MatrixEntry> byTool);
 float WorkTime(std::span<const MatrixEntry> byTask, const ResourceCosts& resource,
                double transportTime);
 
+/// Whether the shared time of so many stations, workTime / stations, is at most `available`.
+bool StationsFit(float workTime, int stations, float available);
+
 /// The smallest number of stations whose shared time, workTime / stations, is at most
 /// `available` seconds. Throws Overflow when more than 32,767 would be needed.
 StationCount FitStations(float workTime, float available);

@@ -39,4 +39,8 @@ void HeadlessForm::RemoveDemandLine(int line) {
     }
 }
 
+void HeadlessForm::EndProgram() {
+    throw ProgramEnded{};
+}
+
 }  // namespace quarnel02

@@ -8,6 +8,9 @@
 
 namespace quarnel02 {
 
+/// Thrown by EndProgram of a form without windows.
+struct ProgramEnded {};
+
 /// A main form without windows: boxes and the demand list are plain texts; title and sum go
 /// nowhere. What it is asked and told is for the forms derived from it.
 class HeadlessForm : public MainForm {
@@ -31,6 +34,14 @@ class HeadlessForm : public MainForm {
     /// The selection goes with its line.
     void RemoveDemandLine(int line) override;
     void ShowDemandSum(const std::string& /*text*/, Colour /*colour*/) override {}
+
+    void ShowStatus(const std::string& /*text*/) override {}
+    void SetStatus(const std::string& /*text*/) override {}
+    void SetProgress(int /*done*/, int /*total*/) override {}
+    void HideStatus() override {}
+    void Notice(const std::string& /*text*/) override {}
+    /// Throws ProgramEnded, for the caller to let the program end.
+    [[noreturn]] void EndProgram() override;
 
     void DoEvents() override {}
     void SetBusy(bool /*busy*/) override {}

@@ -77,6 +77,18 @@ class MainForm {
     virtual std::string InputBox(const std::string& prompt, const std::string& title,
                                  const std::string& proposal) = 0;
 
+    /// The status window of a long solve: shown with a text, its text and progress replaced (each
+    /// repaints it), and taken away. While it is shown the main window cannot be used.
+    virtual void ShowStatus(const std::string& text) = 0;
+    virtual void SetStatus(const std::string& text) = 0;
+    virtual void SetProgress(int done, int total) = 0;
+    virtual void HideStatus() = 0;
+    /// Something about a running solve that the user should know, beside its status text.
+    virtual void Notice(const std::string& text) = 0;
+
+    /// Ends the whole program at once, without cleaning up.
+    [[noreturn]] virtual void EndProgram() = 0;
+
     /// Lets pending screen events run.
     virtual void DoEvents() = 0;
     /// Hourglass pointer on or off.

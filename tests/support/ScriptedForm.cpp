@@ -63,6 +63,31 @@ std::string ScriptedForm::InputBox(const std::string& prompt, const std::string&
     return answer;
 }
 
+void ScriptedForm::ShowStatus(const std::string& text) {
+    Events.push_back("show status: " + text);
+}
+
+void ScriptedForm::SetStatus(const std::string& text) {
+    Events.push_back("status: " + text);
+}
+
+void ScriptedForm::SetProgress(int done, int total) {
+    Events.push_back("progress: " + std::to_string(done) + "/" + std::to_string(total));
+}
+
+void ScriptedForm::HideStatus() {
+    Events.emplace_back("hide status");
+}
+
+void ScriptedForm::Notice(const std::string& text) {
+    Events.push_back("notice: " + text);
+}
+
+void ScriptedForm::EndProgram() {
+    Events.emplace_back("end program");
+    HeadlessForm::EndProgram();
+}
+
 void ScriptedForm::DoEvents() {
     Events.emplace_back("do events");
 }

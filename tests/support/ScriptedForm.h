@@ -13,7 +13,8 @@ namespace quarnel02::test {
 ///
 /// Events read: "message[critical]: text", "ask[none]: question -> yes",
 /// "input[title|proposal]: prompt -> answer", "start: command line", "select: 2", "do events",
-/// "busy", "idle", "title: text", "sum: 100% rgb(0,0,128)".
+/// "busy", "idle", "title: text", "sum: 100% rgb(0,0,128)", "show status: text", "status: text",
+/// "progress: 1/6", "hide status", "notice: text", "end program".
 class ScriptedForm : public HeadlessForm {
   public:
     using HeadlessForm::HeadlessForm;
@@ -30,6 +31,13 @@ class ScriptedForm : public HeadlessForm {
     bool AskYesNo(const std::string& question, MessageIcon icon) override;
     std::string InputBox(const std::string& prompt, const std::string& title,
                          const std::string& proposal) override;
+    void ShowStatus(const std::string& text) override;
+    void SetStatus(const std::string& text) override;
+    void SetProgress(int done, int total) override;
+    void HideStatus() override;
+    void Notice(const std::string& text) override;
+    /// Throws ProgramEnded.
+    [[noreturn]] void EndProgram() override;
     void DoEvents() override;
     void SetBusy(bool busy) override;
     void StartProgram(const std::string& commandLine) override;

@@ -1,0 +1,89 @@
+#include "stoch/BuildDemandTable.h"
+
+#include <algorithm>
+
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "stoch/Curves.h"
+#include "stoch/DemandChart.h"
+#include "stoch/RecordFile.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr double kPercent = 100;
+
+void ReadDemandPoints(StochRun& run) {
+    RecordSet demand =
+        run.Form.Model.OpenRecordSet("SELECT Volume, Prob FROM Demand ORDER BY Volume;");
+    int point = 0;
+    for (; !demand.Eof(); demand.MoveNext()) {
+        ++point;
+        if (point > kMostDemandPoints) {
+            throw RunTimeError(ErrorKind::SubscriptOutOfRange,
+                               "Demand has more than 10 points. Remove some of them.");
+        }
+        const auto index = static_cast<std::size_t>(point);
+        run.Volume.at(index) = demand.Single(0);
+        run.Prob.at(index) = demand.Single(1);
+    }
+    run.DemandPoints = point;
+}
+
+void SetVolumeRange(StochRun& run) {
+    const auto first = run.Volume.begin() + 1;
+    const auto last = first + run.DemandPoints;
+    const auto positive = std::find_if(first, last, [](float volume) { return volume > 0; });
+    if (positive == last) {
+        throw RunTimeError(ErrorKind::TypeMismatch,
+                           "Demand has no volume above 0. Enter the volumes of the distribution.");
+    }
+    if (*first < 0) {
+        throw RunTimeError(ErrorKind::TypeMismatch,
+                           "Demand: the volume " + NumberText(*first) +
+                               " is negative. Enter volumes of 0 or above.");
+    }
+    run.FirstVolume = *positive;
+    run.LastVolume = CeilingSingle(3.0 * static_cast<double>(*(last - 1)));
+}
+
+/// Expected smaller one of demand and the volume of point k:
+/// E(k) = p1 v1 + ... + pk vk + vk (p(k+1) + ... + pm).
+float ProductionAtPoint(const StochRun& run, int k) {
+    if (k == 1) {
+        return run.Volume[1];
+    }
+    double production = 0;
+    for (int point = 1; point <= run.DemandPoints; ++point) {
+        const auto volume = run.Volume.at(static_cast<std::size_t>(std::min(point, k)));
+        production += static_cast<double>(run.Prob.at(static_cast<std::size_t>(point))) / kPercent *
+                      static_cast<double>(volume);
+    }
+    return ToSingle(production, "Expected production");
+}
+
+void WriteExpectedProduction(StochRun& run) {
+    RecordWriter<ExpectedProductionRecord> file(run.Files.ExpectedProduction());
+    float low = ProductionAtPoint(run, 1);
+    for (int k = 2; k <= run.DemandPoints; ++k) {
+        const float high = ProductionAtPoint(run, k);
+        file.Write({run.Volume.at(static_cast<std::size_t>(k - 1)),
+                    run.Volume.at(static_cast<std::size_t>(k)), low, high});
+        low = high;
+    }
+    file.Write({run.Volume.at(static_cast<std::size_t>(run.DemandPoints)), kNoUpperEnd, low, low});
+    file.Close();
+    run.MeanDemand = low;
+}
+
+}  // namespace
+
+void BuildDemandTable(StochRun& run) {
+    ReadDemandPoints(run);
+    SetVolumeRange(run);
+    WriteExpectedProduction(run);
+    DrawDemandDistribution(run);
+}
+
+}  // namespace quarnel02

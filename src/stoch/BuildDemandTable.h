@@ -1,0 +1,13 @@
+#pragma once
+
+#include "stoch/StochRun.h"
+
+namespace quarnel02 {
+
+/// Reads the demand points, writes "EProd", the expected production over capacity, and draws the
+/// distribution on picGraph 1. Sets the range of volumes that all curves cover.
+/// Throws SubscriptOutOfRange for an eleventh point, TypeMismatch for a negative volume or when
+/// no volume is above 0, FileAccess.
+void BuildDemandTable(StochRun& run);
+
+}  // namespace quarnel02

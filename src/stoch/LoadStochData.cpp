@@ -1,0 +1,60 @@
+#include "stoch/LoadStochData.h"
+
+#include "basic/Numbers.h"
+
+namespace quarnel02 {
+
+namespace {
+
+MatrixEntry FetchPair(const Database& database, int resource, int task) {
+    const RecordSet pair = database.OpenRecordSet(
+        "SELECT TaskTime, ToolNum, ToolCost FROM Matrix WHERE ResourceId = " +
+        NumberText(resource) + " AND TaskId = " + NumberText(task) + ";");
+    if (pair.RecordCount() == 0) {
+        return {0, 0, 0};
+    }
+    return {pair.Number(0), pair.Integer(1), pair.Number(2)};
+}
+
+/// False when there is no such resource.
+bool FetchResource(const Database& database, int resource, StochResource& data) {
+    const RecordSet row = database.OpenRecordSet(
+        "SELECT ShortName, FixedCost, UpTime, ToolChange, VarCost, ICF, StatPerWrk, Type FROM "
+        "Resources WHERE ResourceId = " +
+        NumberText(resource) + ";");
+    if (row.RecordCount() == 0) {
+        return false;
+    }
+    data.ShortName = row.Text(0);
+    data.Costs = {.FixedCost = row.Number(1),
+                  .VarCost = row.Number(4),
+                  .UpTime = row.Number(2),
+                  .ICF = row.Number(5),
+                  .ToolChange = row.Number(3),
+                  .StatPerWrk = row.Number(6)};
+    data.Type = row.Integer(7);
+    return true;
+}
+
+}  // namespace
+
+bool LoadStochData(StochRun& run) {
+    const Database& database = run.Form.Model;
+    const RecordSet gen = database.OpenRecordSet("SELECT * FROM GEN;");
+    run.Tasks = gen.Integer("Tasks");
+    run.Resources = gen.Integer("Resources");
+    run.Matrix.clear();
+    run.ResourceData.clear();
+    const Transaction reading(database);
+    for (int resource = 1; resource <= run.Resources; ++resource) {
+        for (int task = 1; task <= run.Tasks; ++task) {
+            run.Matrix.push_back(FetchPair(database, resource, task));
+        }
+        if (!FetchResource(database, resource, run.ResourceData.emplace_back())) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace quarnel02

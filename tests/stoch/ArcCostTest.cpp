@@ -1,0 +1,113 @@
+// With one certain demand v the cost curve is the fixed-demand cost model: capacity v works three
+// shifts, 1.5 v two and 3 v one.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "fixed/CostModel.h"
+#include "stoch/ArcCost.h"
+#include "stoch/CurveFile.h"
+#include "support/StochBruteForce.h"
+#include "support/StochDesk.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::Dice;
+using test::ModelScript;
+using test::StochDesk;
+
+PathwayCost FixedCostOf(const StochRun& run, int resource, int start, int end, double demand,
+                        std::int16_t shifts) {
+    std::vector<MatrixEntry> by_task;
+    for (int task = start; task <= end; ++task) {
+        by_task.push_back(run.Pair(resource, task));
+    }
+    std::vector<MatrixEntry> by_tool = by_task;
+    std::stable_sort(
+        by_tool.begin(), by_tool.end(),
+        [](const MatrixEntry& a, const MatrixEntry& b) { return a.ToolNum < b.ToolNum; });
+    return CostOfPathway(by_tool, by_task, run.ResourceOf(resource).Costs, run.Parameters,
+                         {demand, shifts, run.Parameters.Days * shifts * 8 * 3600 / demand});
+}
+
+ArcSegment SegmentAt(const std::filesystem::path& table, float volume) {
+    CurveReader<ArcSegment> file(table);
+    while (!file.AtEnd() && file.Current().SegEnd < volume) {
+        file.Advance();
+    }
+    return file.AtEnd() ? ArcSegment{} : file.Current();
+}
+
+void ExpectFixedCosts(const StochRun& run, int resource, int start, int end, double demand) {
+    const auto table = run.Files.Resource(start, end, resource);
+    for (const auto& [shifts, factor] : {std::pair(3, 1.0), std::pair(2, 1.5), std::pair(1, 3.0)}) {
+        SCOPED_TRACE(table.filename().string() + " shifts " + std::to_string(shifts));
+        const auto capacity = static_cast<float>(factor * demand);
+        const PathwayCost fixed =
+            FixedCostOf(run, resource, start, end, demand, static_cast<std::int16_t>(shifts));
+        const ArcSegment segment = SegmentAt(table, capacity);
+        EXPECT_EQ(static_cast<float>(CostAt(segment, capacity)), fixed.Cost);
+        EXPECT_EQ(ResourceOf(segment.Choice), resource);
+        EXPECT_EQ(StationsOf(segment.Choice), fixed.Stations);
+    }
+}
+
+TEST(ArcCost, EqualsTheFixedDemandCostOfACertainDemand) {
+    constexpr int models = 60;
+    Dice dice(7);
+    int compared = 0;
+    for (int number = 0; number < models; ++number) {
+        ModelScript model = test::RandomStochModel(dice);
+        const double demand = dice(20, 4000) * 100.0;
+        model.Demand = {{demand, 100}};
+        StochDesk desk(model);
+        desk.BuildDemandTables();
+        for (int resource = 1; resource <= desk.Run.Resources; ++resource) {
+            desk.Run.StartTask = 1;
+            desk.Run.EndTask = dice(1, model.Tasks);
+            BuildResourceTables(desk.Run);
+            if (LoadOfArc(desk.Run, resource, 1, desk.Run.EndTask)) {
+                ExpectFixedCosts(desk.Run, resource, 1, desk.Run.EndTask, demand);
+                ++compared;
+            }
+        }
+    }
+    EXPECT_GT(compared, models / 2);
+}
+
+TEST(ArcCost, OfTheWorkedExample) {
+    ModelScript model = test::WorkedExample();
+    model.Demand = {{100000, 100}};
+    StochDesk desk(model);
+    desk.BuildDemandTables();
+    desk.BuildArc(1, 2);
+    // One shift for 100,000 units: capacity 300,000 needs one station of 61.111 s within 72 s.
+    // 0.3 x 12,600 + 30,555.56 + 30,000
+    const ArcSegment segment = SegmentAt(desk.Run.Files.Initial(1, 2), 300000);
+    EXPECT_NEAR(CostAt(segment, 300000), 64335.55, 0.01);
+    EXPECT_EQ(StationsOf(segment.Choice), 1);
+}
+
+TEST(ArcCost, APairNeedsATimeAboveZeroAndSoDoesEveryPairOfAnArc) {
+    ModelScript model;
+    model.Tasks = 3;
+    model.Resources = {{"Hand"}};
+    model.Matrix = {{1, 1, 10}, {1, 3, 0}};
+    model.Demand = {{1000, 50}, {2000, 50}};
+    StochDesk desk(model);
+    desk.BuildDemandTables();
+    EXPECT_TRUE(LoadOfArc(desk.Run, 1, 1, 1).has_value());
+    EXPECT_FALSE(LoadOfArc(desk.Run, 1, 2, 2).has_value());  // no row
+    EXPECT_FALSE(LoadOfArc(desk.Run, 1, 3, 3).has_value());  // a time of 0
+    EXPECT_FALSE(LoadOfArc(desk.Run, 1, 1, 2).has_value());
+    EXPECT_EQ(desk.Run.Pair(1, 2).TaskTime, 0);
+    EXPECT_EQ(desk.Run.Pair(1, 2).ToolNum, 0);
+    EXPECT_EQ(desk.Run.Pair(1, 2).ToolCost, 0);
+}
+
+}  // namespace
+}  // namespace quarnel02

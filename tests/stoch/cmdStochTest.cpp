@@ -1,0 +1,149 @@
+// The stochastic button: when it starts, what it says on the way, and what it leaves in the
+// application directory.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/StochModels.h"
+#include "support/StochSolve.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::ModelScript;
+using test::StagesModel;
+using test::StochSolve;
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* kNoDemand =
+    "message[information]: You must first enter a probability distribution for demand.";
+
+ModelScript WithDemand(std::vector<std::pair<double, double>> demand) {
+    ModelScript model = StagesModel();
+    model.Demand = std::move(demand);
+    return model;
+}
+
+TEST(cmdStoch, RefusesAModelWithoutDemand) {
+    StochSolve solve(WithDemand({}));
+    solve.Form.picGraph[0].Print("old");
+    solve.Form.picGraph[3].Print("old");
+    solve.Press();
+    EXPECT_EQ(solve.Form.Events, Lines{kNoDemand});
+    EXPECT_EQ(solve.Files(), Lines{});
+    for (const Picture& picture : solve.Form.picGraph) {
+        EXPECT_TRUE(picture.Figures().empty());
+    }
+}
+
+TEST(cmdStoch, RefusesASingleDemand) {
+    StochSolve solve(WithDemand({{100000, 100}}));
+    solve.MakeFile("Final1");
+    solve.Press();
+    EXPECT_EQ(solve.Form.Events, Lines{kNoDemand});
+    EXPECT_EQ(solve.Files(), Lines{"Final1"});  // nothing else happens
+}
+
+TEST(cmdStoch, TwoDemandsAreEnough) {
+    StochSolve solve(WithDemand({{100000, 50}, {200000, 50}}));
+    solve.Press();
+    EXPECT_EQ(solve.EventsOf({"message"}), Lines{});
+    EXPECT_EQ(solve.Files(), Lines{"ProdRpt.txt"});
+}
+
+TEST(cmdStoch, ClosesTheModelAtTheEnd) {
+    StochSolve solve(StagesModel());
+    solve.Press();
+    EXPECT_FALSE(solve.Form.Model.IsOpen());
+}
+
+/// Every text for one arc.
+void AddArc(Lines& texts, const std::string& start, const std::string& end,
+            const std::string& progress) {
+    texts.push_back("status: Creating Resource Tables for Task " + start + " To Task " + end);
+    texts.push_back("status: Creating Initial Tables for Task " + start + " To Task " + end);
+    texts.push_back("progress: " + progress);
+}
+
+void AddTask(Lines& texts, const std::string& task) {
+    texts.push_back("status: Creating Intermediate Tables for Task " + task);
+    texts.push_back("status: Creating Final Table for Task " + task);
+    texts.push_back("status: " + task + " of 3 Tasks Completed");
+}
+
+TEST(cmdStoch, SaysWhatItDoesInOrder) {
+    ModelScript model = StagesModel();
+    model.Tasks = 3;
+    model.Matrix.push_back({2, 3, 30, 2, 500});
+    StochSolve solve(model);
+    solve.Press();
+    Lines expected = {"show status: PLEASE WAIT -- PROGRAM IS RUNNING"};
+    AddArc(expected, "1", "1", "1/6");
+    AddTask(expected, "1");
+    AddArc(expected, "1", "2", "2/6");
+    AddArc(expected, "2", "2", "3/6");
+    AddTask(expected, "2");
+    AddArc(expected, "1", "3", "4/6");
+    AddArc(expected, "2", "3", "5/6");
+    AddArc(expected, "3", "3", "6/6");
+    AddTask(expected, "3");
+    expected.emplace_back("status: Adding Expected Penalties to Final Table");
+    expected.emplace_back("hide status");
+    expected.push_back("start: notepad.exe " + PathText(solve.Copy.File("ProdRpt.txt")));
+    EXPECT_EQ(solve.EventsOf({"show status", "status", "progress", "hide status", "notice",
+                              "message", "start", "end program"}),
+              expected);
+}
+
+TEST(cmdStoch, MissingResourceIsSaidBeforeAnythingIsBuilt) {
+    StochSolve solve(StagesModel().Sql() + "DELETE FROM Resources WHERE ResourceId = 2;");
+    solve.MakeFile("Final");
+    solve.MakeFile("F1T1.R1");
+    solve.Press();
+    EXPECT_EQ(solve.Form.Events,
+              Lines{"message[information]: Please complete the task and resource information "
+                    "tables first."});
+    EXPECT_EQ(solve.Files(), Lines{});
+}
+
+TEST(cmdStoch, MissingPairsAreNoError) {
+    StochSolve solve(StagesModel());  // Press has no row for task 1
+    solve.Press();
+    EXPECT_EQ(solve.EventsOf({"message"}), Lines{});
+    EXPECT_EQ(solve.EventsOf({"start"}).size(), 1U);
+}
+
+TEST(cmdStoch, LeavesNoRunFilesAndKeepsOtherFiles) {
+    StochSolve solve(StagesModel());
+    for (const char* name : {"Final", "F1T1.R1", "F9T9.R9", "IT99", "Temp7", "EProd", "EShift",
+                             "Final line.mdb", "RunRpt.txt", "ProdRpt.txt"}) {
+        solve.MakeFile(name);
+    }
+    Lines seen;
+    cmdStoch_Click(
+        solve.Form,
+        {[&](const std::filesystem::path& file) { seen.push_back(file.filename().string()); }, {}});
+    std::sort(seen.begin(), seen.end());
+    EXPECT_EQ(seen, (Lines{"EProd", "EShift", "F1T1.R1", "F1T2.R1", "F2T2.R1", "F2T2.R2", "Final1",
+                           "Final2", "IT11", "IT12", "IT22"}));
+    EXPECT_EQ(solve.Files(), (Lines{"Final line.mdb", "ProdRpt.txt", "RunRpt.txt"}));
+    EXPECT_EQ(ReadFile(solve.Copy.File("RunRpt.txt")), "stale");
+    EXPECT_TRUE(solve.ProductionReport().starts_with("Production Report\n"));
+}
+
+TEST(cmdStoch, AnotherPressGivesTheSameReport) {
+    StochSolve solve(StagesModel());
+    solve.Press();
+    const std::string first = solve.ProductionReport();
+    const auto states = solve.States();
+    solve.Press();
+    EXPECT_EQ(solve.ProductionReport(), first);
+    EXPECT_EQ(solve.States(), states);
+}
+
+}  // namespace
+}  // namespace quarnel02

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "support/ModelScript.h"
+
+namespace quarnel02::test {
+
+/// Two tasks, two resources, two demand points; 250 days are 21,600,000 seconds of three shifts.
+///
+/// Robot alone can do task 1. Its stations need 60 s for task 1, 48 s for task 2, and for both
+/// 60 + 48 + 54 (change to tool 2) + 54 (change back) = 216 s; so k of them serve 360,000 k,
+/// 450,000 k and 100,000 k units a year. They cost 0.3 x (9,000 + 1,000) = 3,000 a year, 3,300
+/// with both tools, 36 / 3600 = 0.01 per second run, and 8 x 250 x 10 = 20,000 per shift.
+/// Press needs 24 s for task 2, enough for 900,000 units; it costs 0.3 x (251,000 + 1,000)
+/// = 75,600 a year, 0.01 per second run, and 20,000 / 4 = 5,000 per shift.
+inline ModelScript StagesModel() {
+    ModelScript model;
+    model.Tasks = 2;
+    model.Days = 250;
+    model.Acf = 0.3;
+    model.LaborCost = 10;
+    model.TransportTime = 0;
+    model.Resources = {{"Robot", 2, 9000, 36, 100, 1, 54, 1},
+                       {"Press", 1, 251000, 36, 100, 1, 0, 4}};
+    model.Matrix = {{1, 1, 60, 1, 1000}, {1, 2, 48, 2, 1000}, {2, 2, 24, 1, 1000}};
+    model.Demand = {{100000, 40}, {200000, 60}};
+    return model;
+}
+
+/// One task on one resource whose k stations serve 100,000 k units a year, for 30,000 k a year
+/// and nothing else: with a penalty of 0.25 per unit one station is the best.
+inline ModelScript PenaltyModel() {
+    ModelScript model;
+    model.Tasks = 1;
+    model.Days = 250;
+    model.Acf = 0.3;
+    model.LaborCost = 0;
+    model.Resources = {{"Oven", 3, 99000, 0, 100, 1, 0, 1}};
+    model.Matrix = {{1, 1, 216, 7, 1000}};
+    model.Demand = {{100000, 40}, {200000, 60}};
+    return model;
+}
+
+}  // namespace quarnel02::test
