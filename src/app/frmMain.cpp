@@ -15,9 +15,11 @@
 #include "app/Dialogs.h"
 #include "app/Parameters.h"
 #include "app/frmGuide.h"
+#include "app/frmStatus.h"
 #include "fixed/cmdContinuous.h"
 #include "shell/Demand.h"
 #include "shell/Reports.h"
+#include "stoch/cmdStoch.h"
 #include "ui_frmMain.h"
 
 namespace quarnel02 {
@@ -194,6 +196,7 @@ void frmMain::ConnectSolve() {
         connect(buttons[static_cast<std::size_t>(shifts - 1)], &QPushButton::clicked, this,
                 [this, shifts] { Solve(shifts); });
     }
+    connect(m_ui->cmdStoch, &QPushButton::clicked, this, &frmMain::SolveStochastic);
     connect(m_ui->chkFitWidth, &QCheckBox::toggled, this, [this](bool fit) {
         m_ui->scrArc->setHorizontalScrollBarPolicy(fit ? Qt::ScrollBarAlwaysOff
                                                        : Qt::ScrollBarAsNeeded);
@@ -205,6 +208,16 @@ void frmMain::Solve(int shifts) {
     RunCommand([&] {
         m_solving = true;
         RunEvent([&] { cmdContinuous_Click(*this, static_cast<std::int16_t>(shifts)); });
+        ShowWorking(false);
+        m_solving = false;
+    });
+}
+
+void frmMain::SolveStochastic() {
+    RunCommand([&] {
+        m_solving = true;
+        m_ui->statusBar->clearMessage();
+        RunEvent([&] { cmdStoch_Click(*this); });
         ShowWorking(false);
         m_solving = false;
     });

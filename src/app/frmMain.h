@@ -20,6 +20,7 @@ namespace quarnel02 {
 
 class FieldBox;
 class frmGuide;
+class frmStatus;
 
 namespace Ui {
 class frmMain;
@@ -63,6 +64,12 @@ class frmMain : public QMainWindow, public MainForm {
     void DoEvents() override;
     void SetBusy(bool busy) override;
     void StartProgram(const std::string& commandLine) override;
+    void ShowStatus(const std::string& text) override;
+    void SetStatus(const std::string& text) override;
+    void SetProgress(int done, int total) override;
+    void HideStatus() override;
+    void Notice(const std::string& text) override;
+    [[noreturn]] void EndProgram() override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -84,6 +91,7 @@ class frmMain : public QMainWindow, public MainForm {
     void AfterError();
     void ChangeDemand(Procedure change);
     void Solve(int shifts);
+    void SolveStochastic();
     void ShowWorking(bool working);
     void OpeningFileMenu();
     void ShowGuide();
@@ -98,6 +106,7 @@ class frmMain : public QMainWindow, public MainForm {
     std::unique_ptr<ReportLauncher> m_launcher;
     frmGuide* m_guide = nullptr;
     QProgressBar* m_progress = nullptr;
+    std::unique_ptr<frmStatus> m_status;  ///< while a stochastic solve runs
     bool m_solving = false;
     QTimer m_afterError;
     FieldBox* m_refused = nullptr;  ///< box to go back to after the message

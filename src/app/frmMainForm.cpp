@@ -4,9 +4,11 @@
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QSignalBlocker>
+#include <cstdlib>
 
 #include "app/Dialogs.h"
 #include "app/frmMain.h"
+#include "app/frmStatus.h"
 #include "shell/Demand.h"
 #include "ui_frmMain.h"
 
@@ -112,6 +114,39 @@ void frmMain::SetBusy(bool busy) {
 
 void frmMain::StartProgram(const std::string& commandLine) {
     m_launcher->Start(commandLine);
+}
+
+void frmMain::ShowStatus(const std::string& text) {
+    m_status = std::make_unique<frmStatus>(this);
+    m_status->setWindowModality(Qt::ApplicationModal);
+    SetBusy(true);
+    m_status->show();
+    SetStatus(text);
+}
+
+void frmMain::SetStatus(const std::string& text) {
+    m_status->SetStatus(QString::fromStdString(text));
+}
+
+void frmMain::SetProgress(int done, int total) {
+    m_status->SetProgress(done, total);
+}
+
+void frmMain::HideStatus() {
+    m_status.reset();
+    SetBusy(false);
+    DoEvents();
+}
+
+/// In the status window it is soon overwritten; the status bar keeps it.
+void frmMain::Notice(const std::string& text) {
+    m_ui->statusBar->showMessage(QString::fromStdString(text));
+    SetStatus(text);
+}
+
+void frmMain::EndProgram() {
+    constexpr int failed = 2;
+    std::_Exit(failed);
 }
 
 }  // namespace quarnel02

@@ -1,6 +1,9 @@
 // The shift buttons through their real dialogs.
 #include <gmock/gmock.h>
 
+#include <QApplication>
+#include <QLabel>
+
 #include "app/WindowTest.h"
 #include "basic/Files.h"
 #include "support/ModelScript.h"
@@ -177,10 +180,55 @@ TEST_F(frmMainSolve, SavesWhatWasTypedLastWhenPressedByShortCut) {
     EXPECT_DOUBLE_EQ(Window->FixedDemandSolve.AvailableCycleTime, 36);
 }
 
-TEST_F(frmMainSolve, StochasticDesignSaysThatItIsMissing) {
-    Start();
-    EXPECT_FALSE(Button("cmdStoch").isEnabled());
-    EXPECT_THAT(Button("cmdStoch").toolTip().toStdString(), HasSubstr("not part of this version"));
+TEST_F(frmMainSolve, StochasticDesignNeedsTwoDemandRows) {
+    StartWith({{100000, 100}});
+    Dialogs.Press(QMessageBox::Ok);
+    Click("cmdStoch");
+    EXPECT_THAT(Dialogs.Seen,
+                ElementsAre("information: You must first enter a probability distribution for "
+                            "demand."));
+    EXPECT_FALSE(std::filesystem::exists(Copy->File("ProdRpt.txt")));
+}
+
+TEST_F(frmMainSolve, StochasticDesignFillsEveryPictureAndOpensTheReport) {
+    StartWith({{100000, 50}, {200000, 50}});
+    Click("cmdStoch");
+    EXPECT_THAT(Dialogs.Seen, IsEmpty());
+    for (const Picture& picture : Window->picGraph) {
+        EXPECT_FALSE(picture.Figures().empty());
+    }
+    EXPECT_THAT(ReadFile(Copy->File("ProdRpt.txt")), HasSubstr("Demand:     100000\n"));
+    EXPECT_THAT(Started, ElementsAre("notepad.exe|" + Copy->File("ProdRpt.txt").string()));
+    EXPECT_TRUE(Window->isEnabled());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(frmMainSolve, StochasticDesignShowsItsProgressInTheStatusWindow) {
+    StartWith({{100000, 50}, {200000, 50}});
+    Window->ShowStatus("PLEASE WAIT -- PROGRAM IS RUNNING");
+    QWidget* status = QApplication::activeModalWidget();
+    ASSERT_NE(status, nullptr);
+    auto* label = status->findChild<QLabel*>("lblStatus");
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->text(), "PLEASE WAIT -- PROGRAM IS RUNNING");
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    Window->SetStatus("Adding Expected Penalties to Final Table");
+    EXPECT_EQ(label->text(), "Adding Expected Penalties to Final Table");
+    Window->HideStatus();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(frmMainSolve, FailingStochasticDesignLeavesTheWindowUsable) {
+    StartWith({{100000, 50}, {200000, 50}});
+    Type("txtPenalty", "abc");
+    Dialogs.Press(QMessageBox::Ok);  // the box refuses its text
+    Click("cmdStoch");
+    EXPECT_EQ(Dialogs.Seen.size(), 1U);
+    EXPECT_TRUE(Window->isEnabled());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 }  // namespace
