@@ -199,9 +199,8 @@ TemporaryDirectory::TemporaryDirectory() {
     std::error_code error;
     const fs::path place = fs::temp_directory_path(error);
     if (error) {
-        throw RunTimeError(ErrorKind::FileAccess,
-                           "There is no directory for temporary files: " + error.message() +
-                               ". Set TMPDIR to one.");
+        throw RunTimeError(ErrorKind::FileAccess, "There is no directory for temporary files: " +
+                                                      error.message() + ". Set TMPDIR to one.");
     }
     std::string name = (place / "quarnel02-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) {

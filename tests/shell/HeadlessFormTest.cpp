@@ -71,7 +71,8 @@ TEST(HeadlessForm, ListsAndSelectsDemand) {
     demand.Form.SelectDemand(1);
     EXPECT_EQ(demand.Form.SelectedDemand(), 1);
     EXPECT_EQ(demand.Shown(), "500 at 40%");
-    EXPECT_EQ(demand.Form.Events, (std::vector<std::string>{"sum: 100% rgb(0,0,128)", "select: 1"}));
+    EXPECT_EQ(demand.Form.Events,
+              (std::vector<std::string>{"sum: 100% rgb(0,0,128)", "select: 1"}));
     ListDemand(demand.Form);
     EXPECT_EQ(demand.Form.SelectedDemand(), -1);
 }
