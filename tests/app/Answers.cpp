@@ -83,7 +83,8 @@ void Answers::Escape() {
 
 bool Answers::eventFilter(QObject* watched, QEvent* event) {
     auto* dialog = qobject_cast<QDialog*>(watched);
-    if (dialog != nullptr && event->type() == QEvent::Show && dialog->isModal()) {
+    const bool asks = dialog != nullptr && dialog->objectName() != "frmStatus";
+    if (asks && event->type() == QEvent::Show && dialog->isModal()) {
         QTimer::singleShot(0, dialog, [this, dialog] { Give(*dialog); });
     }
     return false;

@@ -222,13 +222,14 @@ TEST_F(frmMainSolve, StochasticDesignShowsItsProgressInTheStatusWindow) {
 }
 
 TEST_F(frmMainSolve, FailingStochasticDesignLeavesTheWindowUsable) {
-    StartWith({{100000, 50}, {200000, 50}});
-    Type("txtPenalty", "abc");
-    Dialogs.Press(QMessageBox::Ok);  // the box refuses its text
+    StartWith(std::vector<std::pair<double, double>>(11, {100000, 9}));  // one row too many
+    Dialogs.Press(QMessageBox::Ok);
     Click("cmdStoch");
-    EXPECT_EQ(Dialogs.Seen.size(), 1U);
-    EXPECT_TRUE(Window->isEnabled());
+    ASSERT_EQ(Dialogs.Seen.size(), 1U);
+    EXPECT_THAT(Dialogs.Seen[0], HasSubstr("critical: Demand has more than 10 points."));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_TRUE(Window->isEnabled());
 }
 
 }  // namespace
