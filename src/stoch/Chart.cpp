@@ -28,7 +28,7 @@ AxisScale RoundScale(double low, double high, int most) {
     const double span = high > low ? high - low : std::max(std::fabs(high), 1.0);
     const double power = std::pow(10, std::floor(std::log10(span / most)));
     double step = power;
-    for (const double factor : {1.0, 2.0, 2.5, 5.0, 10.0}) {
+    for (const double factor : {1.0, 2.0, 2.5, 5.0, 10.0, 20.0}) {
         step = factor * power;
         if (std::ceil(high / step) - std::floor(low / step) <= most) {
             break;
@@ -93,7 +93,7 @@ void Chart::DrawAxes() {
     const Font& font = m_picture.TextFont;
     PrintAt(m_left + (PlotWidth() - TextWidth(m_x.Title, font)) / 2,
             m_picture.Height() - LineHeight(font) - kGap, m_x.Title, kInk);
-    PrintAt(kGap, m_top - LineHeight(font) - kGap, m_y.Title, kInk);
+    PrintAt(kGap, m_top - LineHeight(font) - 2 * kGap, m_y.Title, kInk);
 }
 
 void Chart::DrawXTicks() {
@@ -105,7 +105,7 @@ void Chart::DrawXTicks() {
         const std::string text = TickText(m_x, value);
         const double width = TextWidth(text, m_picture.TextFont);
         if (x - width / 2 >= free_from) {
-            PrintAt(x - width / 2, m_bottom + kTickLength + kGap / 2, text, kInk);
+            PrintAt(x - width / 2, m_bottom + kTickLength + kGap, text, kInk);
             free_from = x + width / 2 + kGap;
         }
     }

@@ -49,6 +49,12 @@ void PrintClosing(LinePrinter& printer, const ProductionFigures& figures) {
     printer.Print("Expected Annualized Fixed Costs: ", Format(figures.FixedCosts, "$#,###"));
 }
 
+/// A number without exponent; from 10 million on, where a single has no more digits, a whole one.
+std::string PlainText(double value) {
+    constexpr double whole_from = 1e7;
+    return value < whole_from ? NumberText(static_cast<float>(value)) : Format(value, "###0");
+}
+
 std::string ReportText(const ProductionFigures& figures) {
     TextLines lines;
     LinePrinter printer(lines);
@@ -59,10 +65,10 @@ std::string ReportText(const ProductionFigures& figures) {
         if (outcome.Prob == 0) {
             continue;
         }
-        printer.Print("Demand:     ", NumberText(outcome.Volume));
+        printer.Print("Demand:     ", PlainText(static_cast<double>(outcome.Volume)));
         printer.Print("Shifts:     ", NumberText(outcome.Shifts));
         printer.Print("Total Cost: ", Format(outcome.TotalCost, "$#,###"));
-        printer.Print("Penalty:    ", NumberText(static_cast<float>(outcome.Penalty)));
+        printer.Print("Penalty:    ", PlainText(outcome.Penalty));
         printer.Print(" ");
     }
     return lines.Text();

@@ -163,6 +163,16 @@ TEST_F(StochasticProgram, DesignsTheExampleModels) {
     EXPECT_NE(result.Out.find("\n\nProduction Report\n"), std::string::npos) << result.Out;
 }
 
+TEST_F(StochasticProgram, SaysOnStandardErrorThatATableWasFull) {
+    const auto result = Run({Run.Make("long.mdb", test::LongTableModel()), "--stochastic"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_TRUE(result.Out.starts_with("Final Solution\n")) << result.Out;
+    EXPECT_TRUE(result.Err.starts_with(
+        "Table Temp1 is full at 10000 records: its cost curve ends at a volume of 3,"))
+        << result.Err;
+    EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), 1) << result.Err;
+}
+
 TEST_F(StochasticProgram, EndsOnATaskThatNoResourceCanDo) {
     ModelScript model = StagesModel();
     model.Matrix.pop_back();

@@ -123,6 +123,21 @@ TEST(StochFailures, AnUnwritableDirectoryEndsTheRunCleanly) {
     EXPECT_EQ(solve.Form.Events.back(), "hide status");
 }
 
+TEST(StochFailures, ADirectoryThatMayOnlyBeReadEndsTheRunCleanly) {
+    StochSolve solve(StagesModel());
+    const std::string model = ReadFile(solve.Copy.File());
+    std::string message;
+    test::SetPermissions(solve.Copy.Directory(), 0555);
+    {
+        const test::OrdinaryUser user;
+        message = ExpectRunTimeError(ErrorKind::FileAccess, [&] { solve.Press(); });
+    }
+    test::SetPermissions(solve.Copy.Directory(), 0755);
+    EXPECT_FALSE(message.empty());
+    EXPECT_EQ(solve.Files(), Lines{});
+    EXPECT_EQ(ReadFile(solve.Copy.File()), model);
+}
+
 /// No resource can do task 2.
 ModelScript Impossible() {
     ModelScript model = StagesModel();

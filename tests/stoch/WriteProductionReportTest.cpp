@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/FigureText.h"
+#include "support/RunTimeErrors.h"
 #include "support/StochModels.h"
 #include "support/StochSolve.h"
 
@@ -136,6 +137,30 @@ TEST(WriteProductionReport, PrintsASmallPenaltyInPlainDecimals) {
     EXPECT_NE(solve.ProductionReport().find("\nPenalty:    0.625\n"), std::string::npos)
         << solve.ProductionReport();
     EXPECT_NE(solve.ProductionReport().find("\nDemand:     100002.5\n"), std::string::npos);
+}
+
+TEST(WriteProductionReport, PrintsLargeNumbersWithoutExponent) {
+    ModelScript model = PenaltyModel();
+    model.Demand = {{100000, 40}, {40000000, 60}};
+    StochSolve solve(model, "0.4");
+    solve.Press();
+    // A unit more costs 0.3 a year and saves 0.6 x 0.4; 39,900,000 units are missed.
+    EXPECT_NE(solve.ProductionReport().find("Demand:     40000000\n"
+                                            "Shifts:     3\n"
+                                            "Total Cost: $15,990,000\n"
+                                            "Penalty:    15960000\n"),
+              std::string::npos)
+        << solve.ProductionReport();
+}
+
+TEST(WriteProductionReport, AFailureLeavesTheMarksAsTheyWere) {
+    StochSolve solve(StagesModel(), "2");
+    const auto states = solve.States();
+    std::filesystem::create_directory(solve.Copy.File("ProdRpt.txt"));
+    test::ExpectRunTimeError(ErrorKind::FileAccess, [&] { solve.Press(); });
+    EXPECT_EQ(solve.States(), states);
+    EXPECT_EQ(solve.Files(), Lines{"ProdRpt.txt"});
+    EXPECT_EQ(solve.EventsOf({"start"}), Lines{});
 }
 
 TEST(WriteProductionReport, SkipsAProbabilityOfZero) {

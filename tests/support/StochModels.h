@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "support/ModelScript.h"
 
 namespace quarnel02::test {
@@ -37,6 +39,25 @@ inline ModelScript PenaltyModel() {
     model.Resources = {{"Oven", 3, 99000, 0, 100, 1, 0, 1}};
     model.Matrix = {{1, 1, 216, 7, 1000}};
     model.Demand = {{100000, 40}, {200000, 60}};
+    return model;
+}
+
+/// Three tasks with a resource each. Their stations serve 1,000, 1,003 and 1,007 units a year, so
+/// that up to 3 x 1,300,000 units there are about 3 x 3,900 volumes that need one station more.
+inline ModelScript LongTableModel() {
+    ModelScript model;
+    model.Tasks = 3;
+    model.Days = 250;
+    model.Acf = 0.3;
+    model.LaborCost = 1;
+    model.Resources = {{"First", 0, 900}, {"Second", 1, 800}, {"Third", 2, 700}};
+    for (int task = 1; task <= model.Tasks; ++task) {
+        constexpr double seconds_of_year = 21600000;
+        const double served =
+            std::array{1000.0, 1003.0, 1007.0}.at(static_cast<std::size_t>(task - 1));
+        model.Matrix.push_back({task, task, seconds_of_year / served, 1, 100});
+    }
+    model.Demand = {{1000, 50}, {1300000, 50}};
     return model;
 }
 

@@ -1,0 +1,194 @@
+// The charts of a stochastic solve: round axes, labels that do not run into one another, and
+// everything on the paper.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "stoch/Chart.h"
+#include "stoch/DrawStochasticCosts.h"
+#include "support/FigureText.h"
+#include "support/StochBruteForce.h"
+#include "support/StochDesk.h"
+#include "support/StochModels.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::ModelScript;
+using test::StochDesk;
+
+TEST(RoundScale, HoldsTheRangeInRoundSteps) {
+    const AxisScale tens = RoundScale(3, 97, 10);
+    EXPECT_EQ(tens.Low, 0);
+    EXPECT_EQ(tens.High, 100);
+    EXPECT_EQ(tens.Step, 10);
+    const AxisScale thousands = RoundScale(100000, 600000, 8);
+    EXPECT_EQ(thousands.Low, 100000);
+    EXPECT_EQ(thousands.High, 600000);
+    EXPECT_EQ(thousands.Step, 100000);
+}
+
+TEST(RoundScale, HoldsAnyRangeInAtMostSoManySteps) {
+    test::Dice dice(3);
+    for (int round = 0; round < 1000; ++round) {
+        const double low = dice(0, 100000) / 7.0;
+        const double high = low + dice(0, 5000000) / 11.0;
+        const int most = dice(3, 9);
+        const AxisScale scale = RoundScale(low, high, most);
+        EXPECT_LE(scale.Low, low);
+        EXPECT_GE(scale.High, high - 1e-9 * high);
+        EXPECT_GT(scale.High, scale.Low);
+        EXPECT_LE((scale.High - scale.Low) / scale.Step, most + 1e-6) << low << " to " << high;
+    }
+}
+
+TEST(ThousandsText, EndsInK) {
+    EXPECT_EQ(ThousandsText(12500), "12.5K");
+    EXPECT_EQ(ThousandsText(600000), "600K");
+    EXPECT_EQ(ThousandsText(0), "0K");
+    EXPECT_EQ(ThousandsText(999), "0.999K");
+}
+
+struct Box {
+    double Left;
+    double Top;
+    double Right;
+    double Bottom;
+};
+
+Box BoxOf(const TextFigure& text) {
+    return {text.X, text.Y, text.X + TextWidth(text.Text, text.Face),
+            text.Y + LineHeight(text.Face)};
+}
+
+bool Overlap(const Box& a, const Box& b) {
+    return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
+}
+
+void ExpectReadable(const Picture& picture) {
+    const auto texts = test::FiguresOf<TextFigure>(picture);
+    EXPECT_GE(texts.size(), 5U);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t j = i + 1; j < texts.size(); ++j) {
+            EXPECT_FALSE(Overlap(BoxOf(texts[i]), BoxOf(texts[j])))
+                << "[" << texts[i].Text << "] and [" << texts[j].Text << "]";
+        }
+    }
+    const Extent drawn = picture.Bounds();
+    EXPECT_EQ(drawn.Left, 0);
+    EXPECT_EQ(drawn.Top, 0);
+    EXPECT_EQ(drawn.Right, picture.Width());
+    EXPECT_EQ(drawn.Bottom, picture.Height());
+}
+
+bool HasText(const Picture& picture, const std::string& text) {
+    const auto texts = test::FiguresOf<TextFigure>(picture);
+    return std::any_of(texts.begin(), texts.end(),
+                       [&](const TextFigure& each) { return each.Text == text; });
+}
+
+/// Lines of the chart's blue on the demand picture: its bars.
+std::size_t Bars(const Picture& picture) {
+    const auto lines = test::FiguresOf<LineFigure>(picture);
+    return static_cast<std::size_t>(
+        std::count_if(lines.begin(), lines.end(), [](const LineFigure& each) {
+            return each.Pen == Colour{21, 101, 192};
+        }));
+}
+
+class Charts : public testing::TestWithParam<int> {
+  protected:
+    /// Points of any size, evenly apart, close together, or next to one far away.
+    static std::vector<std::pair<double, double>> Points(int count, int kind) {
+        std::vector<std::pair<double, double>> points;
+        for (int point = 1; point <= count; ++point) {
+            const double volume = kind == 0   ? 10000.0 * point
+                                  : kind == 1 ? 123456.5 + point
+                                  : kind == 2 ? (point == count ? 900000.0 : 1000.0 * point)
+                                              : 0.5 * point;
+            points.emplace_back(volume, 100.0 / count);
+        }
+        return points;
+    }
+};
+
+TEST_P(Charts, AreReadable) {
+    for (int kind = 0; kind < 4; ++kind) {
+        SCOPED_TRACE("kind " + std::to_string(kind));
+        ModelScript model = test::StagesModel();
+        model.Demand = Points(GetParam(), kind);
+        StochDesk desk(model, "3");
+        desk.BuildDemandTables();
+        ExpectReadable(desk.Form.picGraph[1]);
+        EXPECT_EQ(Bars(desk.Form.picGraph[1]), static_cast<std::size_t>(GetParam()));
+        ExpectReadable(desk.Form.picGraph[3]);
+        EXPECT_TRUE(HasText(desk.Form.picGraph[3], "Expected Shifts"));
+        desk.BuildFinalTables();
+        AddExpectedPenalties(desk.Run);
+        ExtractStochasticSolution(desk.Run);
+        DrawStochasticCosts(desk.Run);
+        ExpectReadable(desk.Form.picGraph[3]);
+        EXPECT_TRUE(HasText(desk.Form.picGraph[3], "Expected Annual Cost"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Points, Charts, testing::Range(2, 11));
+
+TEST(ChartDrawings, LabelVolumesInThousands) {
+    StochDesk desk(test::StagesModel());
+    desk.BuildDemandTables();
+    EXPECT_TRUE(HasText(desk.Form.picGraph[1], "100K"));
+    EXPECT_TRUE(HasText(desk.Form.picGraph[1], "200K"));
+    EXPECT_TRUE(HasText(desk.Form.picGraph[3], "600K"));
+}
+
+TEST(ChartDrawings, MarkTheChosenCapacity) {
+    StochDesk desk(test::StagesModel());
+    desk.Solve();
+    DrawStochasticCosts(desk.Run);
+    const auto discs = test::FiguresOf<CircleFigure>(desk.Form.picGraph[3]);
+    ASSERT_EQ(discs.size(), 1U);
+    EXPECT_TRUE(discs[0].Filled);
+    EXPECT_EQ(discs[0].X, desk.Form.picGraph[3].Width() * 0.96);  // the last volume is on the edge
+    EXPECT_TRUE(HasText(desk.Form.picGraph[3], "600K: $178,400"));
+}
+
+TEST(ChartDrawings, EqualVolumesShareABar) {
+    ModelScript model = test::StagesModel();
+    model.Demand = {{100000, 20}, {100000, 30}, {200000, 50}};
+    StochDesk desk(model);
+    desk.BuildDemandTables();
+    EXPECT_EQ(Bars(desk.Form.picGraph[1]), 2U);
+}
+
+TEST(ChartDrawings, OfOneVolumeAlone) {
+    ModelScript model = test::StagesModel();
+    model.Demand = {{100000, 50}, {100000, 50}};
+    StochDesk desk(model);
+    desk.Solve();
+    DrawStochasticCosts(desk.Run);
+    ExpectReadable(desk.Form.picGraph[1]);
+    ExpectReadable(desk.Form.picGraph[3]);
+}
+
+TEST(ChartDrawings, OfProbabilitiesThatAreAllZero) {
+    ModelScript model = test::StagesModel();
+    model.Demand = {{100000, 0}, {200000, 0}};
+    StochDesk desk(model);
+    desk.Solve();
+    DrawStochasticCosts(desk.Run);
+    for (const int index : {1, 3}) {
+        for (const auto& text :
+             test::FiguresOf<TextFigure>(desk.Form.picGraph[static_cast<std::size_t>(index)])) {
+            EXPECT_EQ(text.Text.find("NaN"), std::string::npos);
+            EXPECT_TRUE(std::isfinite(text.X) && std::isfinite(text.Y)) << text.Text;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace quarnel02
