@@ -1,6 +1,8 @@
 #include "stoch/LoadStochData.h"
 
 #include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "stoch/Records.h"
 
 namespace quarnel02 {
 
@@ -36,6 +38,19 @@ bool FetchResource(const Database& database, int resource, StochResource& data) 
     return true;
 }
 
+/// Without working days no line is possible at any capacity; a larger number of resources does not
+/// fit into the records of the run files.
+void RequireUsable(double days, int resources) {
+    if (!(days > 0)) {
+        throw RunTimeError(ErrorKind::DivisionByZero,
+                           "Gen.Days: there are no working days. Enter a number above 0.");
+    }
+    if (resources > kMostInChoice) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "Resources: the stochastic design takes at most 4,095 of them.");
+    }
+}
+
 }  // namespace
 
 bool LoadStochData(StochRun& run) {
@@ -43,6 +58,7 @@ bool LoadStochData(StochRun& run) {
     const RecordSet gen = database.OpenRecordSet("SELECT * FROM GEN;");
     run.Tasks = gen.Integer("Tasks");
     run.Resources = gen.Integer("Resources");
+    RequireUsable(gen.Number("Days"), run.Resources);
     run.Matrix.clear();
     run.ResourceData.clear();
     const Transaction reading(database);

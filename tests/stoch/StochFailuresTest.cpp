@@ -83,6 +83,14 @@ TEST(StochFailures, AnUptimeOfZeroIsADivisionByZero) {
     ExpectFailure(solve, ErrorKind::DivisionByZero);
 }
 
+TEST(StochFailures, NoWorkingDaysAreRefusedBeforeTheRun) {
+    ModelScript model = StagesModel();
+    model.Days = 0;
+    StochSolve solve(model);
+    EXPECT_TRUE(Contains(ExpectFailure(solve, ErrorKind::DivisionByZero), "Days"));
+    EXPECT_EQ(solve.EventsOf({"show status"}), Lines{});
+}
+
 TEST(StochFailures, StationsPerWorkerOfZeroAreADivisionByZero) {
     ModelScript model = StagesModel();
     model.Resources[0].StatPerWrk = 0;
