@@ -7,7 +7,7 @@
 #include <QStorageInfo>
 #include <utility>
 
-#include "app/Dialogs.h"
+#include "editors/Dialogs.h"
 #include "app/QtPaths.h"
 #include "ui_frmFile.h"
 

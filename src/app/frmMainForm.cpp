@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <QSignalBlocker>
 
-#include "app/Dialogs.h"
+#include "editors/Dialogs.h"
 #include "app/frmMain.h"
 #include "shell/Demand.h"
 #include "ui_frmMain.h"

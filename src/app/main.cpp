@@ -6,7 +6,7 @@
 #include <exception>
 
 #include "app/ApplicationDirectory.h"
-#include "app/Dialogs.h"
+#include "editors/Dialogs.h"
 #include "app/QtPaths.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
