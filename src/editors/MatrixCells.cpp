@@ -28,8 +28,7 @@ std::string Titled(const std::string& title, const std::string& name) {
 std::vector<MatrixHeading> MissingHeadings(const std::string& kind, std::int16_t count) {
     std::vector<MatrixHeading> headings(static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < headings.size(); ++i) {
-        headings[i].Full = "The model has no " + kind + " " + NumberText(static_cast<int>(i + 1)) +
-                           ". Add it with View > " + (kind == "task" ? "Tasks" : "Resources") + ".";
+        headings[i].Full = kind + " " + NumberText(static_cast<int>(i + 1)) + " (not in the model)";
     }
     return headings;
 }
@@ -62,7 +61,7 @@ void MatrixCells::Load() {
 }
 
 void MatrixCells::LoadTasks(const Database& database) {
-    m_taskHeadings = MissingHeadings("task", m_tasks);
+    m_taskHeadings = MissingHeadings("Task", m_tasks);
     RecordSet tasks = database.OpenRecordSet("SELECT * FROM Tasks;");
     for (; !tasks.Eof(); tasks.MoveNext()) {
         if (MatrixHeading* heading = NewHeading(m_taskHeadings, tasks)) {
@@ -73,7 +72,7 @@ void MatrixCells::LoadTasks(const Database& database) {
 }
 
 void MatrixCells::LoadResources(const Database& database) {
-    m_resourceHeadings = MissingHeadings("resource", m_resources);
+    m_resourceHeadings = MissingHeadings("Resource", m_resources);
     RecordSet resources = database.OpenRecordSet("SELECT * FROM Resources;");
     for (; !resources.Eof(); resources.MoveNext()) {
         if (MatrixHeading* heading = NewHeading(m_resourceHeadings, resources)) {
@@ -134,10 +133,13 @@ void MatrixCells::ReadMark(TaskResource pair) {
 }
 
 std::string MatrixCells::Line(TaskResource pair) const {
-    const MatrixHeading& task = Task(pair.Task);
-    const MatrixHeading& resource = Resource(pair.Resource);
-    if (!Exists(pair)) {
-        return task.Exists ? resource.Full : task.Full;
+    if (!Task(pair.Task).Exists) {
+        return "The model has no task " + NumberText(int{pair.Task}) +
+               ". Add it with View > Tasks.";
+    }
+    if (!Resource(pair.Resource).Exists) {
+        return "The model has no resource " + NumberText(int{pair.Resource}) +
+               ". Add it with View > Resources.";
     }
     Database database = m_form.OpenWorkingCopy();
     std::string line = PairLine(database, pair);

@@ -22,15 +22,18 @@ class CellPainter : public QStyledItemDelegate {
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        QStyleOptionViewItem cell = option;
-        initStyleOption(&cell, index);
-        cell.features &= ~QStyleOptionViewItem::HasCheckIndicator;
-        QStyledItemDelegate::paint(painter, cell, QModelIndex());
+        QStyledItemDelegate::paint(painter, option, index);
         if (index.data(Qt::CheckStateRole).value<Qt::CheckState>() == Qt::Checked) {
             const bool selected = (option.state & QStyle::State_Selected) != 0;
             PaintCheck(*painter, option.rect,
                        option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
         }
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
     }
 };
 

@@ -17,10 +17,8 @@ void RecordForm::Begin(const Buttons& buttons, RecordBoxes& boxes, std::vector<i
     m_first = &first;
     m_info = &info;
     m_saveCaption = buttons.Save->text();
-    QFont bold = buttons.Save->font();
-    bold.setBold(true);
-    buttons.Save->setMinimumWidth(buttons.Save->sizeHint().width() +
-                                  4 * QFontMetrics(bold).averageCharWidth());
+    ShowSaveButton(true);
+    buttons.Save->setMinimumWidth(buttons.Save->sizeHint().width());
     connect(buttons.Previous, &QPushButton::clicked, this,
             [this] { Go(&NumberedRecords::Previous); });
     connect(buttons.Next, &QPushButton::clicked, this, [this] { Go(&NumberedRecords::Next); });
@@ -53,22 +51,26 @@ void RecordForm::ShowCurrent() {
     }
 }
 
+void RecordForm::ShowSaveButton(bool unsaved) {
+    QFont face = m_buttons.Save->font();
+    face.setBold(unsaved);
+    m_buttons.Save->setFont(face);
+    m_buttons.Save->setText(unsaved ? m_saveCaption + QStringLiteral(" *") : m_saveCaption);
+}
+
 void RecordForm::ShowState() {
     if (m_records.Count() == 0) {
         m_info->setText(QStringLiteral("There is no %1 yet. Press Add New.").arg(m_noun));
         return;
     }
     const bool unsaved = IsUnsaved();
-    QFont face = m_buttons.Save->font();
-    face.setBold(unsaved);
-    m_buttons.Save->setFont(face);
-    m_buttons.Save->setText(unsaved ? m_saveCaption + QStringLiteral(" *") : m_saveCaption);
+    ShowSaveButton(unsaved);
     QString noun = m_noun;
     noun[0] = noun[0].toUpper();
     const QString place =
         QStringLiteral("%1 %2 of %3.").arg(noun).arg(m_records.Place()).arg(m_records.Count());
     m_info->setText(
-        unsaved ? place + QStringLiteral(" Not saved: every button but Save drops the changes.")
+        unsaved ? place + QStringLiteral(" Not saved yet: moving on or closing drops the changes.")
                 : place);
 }
 

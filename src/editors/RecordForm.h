@@ -53,6 +53,7 @@ class RecordForm : public EditorDialog {
     [[nodiscard]] NumberedRecords& Records() { return m_records; }
 
   private:
+    void ShowSaveButton(bool unsaved);
     void Go(void (NumberedRecords::*step)());
     void AddNew();
     void Save();

@@ -8,6 +8,7 @@ namespace quarnel02 {
 frmTRInfo::frmTRInfo(MainForm& form, QWidget* parent)
     : EditorDialog(parent), m_form(form), m_ui(std::make_unique<Ui::frmTRInfo>()) {
     m_ui->setupUi(this);
+    setMinimumWidth(48 * fontMetrics().averageCharWidth());
     m_boxes = new RecordBoxes("Matrix",
                               {{m_ui->txtTaskInfo_0, "TaskTime"},
                                {m_ui->txtTaskInfo_1, "ToolNum"},
