@@ -6,6 +6,7 @@ void EditorTest::OnDialog(const Steps& steps) {
     Dialogs.Add([this, steps](QDialog& dialog) {
         QDialog* outer = Form;
         Form = &dialog;
+        dialog.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
         steps();
         Form = outer;
