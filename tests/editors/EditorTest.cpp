@@ -1,5 +1,7 @@
 #include "editors/EditorTest.h"
 
+#include <QApplication>
+
 namespace quarnel02::test {
 
 void EditorTest::OnDialog(const Steps& steps) {
@@ -7,7 +9,7 @@ void EditorTest::OnDialog(const Steps& steps) {
         QDialog* outer = Form;
         Form = &dialog;
         dialog.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }));
         steps();
         Form = outer;
     });
