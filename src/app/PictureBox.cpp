@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/PicturePainter.h"
+#include "editors/PicturePainter.h"
 
 namespace quarnel02 {
 

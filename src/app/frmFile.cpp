@@ -7,8 +7,8 @@
 #include <QStorageInfo>
 #include <utility>
 
-#include "app/Dialogs.h"
 #include "app/QtPaths.h"
+#include "editors/Dialogs.h"
 #include "ui_frmFile.h"
 
 namespace quarnel02 {

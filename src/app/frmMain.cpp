@@ -12,10 +12,13 @@
 
 #include "app/AppIcon.h"
 #include "app/DemandCommands.h"
-#include "app/Dialogs.h"
 #include "app/Parameters.h"
 #include "app/frmGuide.h"
-#include "app/frmStatus.h"
+#include "editors/Dialogs.h"
+#include "editors/frmMatrix.h"
+#include "editors/frmResource.h"
+#include "editors/frmTask.h"
+#include "fixed/CreateLinks.h"
 #include "fixed/cmdContinuous.h"
 #include "shell/Demand.h"
 #include "shell/Reports.h"
@@ -278,12 +281,29 @@ void frmMain::ConnectOtherMenus() {
         m_ui->mnuViewLast->setEnabled(
             std::filesystem::exists(InApplicationDirectory(kProductionReport)));
     });
+    ConnectEditors();
     connect(m_ui->mnuViewLast, &QAction::triggered, this,
             [this] { RunCommand([this] { mnuViewLast(*this); }); });
     connect(m_ui->mnuViewLastCont, &QAction::triggered, this,
             [this] { RunCommand([this] { mnuViewLastCont(*this); }); });
     connect(m_ui->mnuHelpGuide, &QAction::triggered, this, &frmMain::ShowGuide);
     connect(m_ui->mnuHelpAbout, &QAction::triggered, this, &frmMain::ShowAbout);
+}
+
+void frmMain::ConnectEditors() {
+    const auto on = [this](QAction* action, const std::function<void()>& show) {
+        connect(action, &QAction::triggered, this, [this, show] { RunCommand(show); });
+    };
+    on(m_ui->mnuViewTasks, [this] {
+        frmTask(*this, this).exec();
+        CreateLinks(*this);
+    });
+    on(m_ui->mnuViewResources, [this] { frmResource(*this, this).exec(); });
+    on(m_ui->mnuViewMatrix, [this] {
+        frmMatrix matrix(*this, this);
+        matrix.LoadMe();
+        matrix.exec();
+    });
 }
 
 void frmMain::ShowGuide() {

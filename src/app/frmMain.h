@@ -83,6 +83,7 @@ class frmMain : public QMainWindow, public MainForm {
     void ConnectSolve();
     void ConnectFileMenu();
     void ConnectOtherMenus();
+    void ConnectEditors();
 
     bool RunCommand(const std::function<void()>& command);
     void SaveOnEntering(FieldBox& box, Procedure save);

@@ -6,9 +6,9 @@
 #include <QSignalBlocker>
 #include <cstdlib>
 
-#include "app/Dialogs.h"
 #include "app/frmMain.h"
 #include "app/frmStatus.h"
+#include "editors/Dialogs.h"
 #include "shell/Demand.h"
 #include "ui_frmMain.h"
 

@@ -6,7 +6,7 @@
 #include <QSysInfo>
 
 #include "app/AppIcon.h"
-#include "app/PicturePainter.h"
+#include "editors/PicturePainter.h"
 #include "ui_frmSplash.h"
 
 namespace quarnel02 {

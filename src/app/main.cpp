@@ -6,10 +6,10 @@
 #include <exception>
 
 #include "app/ApplicationDirectory.h"
-#include "app/Dialogs.h"
 #include "app/QtPaths.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
+#include "editors/Dialogs.h"
 
 namespace {
 

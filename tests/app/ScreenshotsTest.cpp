@@ -1,12 +1,8 @@
 // Pictures of the windows, kept beside the test program, and what must hold on each of them.
 #include <gmock/gmock.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDir>
-#include <QLabel>
-
 #include "app/PictureBox.h"
+#include "app/Screenshot.h"
 #include "app/WindowTest.h"
 #include "app/frmGuide.h"
 #include "app/frmReport.h"
@@ -16,24 +12,8 @@
 namespace quarnel02 {
 namespace {
 
-QPalette DarkPalette() {
-    QPalette dark(QColor(53, 53, 53));
-    dark.setColor(QPalette::Base, QColor(35, 35, 35));
-    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    dark.setColor(QPalette::HighlightedText, Qt::white);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        dark.setColor(QPalette::Disabled, role, QColor(150, 150, 150));
-    }
-    dark.setColor(QPalette::ToolTipBase, QColor(53, 53, 53));
-    dark.setColor(QPalette::ToolTipText, Qt::white);
-    return dark;
-}
-
 class Screenshots : public test::WindowTest {
   protected:
-    Screenshots() : m_palette(QApplication::palette()) {}
-    ~Screenshots() override { QApplication::setPalette(m_palette); }
-
     /// The pump model, solved for two shifts and 60,000 units.
     void StartSolved() {
         Start();
@@ -49,33 +29,15 @@ class Screenshots : public test::WindowTest {
     }
 
     static QImage Keep(QWidget& widget, const std::string& name) {
-        const QString directory = QStringLiteral(QUARNEL02_SCREENSHOTS);
-        QDir().mkpath(directory);
-        const QImage image = widget.grab().toImage();
-        const int percent = static_cast<int>(100 * widget.devicePixelRatioF());
-        EXPECT_TRUE(image.save(QStringLiteral("%1/%2-%3.png")
-                                   .arg(directory, QString::fromStdString(name))
-                                   .arg(percent)));
-        return image;
+        return test::KeepScreenshot(widget, name);
     }
 
     static void ExpectNothingClipped(const QWidget& window) {
-        for (const QWidget* widget : window.findChildren<QWidget*>()) {
-            const bool shows_text = qobject_cast<const QLabel*>(widget) != nullptr ||
-                                    qobject_cast<const QAbstractButton*>(widget) != nullptr;
-            if (!shows_text || !widget->isVisible() || widget->objectName() == "lblPath" ||
-                widget->objectName().startsWith(QStringLiteral("qt_"))) {
-                continue;
-            }
-            EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
-                << widget->objectName().toStdString();
-            EXPECT_GE(widget->height(), widget->minimumSizeHint().height())
-                << widget->objectName().toStdString();
-        }
+        test::ExpectNothingClipped(window, "lblPath");
     }
 
   private:
-    QPalette m_palette;
+    test::PaletteKeeper m_palette;
 };
 
 TEST_F(Screenshots, MainWindow) {
@@ -96,7 +58,7 @@ TEST_F(Screenshots, MainWindowAsSmallAsItGets) {
 }
 
 TEST_F(Screenshots, MainWindowInADarkPalette) {
-    QApplication::setPalette(DarkPalette());
+    QApplication::setPalette(test::DarkPalette());
     StartSolved();
     Keep(*Window, "main-dark");
     EXPECT_LT(Window->palette().color(QPalette::Window).lightness(), 80);

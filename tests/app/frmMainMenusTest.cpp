@@ -181,14 +181,6 @@ TEST_F(frmMainMenus, ADamagedFileBringsOneCriticalMessage) {
     EXPECT_EQ(Title(), "Quarnel02");
 }
 
-TEST_F(frmMainMenus, EditorsAreAnnouncedButDisabled) {
-    Start();
-    for (const char* item : {"mnuViewTasks", "mnuViewResources", "mnuViewMatrix"}) {
-        EXPECT_FALSE(Item(item).isEnabled()) << item;
-        EXPECT_THAT(Item(item).statusTip().toStdString(), HasSubstr("not part")) << item;
-    }
-}
-
 TEST_F(frmMainMenus, TheProductionReportIsEnabledOnceItExists) {
     Start();
     OpenMenu("mnuView");

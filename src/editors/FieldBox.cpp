@@ -1,7 +1,8 @@
-#include "app/FieldBox.h"
+#include "editors/FieldBox.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace quarnel02 {
 
@@ -47,6 +48,25 @@ void FieldBox::mouseReleaseEvent(QMouseEvent* event) {
         selectAll();
     }
     m_entering = false;
+}
+
+void FieldBox::SetUnsaved(bool unsaved) {
+    if (unsaved == m_unsaved) {
+        return;
+    }
+    m_unsaved = unsaved;
+    QFont face = font();
+    face.setBold(unsaved);
+    setFont(face);
+    update();
+}
+
+void FieldBox::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (m_unsaved) {
+        QPainter painter(this);
+        painter.fillRect(QRect(0, 0, 3, height()), palette().color(QPalette::Highlight));
+    }
 }
 
 }  // namespace quarnel02

@@ -13,6 +13,10 @@ class FieldBox : public QLineEdit {
   public:
     explicit FieldBox(QWidget* parent = nullptr);
 
+    /// Shows by bold letters and a bar at the left edge that the text is not stored yet.
+    void SetUnsaved(bool unsaved);
+    [[nodiscard]] bool IsUnsaved() const { return m_unsaved; }
+
   signals:
     void Entered();  ///< Enter was pressed; the key is not swallowed
     void Left();
@@ -22,9 +26,11 @@ class FieldBox : public QLineEdit {
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     bool m_entering = false;  ///< the mouse press that brought the focus is not yet released
+    bool m_unsaved = false;
 };
 
 }  // namespace quarnel02

@@ -1,4 +1,4 @@
-#include "app/PicturePainter.h"
+#include "editors/PicturePainter.h"
 
 #include <QFont>
 #include <QFontMetricsF>

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+
+#include "shell/Picture.h"
+
+namespace quarnel02 {
+
+/// The picture of an equipment class on white paper, whatever the palette. Its tag holds the
+/// code of the class; a long tool tip is broken into lines.
+class TypePicture : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QString tag MEMBER m_tag)
+
+  public:
+    explicit TypePicture(QWidget* parent = nullptr);
+
+    [[nodiscard]] const QString& Tag() const { return m_tag; }
+    void SetTag(const QString& tag) { m_tag = tag; }
+    /// Shows the class, or blank paper.
+    void SetPicture(std::optional<ResourceType> type);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QString m_tag;
+    std::optional<ResourceType> m_type;
+};
+
+}  // namespace quarnel02

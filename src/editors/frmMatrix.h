@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+
+#include "editors/EditorDialog.h"
+#include "editors/MatrixCells.h"
+#include "editors/MatrixModel.h"
+
+namespace quarnel02 {
+
+namespace Ui {
+class frmMatrix;
+}
+
+/// Says which resource can perform which task: a grid of check marks.
+class frmMatrix : public EditorDialog {
+    Q_OBJECT
+
+  public:
+    frmMatrix(MainForm& form, QWidget* parent);
+    ~frmMatrix() override;
+
+    /// Reads the model and draws the grid; to be called before the window is shown.
+    void LoadMe();
+
+  private:
+    void ShowGrid();
+    void ShowLine(const QModelIndex& cell);
+    void Open(const QModelIndex& cell);
+    void Toggle(const QModelIndex& cell);
+    void EditPair(TaskResource pair);
+    void Commit();
+    void ClearAll();
+
+    MainForm& m_form;
+    std::unique_ptr<Ui::frmMatrix> m_ui;
+    MatrixCells m_cells;
+    MatrixModel m_model;
+};
+
+}  // namespace quarnel02

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+
+#include "editors/RecordForm.h"
+
+namespace quarnel02 {
+
+namespace Ui {
+class frmResource;
+}
+
+/// Editor of the candidate kinds of equipment.
+class frmResource : public RecordForm {
+    Q_OBJECT
+
+  public:
+    /// Opens the resources of the working copy; throws what that throws.
+    frmResource(MainForm& form, QWidget* parent);
+    ~frmResource() override;
+
+  protected:
+    void ShowCurrent() override;
+    std::vector<FieldValue> Values() override;
+    [[nodiscard]] bool IsUnsaved() const override;
+
+  private:
+    void ShowType();
+    void StepType(int step);
+
+    std::unique_ptr<Ui::frmResource> m_ui;
+    QString m_storedType;
+};
+
+}  // namespace quarnel02

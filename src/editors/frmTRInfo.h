@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+
+#include "editors/EditorDialog.h"
+#include "editors/PairRecord.h"
+
+namespace quarnel02 {
+
+class RecordBoxes;
+
+namespace Ui {
+class frmTRInfo;
+}
+
+/// Editor of one pair of a task and a resource.
+class frmTRInfo : public EditorDialog {
+    Q_OBJECT
+
+  public:
+    frmTRInfo(MainForm& form, QWidget* parent);
+    ~frmTRInfo() override;
+
+    /// Fills the window for the pair. Throws NoCurrentRecord when one of them does not exist.
+    void FetchInfo(std::int16_t task, std::int16_t resource);
+
+  private:
+    void StoreAndClose();
+
+    MainForm& m_form;
+    std::unique_ptr<Ui::frmTRInfo> m_ui;
+    RecordBoxes* m_boxes;
+    TaskResource m_pair{};
+};
+
+}  // namespace quarnel02

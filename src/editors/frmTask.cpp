@@ -1,0 +1,26 @@
+#include "editors/frmTask.h"
+
+#include "editors/TaskRecords.h"
+#include "ui_frmTask.h"
+
+namespace quarnel02 {
+
+frmTask::frmTask(MainForm& form, QWidget* parent)
+    : RecordForm(form, TaskTable(), "task", parent), m_ui(std::make_unique<Ui::frmTask>()) {
+    m_ui->setupUi(this);
+    m_ui->txtDescription->setMinimumWidth(40 * fontMetrics().averageCharWidth());
+    auto* boxes =
+        new RecordBoxes("Tasks", {{m_ui->txtTask, "TaskId"}, {m_ui->txtDescription, "Description"}},
+                        m_ui->cmdSave, this);
+    Begin({m_ui->cmdTask_0, m_ui->cmdTask_1, m_ui->cmdAddNew, m_ui->cmdSave, m_ui->cmdDelete,
+           m_ui->cmdOK},
+          *boxes, {0, 1}, *m_ui->txtDescription, *m_ui->lblInfo);
+}
+
+frmTask::~frmTask() = default;
+
+void frmTask::DeleteCurrent() {
+    DeleteTask(Records());
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+#include "editors/RecordForm.h"
+
+namespace quarnel02 {
+
+namespace Ui {
+class frmTask;
+}
+
+/// Editor of the tasks in their assembly order.
+class frmTask : public RecordForm {
+    Q_OBJECT
+
+  public:
+    /// Opens the tasks of the working copy; throws what that throws.
+    frmTask(MainForm& form, QWidget* parent);
+    ~frmTask() override;
+
+  protected:
+    void DeleteCurrent() override;
+
+  private:
+    std::unique_ptr<Ui::frmTask> m_ui;
+};
+
+}  // namespace quarnel02

@@ -1,0 +1,65 @@
+#include "editors/EditorTest.h"
+
+#include <QApplication>
+
+namespace quarnel02::test {
+
+void EditorTest::OnDialog(const Steps& steps) {
+    Dialogs.Add([this, steps](QDialog& dialog) {
+        QDialog* outer = Form;
+        Form = &dialog;
+        dialog.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &dialog; }));
+        steps();
+        Form = outer;
+    });
+}
+
+void EditorTest::Edit(const std::string& item, const Steps& steps) {
+    const auto before = Dialogs.Seen.size();
+    OnDialog(steps);
+    Item(item).trigger();
+    EXPECT_GT(Dialogs.Seen.size(), before) << item << " opened nothing";
+    EXPECT_THAT(Dialogs.Seen, ::testing::Not(::testing::Contains("no answer closed it")));
+    Activate();
+}
+
+void EditorTest::Put(const std::string& box, const std::string& text) const {
+    auto& line = Part<QLineEdit>(box);
+    line.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&line, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&line, Qt::Key_Delete);
+    QTest::keyClicks(&line, QString::fromStdString(text));
+}
+
+void EditorTest::Press(const std::string& button, int times) const {
+    for (int i = 0; i < times; ++i) {
+        QTest::mouseClick(&Command(button), Qt::LeftButton);
+    }
+}
+
+void EditorTest::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
+    QTest::keyClick(Form->focusWidget() == nullptr ? Form : Form->focusWidget(), key, modifiers);
+}
+
+void EditorTest::Keys(const std::string& text) const {
+    QTest::keyClicks(Form->focusWidget(), QString::fromStdString(text));
+}
+
+std::string EditorTest::Focus() const {
+    return Form->focusWidget() == nullptr ? "" : Form->focusWidget()->objectName().toStdString();
+}
+
+std::vector<std::string> EditorTest::Tasks() const {
+    return Copy->RowsOf("SELECT * FROM Tasks;", 2);
+}
+
+std::vector<std::string> EditorTest::Resources() const {
+    return Copy->RowsOf("SELECT * FROM Resources;", 10);
+}
+
+std::vector<std::string> EditorTest::Matrix() const {
+    return Copy->RowsOf("SELECT * FROM Matrix;", 5);
+}
+
+}  // namespace quarnel02::test
