@@ -14,6 +14,7 @@
 #include "app/DemandCommands.h"
 #include "app/Parameters.h"
 #include "app/frmGuide.h"
+#include "app/frmStatus.h"
 #include "editors/Dialogs.h"
 #include "editors/frmMatrix.h"
 #include "editors/frmResource.h"
