@@ -25,6 +25,12 @@ class FirstModel : public test::EditorTest {
         EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == Window.get(); }));
     }
 
+    void ChooseSaveAs() {
+        auto& menu = Find<QMenu>("mnuFile");
+        menu.popup(Window->mapToGlobal(QPoint(10, 10)));
+        QTest::keyClick(&menu, Qt::Key_A);
+    }
+
     /// Save, which has the focus after a record, stands in front of Add New.
     void PressAddNew() const {
         if (Focus() == "cmdSave") {
@@ -121,7 +127,7 @@ TEST_F(FirstModel, EnteredByKeyboardGivesTheReportOfTheBatchProgram) {
 
     const std::string model = Copy->File("first.mdb").string();
     Dialogs.Type(model);
-    Item("mnuFileSaveAs").trigger();
+    ChooseSaveAs();
     const auto batch = test::RunProgram({std::string(QUARNEL02_PROGRAMS) + "/quarnel02-solve",
                                          model, "--shifts", "2", "--demand", "100000"});
     EXPECT_EQ(batch.Status, 0) << batch.Err;
