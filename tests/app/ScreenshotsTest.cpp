@@ -47,6 +47,16 @@ TEST_F(Screenshots, MainWindow) {
     EXPECT_EQ(image.size(), Window->size() * Window->devicePixelRatioF());
 }
 
+TEST_F(Screenshots, MainWindowAfterAStochasticDesign) {
+    StartSolved();
+    Click("cmdStoch");
+    QCoreApplication::processEvents();
+    Keep(*Window, "main-stochastic");
+    for (const Picture& picture : Window->picGraph) {
+        EXPECT_FALSE(picture.Figures().empty());
+    }
+}
+
 TEST_F(Screenshots, MainWindowAsSmallAsItGets) {
     StartSolved();
     Window->resize(1, 1);
