@@ -11,6 +11,7 @@
 #include <span>
 #include <vector>
 
+#include "BenchForm.h"
 #include "basic/Files.h"
 #include "basic/Numbers.h"
 #include "fixed/CostModel.h"
@@ -23,32 +24,16 @@
 #include "fixed/cmdContinuous.h"
 #include "generate_model.h"
 #include "model/ModelFile.h"
-#include "shell/HeadlessForm.h"
 
 namespace quarnel02 {
 namespace {
 
 constexpr std::int16_t kShifts = 2;
-constexpr const char* kDemand = "60000";
-
-/// Answers the dialogs of the solve: one demand, no limit.
-class BenchForm : public HeadlessForm {
+/// The demand is asked for, not taken from the model's list.
+class BenchForm : public bench::BenchForm {
   public:
-    using HeadlessForm::HeadlessForm;
+    using bench::BenchForm::BenchForm;
     [[nodiscard]] int DemandCount() const override { return 0; }
-    void ShowMessage(const std::string& text, MessageIcon /*icon*/) override {
-        throw RunTimeErrorMessage{text};
-    }
-    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/) override { return false; }
-    std::string InputBox(const std::string& /*prompt*/, const std::string& /*title*/,
-                         const std::string& /*proposal*/) override {
-        return kDemand;
-    }
-    void StartProgram(const std::string& /*commandLine*/) override {}
-
-    struct RunTimeErrorMessage {
-        std::string Text;
-    };
 };
 
 /// A loaded generated model in a directory of its own.
@@ -140,7 +125,8 @@ void WholeSolve(benchmark::State& state) {
     const double seconds = solving / static_cast<double>(state.iterations());
 
     const MemoryModel memory = ReadModel(model.Form().Model);
-    const Workload workload{60000, kShifts, model.Form().FixedDemandSolve.AvailableCycleTime};
+    const Workload workload{TextToDouble(bench::kDemand, "demand"), kShifts,
+                            model.Form().FixedDemandSolve.AvailableCycleTime};
     const auto start = Clock::now();
     benchmark::DoNotOptimize(CheapestLine(memory, workload));
     const double bare = std::chrono::duration<double>(Clock::now() - start).count();

@@ -56,7 +56,7 @@ CheckImage::CheckImage(QWidget* parent) : QWidget(parent) {
 }
 
 QSize CheckImage::sizeHint() const {
-    return QSize(1, 1) * (fontMetrics().lineSpacing() * 5 / 4);
+    return QSize(1, 1) * (fontMetrics().lineSpacing() * 1.25);
 }
 
 void CheckImage::paintEvent(QPaintEvent* /*event*/) {

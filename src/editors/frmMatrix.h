@@ -15,6 +15,7 @@ class frmMatrix;
 /// Says which resource can perform which task: a grid of check marks.
 class frmMatrix : public EditorDialog {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmMatrix)
 
   public:
     frmMatrix(MainForm& form, QWidget* parent);

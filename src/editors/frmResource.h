@@ -13,6 +13,7 @@ class frmResource;
 /// Editor of the candidate kinds of equipment.
 class frmResource : public RecordForm {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmResource)
 
   public:
     /// Opens the resources of the working copy; throws what that throws.

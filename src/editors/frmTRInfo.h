@@ -16,6 +16,7 @@ class frmTRInfo;
 /// Editor of one pair of a task and a resource.
 class frmTRInfo : public EditorDialog {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmTRInfo)
 
   public:
     frmTRInfo(MainForm& form, QWidget* parent);

@@ -13,6 +13,7 @@ class frmTask;
 /// Editor of the tasks in their assembly order.
 class frmTask : public RecordForm {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmTask)
 
   public:
     /// Opens the tasks of the working copy; throws what that throws.

@@ -77,6 +77,8 @@ class CurveWriter {
 template <class Segment>
 class CurveReader {
   public:
+    using SegmentType = Segment;
+
     explicit CurveReader(const std::filesystem::path& path) : m_file(path) { Advance(); }
 
     [[nodiscard]] bool AtEnd() const { return m_atEnd; }

@@ -8,13 +8,13 @@ namespace quarnel02 {
 
 /// Writes pieces of source segments; neighbouring pieces of one segment go out as one, so that a
 /// segment is cut only where another curve takes over.
-template <class Segment>
+template <class Reader, class Writer>
 class PieceWriter {
   public:
-    explicit PieceWriter(CurveWriter<Segment>& output) : m_output(output) {}
+    explicit PieceWriter(Writer& output) : m_output(output) {}
 
     /// The piece from `from` to `to` of the segment that `source` has in hand.
-    void Write(const CurveReader<Segment>& source, float from, float to) {
+    void Write(const Reader& source, float from, float to) {
         if (m_source == &source && m_number == source.Number()) {
             m_to = to;
             return;
@@ -35,22 +35,22 @@ class PieceWriter {
     }
 
   private:
-    CurveWriter<Segment>& m_output;
-    const CurveReader<Segment>* m_source = nullptr;
+    Writer& m_output;
+    const Reader* m_source = nullptr;
     int m_number = 0;
-    Segment m_segment{};
+    typename Reader::SegmentType m_segment{};
     float m_from = 0;
     float m_to = 0;
 };
 
 /// Merges two curves that start at the same volume into their lower envelope; where they are
 /// equal the first one stands. Where one of them has ended the other one goes on alone.
-/// `key` gives the value by which a cost is compared.
-template <class Segment, class Key>
+/// `key` gives the value by which a cost is compared. Readers and writers are those of files or
+/// anything that walks and takes segments alike.
+template <class Reader, class Writer, class Key>
 class CurveMerge {
   public:
-    CurveMerge(const std::filesystem::path& first, const std::filesystem::path& second,
-               CurveWriter<Segment>& output, Key key)
+    CurveMerge(Reader& first, Reader& second, Writer& output, Key key)
         : m_first(first), m_second(second), m_pieces(output), m_key(key) {}
 
     void Run() {
@@ -78,7 +78,7 @@ class CurveMerge {
 
     void WriteLower(float from, float to) {
         const bool first = FirstIsLower(from);
-        const auto& before = first ? m_first : m_second;
+        const Reader& before = first ? m_first : m_second;
         if (FirstIsLower(to) == first) {
             m_pieces.Write(before, from, to);
             return;
@@ -119,16 +119,16 @@ class CurveMerge {
         return static_cast<float>(std::clamp(crossing, start, start + width));
     }
 
-    void WriteRest(CurveReader<Segment>& curve, float from) {
+    void WriteRest(Reader& curve, float from) {
         for (; !curve.AtEnd(); curve.Advance()) {
             m_pieces.Write(curve, from, curve.Current().SegEnd);
             from = NextSingle(curve.Current().SegEnd);
         }
     }
 
-    CurveReader<Segment> m_first;
-    CurveReader<Segment> m_second;
-    PieceWriter<Segment> m_pieces;
+    Reader& m_first;
+    Reader& m_second;
+    PieceWriter<Reader, Writer> m_pieces;
     Key m_key;
 };
 
@@ -138,8 +138,10 @@ template <class Segment, class Key>
 std::optional<float> MergeCurves(const std::filesystem::path& first,
                                  const std::filesystem::path& second,
                                  const std::filesystem::path& output, Key key) {
+    CurveReader<Segment> first_curve(first);
+    CurveReader<Segment> second_curve(second);
     CurveWriter<Segment> writer(output);
-    CurveMerge<Segment, Key>(first, second, writer, key).Run();
+    CurveMerge(first_curve, second_curve, writer, key).Run();
     return writer.Close();
 }
 
