@@ -112,7 +112,7 @@ class CurveMerge {
     [[nodiscard]] float CrossingGuess(float from, float to) const {
         const double gap_from = CostAt(m_first.Current(), from) - CostAt(m_second.Current(), from);
         const double gap_to = CostAt(m_first.Current(), to) - CostAt(m_second.Current(), to);
-        const double start = static_cast<double>(from);
+        const auto start = static_cast<double>(from);
         const double width = static_cast<double>(to) - start;
         const double crossing =
             gap_from == gap_to ? start : start + width * gap_from / (gap_from - gap_to);
