@@ -45,7 +45,7 @@ NumberedTable ResourceTable() {
 }
 
 std::optional<TypeTexts> TypeOfCode(std::string_view code) {
-    const auto type = std::find_if(kTypes.begin(), kTypes.end(), [&](const TypeTexts& each) {
+    const auto* const type = std::find_if(kTypes.begin(), kTypes.end(), [&](const TypeTexts& each) {
         return NumberText(static_cast<int>(each.Type)) == code;
     });
     return type == kTypes.end() ? std::nullopt : std::optional(*type);
