@@ -32,9 +32,9 @@ void ReadDemandPoints(StochRun& run) {
 }
 
 void SetVolumeRange(StochRun& run) {
-    const auto first = run.Volume.begin() + 1;
-    const auto last = first + run.DemandPoints;
-    const auto positive = std::find_if(first, last, [](float volume) { return volume > 0; });
+    auto* const first = run.Volume.begin() + 1;
+    auto* const last = first + run.DemandPoints;
+    auto* const positive = std::find_if(first, last, [](float volume) { return volume > 0; });
     if (positive == last) {
         throw RunTimeError(ErrorKind::TypeMismatch,
                            "Demand has no volume above 0. Enter the volumes of the distribution.");

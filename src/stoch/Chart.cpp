@@ -99,7 +99,9 @@ void Chart::DrawAxes() {
 void Chart::DrawXTicks() {
     const auto& [low, high, step] = m_x.Scale;
     double free_from = 0;
-    for (double value = low; value <= high + step * 1e-6; value += step) {
+    const auto ticks = static_cast<int>(std::lround((high - low) / step));
+    for (int tick = 0; tick <= ticks; ++tick) {
+        const double value = low + tick * step;
         const double x = ToX(value);
         m_picture.Line(x, m_bottom, x, m_bottom + kTickLength, kInk);
         const std::string text = TickText(m_x, value);
@@ -113,7 +115,9 @@ void Chart::DrawXTicks() {
 
 void Chart::DrawYTicks() {
     const auto& [low, high, step] = m_y.Scale;
-    for (double value = low; value <= high + step * 1e-6; value += step) {
+    const auto ticks = static_cast<int>(std::lround((high - low) / step));
+    for (int tick = 0; tick <= ticks; ++tick) {
+        const double value = low + tick * step;
         const double y = ToY(value);
         m_picture.Line(m_left, y, m_right, y, kGridLine);
         m_picture.Line(m_left - kTickLength, y, m_left, y, kInk);

@@ -72,7 +72,7 @@ void DrawDemandDistribution(const StochRun& run) {
 void DrawShiftTable(const StochRun& run) {
     const ExpectedShifts shifts(run.Files);
     const auto last = static_cast<double>(run.LastVolume);
-    const double most = static_cast<double>(shifts.Steps().front().Shifts);
+    const auto most = static_cast<double>(shifts.Steps().front().Shifts);
     Chart chart(run.Form.picGraph[3], "Expected Shifts",
                 {RoundScale(static_cast<double>(run.FirstVolume), last, kMostTicks), "Capacity",
                  true, false},
