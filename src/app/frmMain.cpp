@@ -278,10 +278,8 @@ void frmMain::OpeningFileMenu() {
 }
 
 void frmMain::ConnectOtherMenus() {
-    connect(m_ui->mnuView, &QMenu::aboutToShow, this, [this] {
-        m_ui->mnuViewLast->setEnabled(
-            std::filesystem::exists(InApplicationDirectory(kProductionReport)));
-    });
+    connect(m_ui->mnuView, &QMenu::aboutToShow, this,
+            [this] { m_ui->mnuViewLast->setEnabled(HasReport(*this, kProductionReport)); });
     ConnectEditors();
     connect(m_ui->mnuViewLast, &QAction::triggered, this,
             [this] { RunCommand([this] { mnuViewLast(*this); }); });
