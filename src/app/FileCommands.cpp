@@ -96,7 +96,7 @@ void FileCommands::LoadWorkingCopyFrom(const fs::path& source) {
 }
 
 void FileCommands::AskToSave() {
-    if (m_form.Changed && m_form.AskYesNo(kSaveFirst, MessageIcon::Information)) {
+    if (m_form.Changed && m_form.AskYesNo(kSaveFirst, MessageIcon::Information, Answer::Yes)) {
         Save();
     }
 }

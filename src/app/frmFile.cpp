@@ -236,8 +236,8 @@ bool frmFile::MaySave() {
         m_ui->txtFile->setFocus();
         return false;
     }
-    return !NamesAFile() ||
-           AskYesNoBox(this, "File already exists.  Overwrite?", MessageIcon::Information);
+    return !NamesAFile() || AskYesNoBox(this, "File already exists.  Overwrite?",
+                                        MessageIcon::Information, Answer::No);
 }
 
 }  // namespace quarnel02

@@ -58,7 +58,7 @@ class frmMain : public QMainWindow, public MainForm {
     void RemoveDemandLine(int line) override;
     void ShowDemandSum(const std::string& text, Colour colour) override;
     void ShowMessage(const std::string& text, MessageIcon icon) override;
-    bool AskYesNo(const std::string& question, MessageIcon icon) override;
+    bool AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) override;
     std::string InputBox(const std::string& prompt, const std::string& title,
                          const std::string& proposal) override;
     void DoEvents() override;

@@ -85,9 +85,9 @@ void frmMain::ShowMessage(const std::string& text, MessageIcon icon) {
     ShowWorking(m_solving);
 }
 
-bool frmMain::AskYesNo(const std::string& question, MessageIcon icon) {
+bool frmMain::AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) {
     ShowWorking(false);
-    const bool yes = AskYesNoBox(this, question, icon);
+    const bool yes = AskYesNoBox(this, question, icon, proposed);
     ShowWorking(m_solving);
     return yes;
 }

@@ -16,8 +16,14 @@ void BatchForm::ShowMessage(const std::string& text, MessageIcon /*icon*/) {
     m_messages.push_back(text);
 }
 
-bool BatchForm::AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/) {
+bool BatchForm::AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/,
+                         Answer /*proposed*/) {
     return m_answers.StationLimit.has_value();
+}
+
+bool BatchForm::SolveAnyway(const std::string& warning) {
+    std::cerr << warning << '\n';
+    return true;
 }
 
 std::string BatchForm::InputBox(const std::string& /*prompt*/, const std::string& title,

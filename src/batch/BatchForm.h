@@ -27,7 +27,9 @@ class BatchForm : public HeadlessForm {
     [[nodiscard]] int DemandCount() const override;
 
     void ShowMessage(const std::string& text, MessageIcon icon) override;
-    bool AskYesNo(const std::string& question, MessageIcon icon) override;
+    bool AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) override;
+    /// Says the warning on standard error and goes on.
+    bool SolveAnyway(const std::string& warning) override;
     std::string InputBox(const std::string& prompt, const std::string& title,
                          const std::string& proposal) override;
     void StartProgram(const std::string& /*commandLine*/) override {}

@@ -23,10 +23,11 @@ QMessageBox::Icon ToBoxIcon(MessageIcon icon) {
 }
 
 int RunBox(QWidget* parent, const std::string& text, MessageIcon icon,
-           QMessageBox::StandardButtons buttons) {
+           QMessageBox::StandardButtons buttons, QMessageBox::StandardButton proposed) {
     const PlainPointer pointer;
     QMessageBox box(ToBoxIcon(icon), QString::fromLatin1(kApplicationTitle),
                     QString::fromStdString(text), buttons, parent);
+    box.setDefaultButton(proposed);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     return box.exec();
@@ -35,11 +36,12 @@ int RunBox(QWidget* parent, const std::string& text, MessageIcon icon,
 }  // namespace
 
 void ShowMessageBox(QWidget* parent, const std::string& text, MessageIcon icon) {
-    RunBox(parent, text, icon, QMessageBox::Ok);
+    RunBox(parent, text, icon, QMessageBox::Ok, QMessageBox::Ok);
 }
 
-bool AskYesNoBox(QWidget* parent, const std::string& question, MessageIcon icon) {
-    return RunBox(parent, question, icon, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+bool AskYesNoBox(QWidget* parent, const std::string& question, MessageIcon icon, Answer proposed) {
+    return RunBox(parent, question, icon, QMessageBox::Yes | QMessageBox::No,
+                  proposed == Answer::Yes ? QMessageBox::Yes : QMessageBox::No) == QMessageBox::Yes;
 }
 
 std::string AskTextBox(QWidget* parent, const std::string& prompt, const std::string& title,

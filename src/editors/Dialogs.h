@@ -9,7 +9,7 @@ namespace quarnel02 {
 
 /// The modal boxes, titled with the application's name.
 void ShowMessageBox(QWidget* parent, const std::string& text, MessageIcon icon);
-bool AskYesNoBox(QWidget* parent, const std::string& question, MessageIcon icon);
+bool AskYesNoBox(QWidget* parent, const std::string& question, MessageIcon icon, Answer proposed);
 /// "" when cancelled.
 std::string AskTextBox(QWidget* parent, const std::string& prompt, const std::string& title,
                        const std::string& proposal);

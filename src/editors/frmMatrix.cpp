@@ -94,7 +94,8 @@ void frmMatrix::Commit() {
 }
 
 void frmMatrix::ClearAll() {
-    if (AskYesNoBox(this, "Clear all Resource-Task information?", MessageIcon::Question)) {
+    if (AskYesNoBox(this, "Clear all Resource-Task information?", MessageIcon::Question,
+                    Answer::No)) {
         RunEvent([&] {
             m_cells.Clear();
             ShowGrid();

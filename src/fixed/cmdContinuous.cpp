@@ -35,7 +35,7 @@ std::string ChooseDemand(MainForm& form) {
 /// Fills the station limit; false when the user cancels.
 bool ChooseStationLimit(MainForm& form) {
     FixedDemandState& state = form.FixedDemandSolve;
-    if (!form.AskYesNo("Do you want to limit parallel stations?", MessageIcon::None)) {
+    if (!form.AskYesNo("Do you want to limit parallel stations?", MessageIcon::None, Answer::Yes)) {
         state.StationLimitText = "--";
         state.StationLimit = -1;
         return true;

@@ -29,8 +29,16 @@ std::filesystem::path MainForm::InApplicationDirectory(const std::string& file) 
     return m_applicationDirectory / file;
 }
 
+bool MainForm::SolveAnyway(const std::string& warning) {
+    return AskYesNo(warning + " Solve anyway?", MessageIcon::Question, Answer::No);
+}
+
+std::filesystem::path MainForm::WorkingCopy() const {
+    return InApplicationDirectory("working.seq");
+}
+
 Database& MainForm::OpenWorkingCopy() {
-    Model = Database::Open(InApplicationDirectory("working.seq"));
+    Model = Database::Open(WorkingCopy());
     return Model;
 }
 

@@ -3,10 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "model/Database.h"
 #include "model/RecordSet.h"
+#include "shell/DesignMade.h"
 #include "shell/Picture.h"
 
 namespace quarnel02 {
@@ -30,6 +32,9 @@ enum class TextBox {
 inline constexpr std::size_t kTextBoxes = 10;
 
 enum class MessageIcon { None, Information, Question, Critical };
+
+/// The button of a question that Enter presses.
+enum class Answer { Yes, No };
 
 /// What the last press of a shift button has left for the solver and the report.
 struct FixedDemandState {
@@ -73,7 +78,9 @@ class MainForm {
 
     /// Modal dialogs. The input box gives "" when it is cancelled.
     virtual void ShowMessage(const std::string& text, MessageIcon icon) = 0;
-    virtual bool AskYesNo(const std::string& question, MessageIcon icon) = 0;
+    virtual bool AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) = 0;
+    /// Whether to solve in spite of what `warning` (a sentence) says; the proposed answer is No.
+    virtual bool SolveAnyway(const std::string& warning);
     virtual std::string InputBox(const std::string& prompt, const std::string& title,
                                  const std::string& proposal) = 0;
 
@@ -102,7 +109,10 @@ class MainForm {
     /// Full path of a file of the application directory.
     [[nodiscard]] std::filesystem::path InApplicationDirectory(const std::string& file) const;
 
-    /// Opens the working copy "working.seq"; the handle becomes the form's shared one. Throws as
+    /// Full path of the working copy, "working.seq".
+    [[nodiscard]] std::filesystem::path WorkingCopy() const;
+
+    /// Opens the working copy; the handle becomes the form's shared one. Throws as
     /// Database::Open does.
     Database& OpenWorkingCopy();
     /// Closes the shared handle and record sets; never fails.
@@ -117,9 +127,10 @@ class MainForm {
     Picture picArc;                   ///< the arc network, 15000 twips wide
     std::array<Picture, 4> picGraph;  ///< results
     FixedDemandState FixedDemandSolve;
-    Database Model;            ///< shared handle on the working copy, last opened
-    RecordSet GenRecords;      ///< left open on Gen by the solve command
-    RecordSet PathwayRecords;  ///< pathways being costed
+    std::optional<DesignMade> LastDesign;  ///< what the pictures show; none without results
+    Database Model;                        ///< shared handle on the working copy, last opened
+    RecordSet GenRecords;                  ///< left open on Gen by the solve command
+    RecordSet PathwayRecords;              ///< pathways being costed
 
   private:
     std::filesystem::path m_applicationDirectory;

@@ -58,14 +58,14 @@ TEST(BatchForm, AnswersFromTheCommandLine) {
     BatchForm form(directory.Path(), {"60000", "3"});
     EXPECT_EQ(form.DemandCount(), 0);
     EXPECT_EQ(form.InputBox("any prompt", "Fixed Demand", "proposal"), "60000");
-    EXPECT_TRUE(form.AskYesNo("any question", MessageIcon::None));
+    EXPECT_TRUE(form.AskYesNo("any question", MessageIcon::None, Answer::Yes));
     EXPECT_EQ(form.InputBox("any prompt", "Quarnel02", "proposal"), "3");
 }
 
 TEST(BatchForm, LimitsNothingWithoutALimit) {
     const TemporaryDirectory directory;
     BatchForm form(directory.Path(), {});
-    EXPECT_FALSE(form.AskYesNo("any question", MessageIcon::None));
+    EXPECT_FALSE(form.AskYesNo("any question", MessageIcon::None, Answer::Yes));
     EXPECT_EQ(form.InputBox("any prompt", "Fixed Demand", "proposal"), "");
 }
 

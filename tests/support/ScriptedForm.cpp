@@ -50,7 +50,8 @@ void ScriptedForm::ShowMessage(const std::string& text, MessageIcon icon) {
     Events.push_back("message[" + NameOf(icon) + "]: " + text);
 }
 
-bool ScriptedForm::AskYesNo(const std::string& question, MessageIcon icon) {
+bool ScriptedForm::AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) {
+    ProposedAnswers.push_back(proposed);
     const bool yes = Next(YesNoAnswers, question);
     Events.push_back("ask[" + NameOf(icon) + "]: " + question + (yes ? " -> yes" : " -> no"));
     return yes;

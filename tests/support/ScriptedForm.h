@@ -22,13 +22,14 @@ class ScriptedForm : public HeadlessForm {
     std::deque<bool> YesNoAnswers;
     std::deque<std::string> InputAnswers;
     std::vector<std::string> Events;
+    std::vector<Answer> ProposedAnswers;  ///< of the Yes/No questions, in order
 
     void SetTitle(const std::string& title) override;
     void SelectDemand(int line) override;
     void ShowDemandSum(const std::string& text, Colour colour) override;
     void ShowMessage(const std::string& text, MessageIcon icon) override;
     /// Throws std::logic_error when no answer is left; so does InputBox.
-    bool AskYesNo(const std::string& question, MessageIcon icon) override;
+    bool AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) override;
     std::string InputBox(const std::string& prompt, const std::string& title,
                          const std::string& proposal) override;
     void ShowStatus(const std::string& text) override;
