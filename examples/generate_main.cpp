@@ -6,6 +6,7 @@
 #include <string>
 
 #include "basic/Files.h"
+#include "basic/Version.h"
 #include "generate_model.h"
 #include "model/ModelFile.h"
 
@@ -14,6 +15,7 @@ namespace {
 int Run(int argc, char* argv[]) {
     CLI::App app("Makes a model file with made-up figures, all pairs possible.",
                  "quarnel02-generate");
+    app.set_version_flag("--version", std::string("quarnel02-generate ") + quarnel02::Version());
     std::string out;
     int tasks = 0;
     int resources = 0;

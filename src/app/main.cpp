@@ -4,11 +4,14 @@
 #include <QStandardPaths>
 #include <clocale>
 #include <exception>
+#include <iostream>
+#include <string_view>
 
 #include "app/ApplicationDirectory.h"
 #include "app/QtPaths.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
+#include "basic/Version.h"
 #include "editors/Dialogs.h"
 
 namespace {
@@ -52,14 +55,23 @@ int Run() {
     return QApplication::exec();
 }
 
+/// Answered before the toolkit looks for a screen.
+bool AsksForVersion(int argc, char** argv) {
+    return argc == 2 && std::string_view(argv[1]) == "--version";
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (AsksForVersion(argc, argv)) {
+        std::cout << "quarnel02 " << Version() << '\n';
+        return 0;
+    }
     QLocale::setDefault(QLocale::c());
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     QCoreApplication::setApplicationName(QStringLiteral("quarnel02"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(QUARNEL02_VERSION));
+    QCoreApplication::setApplicationVersion(QString::fromLatin1(Version()));
     QGuiApplication::setDesktopFileName(QStringLiteral("quarnel02"));
     try {
         return Run();

@@ -6,6 +6,7 @@
 #include <iostream>
 #include <string>
 
+#include "basic/Version.h"
 #include "batch/SolveFile.h"
 
 namespace {
@@ -38,7 +39,7 @@ struct Options {
 
 void Describe(CLI::App& app, Options& options) {
     app.footer(kFooter);
-    app.set_version_flag("--version", QUARNEL02_VERSION);
+    app.set_version_flag("--version", std::string("quarnel02-solve ") + quarnel02::Version());
     app.add_option("MODEL", options.Model, "Model file (.mdb); it is never changed")
         ->required()
         ->type_name("FILE");
