@@ -11,6 +11,12 @@ struct Tab {
     int Column;
 };
 
+/// The start of a column of a table: as a Tab, but a column before it that is too wide pushes what
+/// follows along the line, with one blank between them.
+struct Column {
+    int Start;
+};
+
 /// What a line printer writes onto: a text file, a picture.
 class LineSink {
   public:
@@ -24,7 +30,7 @@ class LineSink {
 /// Writes items with line-printer semantics: items follow one another without separation; a Tab
 /// moves to its column, on the next line when the position is already beyond it; a number is
 /// written with a blank (or the minus sign) before it and a blank behind it. Characters are
-/// counted as code points of UTF-8.
+/// counted as code points of UTF-8; a control character is written as a blank.
 class LinePrinter {
   public:
     explicit LinePrinter(LineSink& sink) : m_sink(sink) {}
@@ -43,19 +49,23 @@ class LinePrinter {
     }
 
     /// Column (from 1) at which the next item will stand.
-    [[nodiscard]] int Column() const { return m_column; }
+    [[nodiscard]] int Position() const { return m_column; }
 
   private:
     void Put(Tab tab);
+    void Put(Column column);
     void Put(std::string_view text);
     void Put(std::integral auto number) { PutNumber(static_cast<double>(number)); }
     void Put(double number) { PutNumber(number); }
     void Put(float number);
     void PutNumber(double number);
+    void Write(std::string_view text);
     void NewLine();
 
     LineSink& m_sink;
     int m_column = 1;
+    bool m_endsBlank = true;  ///< a blank or nothing stands in front of the position
+    bool m_separate = false;  ///< the next text must not touch the one before
 };
 
 /// Collects lines as text, "\n" at the end of each.
@@ -72,6 +82,9 @@ class TextLines : public LineSink {
 
 /// Text of a number as a line printer writes it: " 5 ", "-5 ".
 std::string PrintedNumber(double number);
+
+/// The text with a blank for every control character, so that a line stays a line.
+std::string WithoutControls(std::string_view text);
 
 /// Number of characters (code points) of a UTF-8 text.
 int CharacterCount(std::string_view text);

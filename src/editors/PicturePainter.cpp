@@ -105,7 +105,7 @@ void Paint(QPainter& painter, const IconFigure& icon) {
 
 }  // namespace
 
-void PaintFigure(QPainter& painter, const Figure& figure) {
+void PaintFigure(QPainter& painter, const PictureFigure& figure) {
     std::visit([&](const auto& each) { Paint(painter, each); }, figure);
 }
 

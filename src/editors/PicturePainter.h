@@ -7,6 +7,6 @@
 namespace quarnel02 {
 
 /// Paints figures in twips; scale and place are those of the painter's transformation.
-void PaintFigure(QPainter& painter, const Figure& figure);
+void PaintFigure(QPainter& painter, const PictureFigure& figure);
 
 }  // namespace quarnel02

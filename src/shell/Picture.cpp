@@ -55,7 +55,7 @@ void Picture::Clear() {
     }
 }
 
-void Picture::Add(Figure figure) {
+void Picture::Add(PictureFigure figure) {
     m_figures.push_back(std::move(figure));
     if (OnChange) {
         OnChange();
@@ -79,7 +79,7 @@ void Picture::Circle(double x, double y, double radius, Colour colour) {
 }
 
 void Picture::Print(std::string_view text, Colour colour) {
-    Add(TextFigure{CurrentX, CurrentY, std::string(text), TextFont, colour});
+    Add(TextFigure{CurrentX, CurrentY, WithoutControls(text), TextFont, colour});
     CurrentX += TextWidth(text, TextFont);
 }
 
@@ -100,7 +100,7 @@ Extent Picture::Drawn() const {
 }
 
 Extent Picture::GrownByFigures(Extent extent) const {
-    for (const Figure& figure : m_figures) {
+    for (const PictureFigure& figure : m_figures) {
         std::visit([&](const auto& each) { GrowBy(extent, each); }, figure);
     }
     return extent;

@@ -84,7 +84,7 @@ struct IconFigure {
     bool operator==(const IconFigure&) const = default;
 };
 
-using Figure = std::variant<LineFigure, CircleFigure, TextFigure, IconFigure>;
+using PictureFigure = std::variant<LineFigure, CircleFigure, TextFigure, IconFigure>;
 
 /// Smallest upright rectangle round something.
 struct Extent {
@@ -102,7 +102,7 @@ class Picture {
 
     [[nodiscard]] double Width() const { return m_width; }
     [[nodiscard]] double Height() const { return m_height; }
-    [[nodiscard]] const std::vector<Figure>& Figures() const { return m_figures; }
+    [[nodiscard]] const std::vector<PictureFigure>& Figures() const { return m_figures; }
 
     /// Removes every figure and puts the text position at the upper left corner. Line width, fill
     /// style and font stay as they are.
@@ -123,7 +123,8 @@ class Picture {
                 double aspect);
     /// Draws a full circle and leaves the text position at its centre.
     void Circle(double x, double y, double radius, Colour colour);
-    /// Writes a text at the text position and moves the position to the text's end.
+    /// Writes a text at the text position, with a blank for every control character, and moves the
+    /// position to the text's end.
     void Print(std::string_view text, Colour colour = {});
     /// Writes a number as a line printer does, with a blank on either side.
     void PrintNumber(double number);
@@ -135,12 +136,12 @@ class Picture {
     [[nodiscard]] Extent Drawn() const;
 
   private:
-    void Add(Figure figure);
+    void Add(PictureFigure figure);
     [[nodiscard]] Extent GrownByFigures(Extent extent) const;
 
     double m_width;
     double m_height;
-    std::vector<Figure> m_figures;
+    std::vector<PictureFigure> m_figures;
 };
 
 /// Height of a line of text and width of a fixed-pitch character, twips.

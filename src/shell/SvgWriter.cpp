@@ -148,7 +148,7 @@ std::string ToSvg(const Picture& picture) {
     svg += "<rect" + Attribute("x", extent.Left) + Attribute("y", extent.Top) +
            Attribute("width", width) + Attribute("height", height) + Attribute("fill", "white") +
            "/>\n";
-    for (const Figure& figure : picture.Figures()) {
+    for (const PictureFigure& figure : picture.Figures()) {
         svg += std::visit([](const auto& each) { return Element(each); }, figure);
     }
     return svg + "</svg>\n";

@@ -54,6 +54,53 @@ TEST(LinePrinter, TabsToColumnsCountedFromOne) {
     EXPECT_EQ(out.Text(), "ab   c\n");
 }
 
+TEST(LinePrinter, StartsAColumnWhereItStands) {
+    Printed out;
+    out.Printer.Print("ab", Column{6}, "c", Column{8}, "d");
+    EXPECT_EQ(out.Text(), "ab   c d\n");
+}
+
+TEST(LinePrinter, PushesAColumnThatIsTakenByOneBlank) {
+    Printed out;
+    out.Printer.Print("abcde", Column{6}, "f", Column{6}, "g");
+    out.Printer.Print("a", Column{3}, "bcd", Column{5}, "e", Column{9}, "f");
+    EXPECT_EQ(out.Text(), "abcde f g\na bcd e f\n");
+}
+
+TEST(LinePrinter, TakesTheBlankOfANumberForTheOneBetweenColumns) {
+    Printed out;
+    out.Printer.Print(Column{6}, 12, Column{10}, "fits", Column{14}, 3, Column{15}, "e");
+    out.Printer.Print(1234, Column{5}, "over", Column{9}, -5);
+    EXPECT_EQ(out.Text(), "      12 fits 3 e\n 1234 over -5 \n");
+}
+
+TEST(LinePrinter, PrintsNothingBetweenEmptyColumns) {
+    Printed out;
+    out.Printer.Print("abc", Column{2}, "", Column{3}, "d");
+    out.Printer.Print("abc", Column{2});
+    out.Printer.Print(Column{1}, "x");
+    EXPECT_EQ(out.Text(), "abc d\nabc\nx\n");
+}
+
+TEST(LinePrinter, KeepsColumnsApartOverStatements) {
+    Printed out;
+    out.Printer.PrintOpen("abc", Column{3});
+    out.Printer.Print("d");
+    EXPECT_EQ(out.Text(), "abc d\n");
+}
+
+TEST(LinePrinter, PrintsABlankForAControlCharacter) {
+    Printed out;
+    out.Printer.Print("a\nb\tc\x7F", std::string("d\0e", 3), "\xC2\x85|\xC2\xA0|\xC3\xBC");
+    EXPECT_EQ(out.Text(), "a b c d e |\xC2\xA0|\xC3\xBC\n");
+}
+
+TEST(LinePrinter, CountsTheBlankOfAControlCharacterAsOne) {
+    Printed out;
+    out.Printer.Print("a\nb\xC2\x85", Tab{6}, "c");
+    EXPECT_EQ(out.Text(), "a b  c\n");
+}
+
 TEST(LinePrinter, TabToTheFirstColumnOfANewLineStays) {
     Printed out;
     out.Printer.Print(Tab{1}, "x");
@@ -89,11 +136,11 @@ TEST(LinePrinter, TrailingBlankOfANumberCounts) {
 TEST(LinePrinter, ContinuesAnOpenLine) {
     Printed out;
     out.Printer.PrintOpen("Tools", Tab{8});
-    EXPECT_EQ(out.Printer.Column(), 8);
+    EXPECT_EQ(out.Printer.Position(), 8);
     out.Printer.PrintOpen(" 1 2");
-    EXPECT_EQ(out.Printer.Column(), 12);
+    EXPECT_EQ(out.Printer.Position(), 12);
     out.Printer.Print(" 3");
-    EXPECT_EQ(out.Printer.Column(), 1);
+    EXPECT_EQ(out.Printer.Position(), 1);
     EXPECT_EQ(out.Text(), "Tools   1 2 3\n");
 }
 

@@ -42,7 +42,7 @@ inline std::string FigureText(const IconFigure& icon) {
 /// The figures of a picture in drawing order, one text each, for whole comparisons.
 inline std::vector<std::string> FigureTexts(const Picture& picture) {
     std::vector<std::string> texts;
-    for (const Figure& figure : picture.Figures()) {
+    for (const PictureFigure& figure : picture.Figures()) {
         texts.push_back(std::visit([](const auto& each) { return FigureText(each); }, figure));
     }
     return texts;
@@ -52,7 +52,7 @@ inline std::vector<std::string> FigureTexts(const Picture& picture) {
 template <class Kind>
 std::vector<Kind> FiguresOf(const Picture& picture) {
     std::vector<Kind> found;
-    for (const Figure& figure : picture.Figures()) {
+    for (const PictureFigure& figure : picture.Figures()) {
         if (const auto* each = std::get_if<Kind>(&figure)) {
             found.push_back(*each);
         }
