@@ -52,6 +52,10 @@ bool IsAllowed(const Figure& figure, double value) {
     return (figure.AboveLow ? value > figure.Low : value >= figure.Low) && value <= figure.High;
 }
 
+std::string Refusal(const Figure& figure, const std::string& what) {
+    return std::string(figure.Caption) + " is " + what + "; it " + Rule(figure) + ".";
+}
+
 }  // namespace
 
 const Figure* FindFigure(std::string_view table, std::string_view field) {
@@ -65,8 +69,11 @@ std::string Objection(const Figure& figure, double value) {
     if (IsAllowed(figure, value)) {
         return {};
     }
-    return std::string(figure.Caption) + " is " + NumberText(value) + std::string(figure.Unit) +
-           "; it " + Rule(figure) + ".";
+    return Refusal(figure, NumberText(value) + std::string(figure.Unit));
+}
+
+std::string ObjectionToNothing(const Figure& figure) {
+    return Refusal(figure, "empty");
 }
 
 }  // namespace quarnel02

@@ -24,4 +24,7 @@ const Figure* FindFigure(std::string_view table, std::string_view field);
 /// What is not finite never can.
 std::string Objection(const Figure& figure, double value);
 
+/// The same where nothing is entered: "uptime is empty; it must be above 0 and at most 100."
+std::string ObjectionToNothing(const Figure& figure);
+
 }  // namespace quarnel02

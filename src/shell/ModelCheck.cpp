@@ -1,7 +1,277 @@
 #include "shell/ModelCheck.h"
 
+#include <cctype>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "basic/LinePrinter.h"
+#include "basic/NumberFormat.h"
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "model/Schema.h"
+#include "shell/Figures.h"
+
 namespace quarnel02 {
 
-void RequireUsableModel(const Database& /*database*/) {}
+namespace {
+
+[[noreturn]] void Refuse(const std::string& message) {
+    throw RunTimeError(ErrorKind::NotAModel, WithoutControls(message));
+}
+
+std::string Capitalised(std::string text) {
+    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+    return text;
+}
+
+/// "Resource 3 (Robot)"; a record without a text is named by its number alone.
+std::string Named(const std::string& kind, double number, const std::string& text) {
+    const auto first = text.find_first_not_of(' ');
+    const std::string name = kind + " " + NumberText(number);
+    return first == std::string::npos
+               ? name
+               : name + " (" + text.substr(first, text.find_last_not_of(' ') - first + 1) + ")";
+}
+
+/// The limits of a table's figures, by position.
+class FigureColumns {
+  public:
+    explicit FigureColumns(const char* table);
+
+    /// Why the field at that place among the figures cannot be; "" when it can.
+    [[nodiscard]] std::string ObjectionTo(const RecordSet& row, std::size_t place) const;
+    /// The first of all objections to a row.
+    [[nodiscard]] std::string ObjectionTo(const RecordSet& row) const;
+
+  private:
+    std::vector<std::pair<int, const Figure*>> m_figures;
+};
+
+FigureColumns::FigureColumns(const char* table) {
+    int position = 0;
+    for (const ColumnSchema& column : FindTable(table)->Columns) {
+        if (const Figure* figure = FindFigure(table, column.Name)) {
+            m_figures.emplace_back(position, figure);
+        }
+        ++position;
+    }
+}
+
+std::string FigureColumns::ObjectionTo(const RecordSet& row, std::size_t place) const {
+    const auto& [position, figure] = m_figures[place];
+    return IsNull(row.Field(position)) ? ObjectionToNothing(*figure)
+                                       : Objection(*figure, row.Number(position));
+}
+
+std::string FigureColumns::ObjectionTo(const RecordSet& row) const {
+    std::string objection;
+    for (std::size_t place = 0; place < m_figures.size() && objection.empty(); ++place) {
+        objection = ObjectionTo(row, place);
+    }
+    return objection;
+}
+
+/// The tasks or the resources: their texts by number, in a table that begins with both.
+class NumberedRows {
+  public:
+    /// Reads the table and checks its rows; `kind` is "task" or "resource".
+    NumberedRows(const Database& database, const char* table, std::string kind);
+
+    /// Checks that the rows are those that `count`, read from Gen, says.
+    void RequireCount(const RecordSet& gen, const char* field);
+
+    [[nodiscard]] bool Holds(double number) const { return number >= 1 && number <= m_count; }
+    [[nodiscard]] std::string NameOf(double number) const;
+
+  private:
+    void Add(const RecordSet& row, const FigureColumns& figures);
+
+    std::string m_kind;
+    std::map<double, std::string> m_texts;
+    double m_count = 0;
+};
+
+NumberedRows::NumberedRows(const Database& database, const char* table, std::string kind)
+    : m_kind(std::move(kind)) {
+    const FigureColumns figures(table);
+    RecordSet rows = database.OpenRecordSet("SELECT * FROM " + std::string(table) + ";");
+    for (; !rows.Eof(); rows.MoveNext()) {
+        Add(rows, figures);
+    }
+}
+
+void NumberedRows::Add(const RecordSet& row, const FigureColumns& figures) {
+    if (IsNull(row.Field(0))) {
+        Refuse("A " + m_kind + " has no number. Delete it in the " + m_kind +
+               " editor and add it again.");
+    }
+    const double number = row.Number(0);
+    const std::string name = Named(Capitalised(m_kind), number, row.Text(1));
+    if (!m_texts.emplace(number, row.Text(1)).second) {
+        Refuse(name + ": " + NameOf(number) + " has the same number. Delete one of them in the " +
+               m_kind + " editor.");
+    }
+    if (const std::string objection = figures.ObjectionTo(row); !objection.empty()) {
+        Refuse(name + ": " + objection);
+    }
+}
+
+void NumberedRows::RequireCount(const RecordSet& gen, const char* field) {
+    const double count = IsNull(gen.Field(field)) ? 0 : gen.Number(field);
+    const auto rows = static_cast<int>(m_texts.size());
+    if (!m_texts.empty() && count != rows) {
+        Refuse("Number of " + m_kind + "s is " + NumberText(count) + ", but " + NumberText(rows) +
+               (rows == 1 ? " is" : " are") + " entered. Open the " + m_kind +
+               " editor and close it, which counts them again.");
+    }
+    m_count = count;
+    for (const auto& [number, text] : m_texts) {
+        if (number < 1 || number > count) {
+            Refuse(Capitalised(NameOf(number)) + ": the " + m_kind +
+                   "s must be numbered from 1 to " + NumberText(count) + ". Delete it in the " +
+                   m_kind + " editor and add it again.");
+        }
+    }
+}
+
+std::string NumberedRows::NameOf(double number) const {
+    const auto text = m_texts.find(number);
+    return Named(m_kind, number, text == m_texts.end() ? "" : text->second);
+}
+
+/// The rows of the matrix, each checked against tasks, resources and the rows before it.
+class MatrixCheck {
+  public:
+    MatrixCheck(const NumberedRows& tasks, const NumberedRows& resources)
+        : m_tasks(tasks), m_resources(resources) {}
+
+    void Check(const RecordSet& row);
+
+  private:
+    // Positions in table Matrix.
+    static constexpr int kResource = 0;
+    static constexpr int kTask = 1;
+    static constexpr int kTime = 2;
+    static constexpr int kTool = 3;
+
+    void RequirePair(const RecordSet& row) const;
+    void EnterPair(double task, double resource);
+    void RequireFigures(const RecordSet& row) const;
+    [[nodiscard]] std::string NameOf(double task, double resource) const;
+
+    const NumberedRows& m_tasks;
+    const NumberedRows& m_resources;
+    std::set<std::pair<double, double>> m_entered;  ///< task, resource
+    FigureColumns m_figures{"Matrix"};
+};
+
+std::string MatrixCheck::NameOf(double task, double resource) const {
+    return Capitalised(m_tasks.NameOf(task)) + " on " + m_resources.NameOf(resource);
+}
+
+void MatrixCheck::RequirePair(const RecordSet& row) const {
+    if (IsNull(row.Field(kTask)) || IsNull(row.Field(kResource))) {
+        Refuse(
+            "A row of the matrix has no task or no resource. Clear the matrix in the matrix "
+            "editor and enter it again.");
+    }
+    const double task = row.Number(kTask);
+    const double resource = row.Number(kResource);
+    const bool known_task = m_tasks.Holds(task);
+    if (!known_task || !m_resources.Holds(resource)) {
+        const std::string kind = known_task ? "resource" : "task";
+        Refuse(NameOf(task, resource) + ": the matrix has figures of them, but the model has no " +
+               (known_task ? m_resources.NameOf(resource) : m_tasks.NameOf(task)) + ". Add a " +
+               kind + " in the " + kind + " editor and delete it again, which drops them.");
+    }
+}
+
+void MatrixCheck::EnterPair(double task, double resource) {
+    if (!m_entered.emplace(task, resource).second) {
+        Refuse(NameOf(task, resource) +
+               ": the matrix has figures of them twice. Clear the cell in the matrix editor and "
+               "enter it again.");
+    }
+}
+
+/// A row without a time says that the resource cannot do the task, and needs no tool.
+void MatrixCheck::RequireFigures(const RecordSet& row) const {
+    const bool can = !IsNull(row.Field(kTime)) && row.Number(kTime) != 0;
+    std::string objection;
+    for (int position = kTime; position <= kTool + 1 && objection.empty(); ++position) {
+        if (can || !IsNull(row.Field(position))) {
+            objection = m_figures.ObjectionTo(row, static_cast<std::size_t>(position - kTime));
+        }
+    }
+    if (objection.empty() && !IsNull(row.Field(kTool)) &&
+        std::abs(row.Number(kTool)) > std::numeric_limits<std::int16_t>::max()) {
+        objection = "tool number is " + NumberText(row.Number(kTool)) +
+                    "; it must be from -32,767 to 32,767.";
+    }
+    if (!objection.empty()) {
+        Refuse(NameOf(row.Number(kTask), row.Number(kResource)) + ": " + objection);
+    }
+}
+
+void MatrixCheck::Check(const RecordSet& row) {
+    RequirePair(row);
+    EnterPair(row.Number(kTask), row.Number(kResource));
+    RequireFigures(row);
+}
+
+/// "Demand row 2 (5,000 units)".
+std::string DemandRowName(int number, const RecordSet& row) {
+    constexpr int volume = 0;
+    const std::string name = "Demand row " + NumberText(number);
+    return IsNull(row.Field(volume))
+               ? name
+               : name + " (" + Format(row.Number(volume), "#,##0") + " units)";
+}
+
+}  // namespace
+
+bool HasTasksAndResources(MainForm& form) {
+    const Database& database = form.OpenWorkingCopy();
+    const RecordSet gen = database.OpenRecordSet("SELECT Tasks FROM Gen;");
+    const bool no_task = IsNull(gen.Field(0)) || gen.Number(0) <= 0;
+    if ((no_task && database.OpenRecordSet("SELECT * FROM Tasks;").Eof()) ||
+        database.OpenRecordSet("SELECT * FROM Resources;").Eof()) {
+        form.ShowMessage("Please complete the task and resource information tables first.",
+                         MessageIcon::Information);
+        return false;
+    }
+    return true;
+}
+
+void RequireUsableModel(const Database& database) {
+    const RecordSet gen = database.OpenRecordSet("SELECT * FROM Gen;");
+    if (const std::string objection = FigureColumns("Gen").ObjectionTo(gen); !objection.empty()) {
+        Refuse(Capitalised(objection));
+    }
+    NumberedRows tasks(database, "Tasks", "task");
+    NumberedRows resources(database, "Resources", "resource");
+    tasks.RequireCount(gen, "Tasks");
+    resources.RequireCount(gen, "Resources");
+    MatrixCheck matrix(tasks, resources);
+    RecordSet rows = database.OpenRecordSet("SELECT * FROM Matrix;");
+    for (; !rows.Eof(); rows.MoveNext()) {
+        matrix.Check(rows);
+    }
+}
+
+void RequireUsableDemand(const Database& database) {
+    const FigureColumns figures("Demand");
+    RecordSet rows = database.OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");
+    for (int number = 1; !rows.Eof(); rows.MoveNext(), ++number) {
+        if (const std::string objection = figures.ObjectionTo(rows); !objection.empty()) {
+            Refuse(DemandRowName(number, rows) + ": " + objection);
+        }
+    }
+}
 
 }  // namespace quarnel02
