@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace quarnel02 {
@@ -43,13 +44,15 @@ struct StationCount {
     float StationTime;      ///< seconds per unit, shared among the stations
 };
 
-/// Everything the fixed-demand design wants to know of one pathway.
+/// Everything the fixed-demand design wants to know of one pathway. One that would need more than
+/// 32,767 stations is over every limit: it has that number, their shared time, and no costs.
 struct PathwayCost {
     std::int16_t Stations;
-    float Time;         ///< seconds per unit of one station
-    float Investment;   ///< dollars
-    float AnnualLabor;  ///< machine and labour, dollars per year
-    float Cost;         ///< dollars per year
+    float Time;           ///< seconds per unit of one station
+    float Investment;     ///< dollars
+    float AnnualLabor;    ///< machine and labour, dollars per year
+    float Cost;           ///< dollars per year
+    bool OverEveryLimit;  ///< even 32,767 stations are not enough
 };
 
 /// Cost of the tools that one station needs, dollars. `byTool` stands in ascending order of
@@ -64,11 +67,14 @@ float ToolCostSum(std::span<const MatrixEntry> byTool);
 float WorkTime(std::span<const MatrixEntry> byTask, const ResourceCosts& resource,
                double transportTime);
 
-/// Whether the shared time of so many stations, workTime / stations, is at most `available`.
+/// Whether the shared time of so many stations, workTime / stations, is at most `available`, or
+/// over it by no more than one part in a million: a station that is exactly full is full.
 bool StationsFit(float workTime, int stations, float available);
 
-/// The smallest number of stations whose shared time, workTime / stations, is at most
-/// `available` seconds. Throws Overflow when more than 32,767 would be needed.
+/// The smallest number of stations that fit, StationsFit, into `available` seconds; none when more
+/// than 32,767 would be needed.
+std::optional<StationCount> TryFitStations(float workTime, float available);
+/// The same; throws Overflow when more than 32,767 would be needed.
 StationCount FitStations(float workTime, float available);
 
 /// Stations x (tool set + station) x ICF, dollars.

@@ -84,7 +84,7 @@ TEST(WorkTime, RefusesAnUptimeOfZero) {
     const Entries entries = {{10, 1, 0}};
     const auto message =
         ExpectRunTimeError(ErrorKind::DivisionByZero, [&] { WorkTime(entries, resource, 0); });
-    EXPECT_NE(message.find("UpTime"), std::string::npos) << message;
+    EXPECT_NE(message.find("an uptime of 0 %"), std::string::npos) << message;
 }
 
 TEST(Investment, BuysStationAndToolsForEveryParallelStation) {
@@ -118,7 +118,7 @@ TEST(LabourCost, RefusesZeroStationsPerWorker) {
     const auto message = ExpectRunTimeError(ErrorKind::DivisionByZero, [&] {
         LabourCost(1, 8, Production{250, 1, 1, 0}, resource);
     });
-    EXPECT_NE(message.find("StatPerWrk"), std::string::npos) << message;
+    EXPECT_NE(message.find("0 stations per worker"), std::string::npos) << message;
 }
 
 TEST(CostOfPathway, CostsTheWorkedExample) {
@@ -147,6 +147,20 @@ TEST(CostOfPathway, RoundsTheAvailableTimeToSingleBeforeComparing) {
     const PathwayCost cost =
         CostOfPathway(entries, entries, Plain(), Production{1, 0, 0, 0}, {1, 1, 0.1});
     EXPECT_EQ(cost.Stations, 1);
+}
+
+TEST(CostOfPathway, PutsAPathwayBeyondTheLargestIntegerOverEveryLimit) {
+    const Entries entries = {{32768, 1, 5}};
+    const ResourceCosts dear{1e38, 1e38, 100, 1e38, 0, 1};
+    const Production production{250, 0.3, 15, 0};
+    const PathwayCost cost = CostOfPathway(entries, entries, dear, production, {1000, 1, 0.5});
+    EXPECT_TRUE(cost.OverEveryLimit);
+    EXPECT_EQ(cost.Stations, 32767);
+    EXPECT_EQ(cost.Time, static_cast<float>(32768.0 / 32767));
+    EXPECT_EQ(cost.Investment, 0);
+    EXPECT_EQ(cost.AnnualLabor, 0);
+    EXPECT_EQ(cost.Cost, 0);
+    EXPECT_FALSE(CostOfPathway(entries, entries, Plain(), production, {1000, 1, 2}).OverEveryLimit);
 }
 
 TEST(CostOfPathway, OverflowsWhenTheHoursPerDayDo) {

@@ -5,7 +5,9 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <optional>
+#include <vector>
 
 #include "fixed/CostModel.h"
 #include "support/RunTimeErrors.h"
@@ -21,11 +23,17 @@ struct Fitted {
     bool operator==(const Fitted&) const = default;
 };
 
+/// At most one part in a million too long.
+bool Fits(float time, float available) {
+    const auto limit = static_cast<double>(available);
+    return static_cast<double>(time) <= limit + std::abs(limit) * 1e-6;
+}
+
 /// One station more at a time until the shared time fits; nothing beyond 32,767 stations.
 std::optional<Fitted> OneByOne(float workTime, float available) {
     int stations = 1;
     float time = workTime;
-    while (available < time) {
+    while (!Fits(time, available)) {
         if (stations == std::numeric_limits<std::int16_t>::max()) {
             return std::nullopt;
         }
@@ -61,8 +69,12 @@ TEST(FitStations, TakesThreeForTwoAndAHalfTimes) {
     EXPECT_EQ(count.StationTime, static_cast<float>(25.0 / 3));
 }
 
-TEST(FitStations, TakesTwoJustAboveTheAvailableTime) {
-    EXPECT_EQ(FitStations(std::nextafter(72.0F, 100.0F), 72).Stations, 2);
+TEST(FitStations, TakesAStationThatIsFullToAMillionthForFull) {
+    EXPECT_EQ(FitStations(std::nextafter(72.0F, 100.0F), 72).Stations, 1);
+    EXPECT_EQ(FitStations(1000.0009F, 1000).Stations, 1);
+    EXPECT_EQ(FitStations(1000.0012F, 1000).Stations, 2);
+    EXPECT_EQ(FitStations(3000.0027F, 1000).Stations, 3);
+    EXPECT_EQ(FitStations(3000.0036F, 1000).Stations, 4);
 }
 
 TEST(FitStations, TakesWholeMultiplesExactly) {
@@ -75,6 +87,12 @@ TEST(FitStations, ReachesTheLargestIntegerAndNoFurther) {
     EXPECT_EQ(FitStations(32767, 1).Stations, 32767);
     const auto message = ExpectRunTimeError(ErrorKind::Overflow, [] { FitStations(32769, 1); });
     EXPECT_NE(message.find("32,767"), std::string::npos) << message;
+}
+
+TEST(TryFitStations, HasNoAnswerBeyondTheLargestInteger) {
+    EXPECT_EQ(TryFitStations(32767, 1)->Stations, 32767);
+    EXPECT_FALSE(TryFitStations(32769, 1));
+    EXPECT_FALSE(TryFitStations(1, 0));
 }
 
 TEST(FitStations, NeverFitsWithoutAvailableTime) {
@@ -101,6 +119,28 @@ TEST(FitStations, AgreesWithTheLoopOnAwkwardValues) {
                 << work << " in " << available;
         }
     }
+}
+
+/// Tasks in tenths of a second, all with one tool.
+std::vector<MatrixEntry> TasksOf(const std::vector<int>& tenths) {
+    std::vector<MatrixEntry> tasks;
+    for (const int time : tenths) {
+        tasks.push_back({time / 10.0, 1, 0});
+    }
+    return tasks;
+}
+
+RC_GTEST_PROP(FitStations, TakesStationsThatAreExactlyFullForFull, ()) {
+    constexpr std::size_t most_tasks = 14;
+    const auto tenths = *rc::gen::resize(
+        static_cast<int>(most_tasks),
+        rc::gen::nonEmpty(rc::gen::container<std::vector<int>>(rc::gen::inRange(1, 6000))));
+    RC_PRE(tenths.size() <= most_tasks);
+    const int stations = *rc::gen::inRange(1, 12);
+    const double cycle_time = std::accumulate(tenths.begin(), tenths.end(), 0) / 10.0 / stations;
+    const float work = WorkTime(TasksOf(tenths), {0, 0, 100, 1, 0, 1}, 0);
+    RC_ASSERT(FitStations(work, static_cast<float>(cycle_time)).Stations == stations);
+    RC_ASSERT(FitStations(work, static_cast<float>(cycle_time * 0.99999)).Stations > stations);
 }
 
 RC_GTEST_PROP(FitStations, AgreesWithTheLoop, ()) {
