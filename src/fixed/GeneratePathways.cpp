@@ -35,8 +35,9 @@ void PathwayGenerator::DeleteAll() {
 }
 
 void PathwayGenerator::AddResource(int resource) {
-    RecordSet tasks = m_database.OpenRecordSet("SELECT TaskId FROM Matrix WHERE ResourceId = " +
-                                               NumberText(resource) + " ORDER BY TaskId;");
+    RecordSet tasks = m_database.OpenRecordSet(
+        "SELECT TaskId FROM Matrix WHERE ResourceId = " + NumberText(resource) +
+        " AND TaskTime > 0 ORDER BY TaskId;");
     const int count = tasks.RecordCount();
     for (int first = 0; first < count; ++first) {
         tasks.MoveFirst();

@@ -78,10 +78,13 @@ TEST(GeneratePathways, StartsEveryPathwayFeasibleAndWithoutCost) {
               (Lines{"1|0|1|1|0|0|0|0|0", "2|2|1|1|0|0|0|0|0", "3|1|1|1|0|0|0|0|0"}));
 }
 
-TEST(GeneratePathways, CountsARowWithoutTaskTimeAsARow) {
-    ModelScript model = Capable(2, {{1, 2}});
+TEST(GeneratePathways, TakesARowWithoutTaskTimeForATaskThatTheResourceCannotDo) {
+    const Lines without_task_two = {"1|1|1|2", "2|1|3|4"};
+    ModelScript model = Capable(3, {{1, 2, 3}});
     model.Matrix[1].Time = 0;
-    EXPECT_EQ(RangesOf(model).size(), 3U);
+    EXPECT_EQ(RangesOf(model), without_task_two);
+    const LoadedModel null(model.Sql() + "UPDATE Matrix SET TaskTime = NULL WHERE TaskId = 2;");
+    EXPECT_EQ(null.Copy.RowsOf(kRanges, 4), without_task_two);
 }
 
 TEST(GeneratePathways, DoublesTheRangesOfATaskEnteredTwice) {
