@@ -3,6 +3,7 @@
 #include <array>
 
 #include "fixed/CreateLinks.h"
+#include "shell/Reports.h"
 
 namespace quarnel02 {
 
@@ -36,10 +37,11 @@ void LoadModel(MainForm& form) {
         form.SetText(kGenBoxes[position], gen.Text(static_cast<int>(position)));
     }
     gen.Close();
-    CreateLinks(form);
-    for (Picture& picture : form.picGraph) {
-        picture.Clear();
+    ClearResults(form);
+    for (const TextBox box : {TextBox::txtVolume, TextBox::txtProb}) {
+        form.SetText(box, "");
     }
+    CreateLinks(form);
 }
 
 }  // namespace quarnel02

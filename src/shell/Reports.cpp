@@ -4,12 +4,36 @@
 #include <system_error>
 
 #include "basic/Files.h"
+#include "basic/RunTimeError.h"
 
 namespace quarnel02 {
 
 bool HasReport(const MainForm& form, const std::string& file) {
     std::error_code ignored;
     return std::filesystem::is_regular_file(form.InApplicationDirectory(file), ignored);
+}
+
+void RemoveReport(const MainForm& form, const std::string& file) {
+    if (!HasReport(form, file)) {
+        return;
+    }
+    const std::filesystem::path path = form.InApplicationDirectory(file);
+    std::error_code error;
+    std::filesystem::remove(path, error);
+    if (error) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           "The report of the last solve, " + PathText(path) +
+                               ", cannot be removed (" + error.message() +
+                               "). Close the programs that use it and make its directory "
+                               "writable.");
+    }
+}
+
+void ClearResults(MainForm& form) {
+    for (Picture& picture : form.picGraph) {
+        picture.Clear();
+    }
+    form.LastDesign.reset();
 }
 
 void OpenReport(MainForm& form, const std::string& file) {

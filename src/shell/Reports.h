@@ -12,6 +12,13 @@ inline constexpr const char* kProductionReport = "ProdRpt.txt";
 /// Whether the application directory holds the report.
 [[nodiscard]] bool HasReport(const MainForm& form, const std::string& file);
 
+/// Removes the report of an earlier solve, if there is one, so that it does not pass for the result
+/// of the next. Throws FileAccess when it cannot be removed.
+void RemoveReport(const MainForm& form, const std::string& file);
+
+/// Clears the result pictures, which then show no design.
+void ClearResults(MainForm& form);
+
 /// Opens a report of the application directory in the text editor, without waiting for it. Does
 /// nothing when there is no such report.
 void OpenReport(MainForm& form, const std::string& file);

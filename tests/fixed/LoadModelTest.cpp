@@ -34,10 +34,28 @@ Lines Boxes(const ScriptedForm& form) {
 TEST(LoadModel, FillsTheBoxesFromGen) {
     const TestModel model(kGenRow);
     ScriptedForm form(model.Directory());
-    form.SetText(TextBox::txtVolume, "left");
     LoadModel(form);
     EXPECT_EQ(Boxes(form), (Lines{"0", "3", "240.5", "0.28", "24", "4.25", "18", "Pump, small"}));
-    EXPECT_EQ(form.Text(TextBox::txtVolume), "left");
+}
+
+TEST(LoadModel, ClearsTheBoxesOfADemandRow) {
+    const TestModel model(kGenRow);
+    ScriptedForm form(model.Directory());
+    form.SetText(TextBox::txtVolume, "5,000");
+    form.SetText(TextBox::txtProb, "60%");
+    LoadModel(form);
+    EXPECT_EQ(form.Text(TextBox::txtVolume), "");
+    EXPECT_EQ(form.Text(TextBox::txtProb), "");
+}
+
+TEST(LoadModel, ClearsTheResultsEvenWhenTheNetworkCannotBeBuilt) {
+    const TestModel model("UPDATE Gen SET Tasks = 256;");
+    ScriptedForm form(model.Directory());
+    form.LastDesign.emplace();
+    form.picGraph[0].Print("old");
+    ExpectRunTimeError(ErrorKind::Overflow, [&] { LoadModel(form); });
+    EXPECT_FALSE(form.LastDesign);
+    EXPECT_TRUE(form.picGraph[0].Figures().empty());
 }
 
 TEST(LoadModel, ShowsTheTemplate) {
@@ -69,7 +87,9 @@ TEST(LoadModel, RebuildsTheNetworkAndClearsTheResults) {
     for (Picture& picture : form.picGraph) {
         picture.Print("old");
     }
+    form.LastDesign.emplace();
     LoadModel(form);
+    EXPECT_FALSE(form.LastDesign);
     EXPECT_EQ(model.RowsOf("SELECT * FROM Arcs;", 1).size(), 6U);
     for (const Picture& picture : form.picGraph) {
         EXPECT_TRUE(picture.Figures().empty());

@@ -25,6 +25,38 @@ TEST(HasReport, FindsFilesOnly) {
     EXPECT_TRUE(HasReport(form, kRunReport));
 }
 
+TEST(RemoveReport, RemovesTheNamedReportOnly) {
+    const TestModel model;
+    const ScriptedForm form(model.Directory());
+    WriteFile(model.File("RunRpt.txt"), "x");
+    WriteFile(model.File("ProdRpt.txt"), "x");
+    RemoveReport(form, kRunReport);
+    EXPECT_FALSE(HasReport(form, kRunReport));
+    EXPECT_TRUE(HasReport(form, kProductionReport));
+    EXPECT_NO_THROW(RemoveReport(form, kRunReport));
+}
+
+TEST(RemoveReport, LeavesADirectoryOfThatName) {
+    const TestModel model;
+    std::filesystem::create_directory(model.File("RunRpt.txt"));
+    RemoveReport(ScriptedForm(model.Directory()), kRunReport);
+    EXPECT_TRUE(std::filesystem::is_directory(model.File("RunRpt.txt")));
+}
+
+TEST(ClearResults, ClearsThePicturesAndForgetsTheDesign) {
+    const TestModel model;
+    ScriptedForm form(model.Directory());
+    form.LastDesign.emplace();
+    for (Picture& picture : form.picGraph) {
+        picture.Print("old");
+    }
+    ClearResults(form);
+    EXPECT_FALSE(form.LastDesign);
+    for (const Picture& picture : form.picGraph) {
+        EXPECT_TRUE(picture.Figures().empty());
+    }
+}
+
 TEST(OpenReport, StartsTheEditorOnTheFullPath) {
     const TestModel model;
     WriteFile(model.File("RunRpt.txt"), "x");
