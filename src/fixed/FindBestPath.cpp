@@ -1,10 +1,13 @@
 #include "fixed/FindBestPath.h"
 
 #include <optional>
+#include <string>
 
+#include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "fixed/DrawLinks.h"
 #include "fixed/WriteSolutionSummary.h"
+#include "shell/DesignMade.h"
 
 namespace quarnel02 {
 
@@ -24,6 +27,12 @@ constexpr DeadEnd kUnreachedStart{"There is no feasible solution.", MessageIcon:
 constexpr DeadEnd kUnlabelledWayIn{"There is no feasible solution.", MessageIcon::Critical};
 constexpr DeadEnd kBrokenChain{"There is no feasible solution!", MessageIcon::Critical};
 
+std::optional<float> LabelOf(MainForm& form, std::int16_t node) {
+    const RecordSet label = form.OpenWorkingCopy().OpenRecordSet(
+        "SELECT PathCost FROM BestPaths WHERE ThisPath = " + NumberText(int{node}) + ";");
+    return label.RecordCount() != 0 ? std::optional(label.Single(0)) : std::nullopt;
+}
+
 /// One search: the label of the node in hand, and the labels written so far.
 class PathSearch {
   public:
@@ -40,6 +49,7 @@ class PathSearch {
     std::optional<DeadEnd> BeginNode(const RecordSet& ways);
     std::optional<DeadEnd> TryOtherWayIn(const RecordSet& ways);
     [[nodiscard]] float CostThrough(const RecordSet& ways) const;
+    [[nodiscard]] bool HasLabel(std::int16_t node) const;
     void AppendLabel();
     void Mark(std::int16_t pathway) const;
 
@@ -48,7 +58,6 @@ class PathSearch {
     std::int16_t m_pathId = 0;
     std::int16_t m_taskEnd = 0;
     std::int16_t m_taskStart = 0;
-    float m_cost = 0;   ///< cost of the node's first way in
     float m_label = 0;  ///< least cost of reaching the node
 };
 
@@ -89,6 +98,10 @@ float PathSearch::CostThrough(const RecordSet& ways) const {
     return ToSingle(static_cast<double>(start) + ways.Number(3), "PathCost");
 }
 
+bool PathSearch::HasLabel(std::int16_t node) const {
+    return LabelOf(m_form, node).has_value();
+}
+
 std::optional<DeadEnd> PathSearch::LabelNodes() {
     RecordSet ways = m_form.Model.OpenRecordSet(
         "SELECT Pathways.PathId, Arcs.TaskEnd, Arcs.TaskStart, Pathways.Cost FROM Arcs INNER JOIN "
@@ -98,8 +111,7 @@ std::optional<DeadEnd> PathSearch::LabelNodes() {
     ways.MoveFirst();
     // Meant: the very first way in counts as a start of the line, wherever it starts.
     ReadWayIn(ways);
-    m_cost = ways.Single(3);
-    m_label = m_cost;
+    m_label = ways.Single(3);
     for (ways.MoveNext(); !ways.Eof(); ways.MoveNext()) {
         const bool new_node = ways.Integer(1) != m_taskEnd;
         if (const auto dead_end = new_node ? BeginNode(ways) : TryOtherWayIn(ways)) {
@@ -113,14 +125,13 @@ std::optional<DeadEnd> PathSearch::LabelNodes() {
 std::optional<DeadEnd> PathSearch::BeginNode(const RecordSet& ways) {
     AppendLabel();
     ReadWayIn(ways);
-    m_cost = ways.Single(3);
     if (m_taskStart == 1) {
-        m_label = m_cost;
+        m_label = ways.Single(3);
         return std::nullopt;
     }
     m_label = CostThrough(ways);
     // Meant: a start node without a label ends the search, even if a later way in would do.
-    return m_label == m_cost ? std::optional(kUnreachedStart) : std::nullopt;
+    return HasLabel(m_taskStart) ? std::nullopt : std::optional(kUnreachedStart);
 }
 
 std::optional<DeadEnd> PathSearch::TryOtherWayIn(const RecordSet& ways) {
@@ -130,8 +141,7 @@ std::optional<DeadEnd> PathSearch::TryOtherWayIn(const RecordSet& ways) {
     ReadWayIn(ways);
     m_label = CostThrough(ways);
     // Meant: a way in from node 1 ends here too, because node 1 has no label.
-    return ways.Number(3) == static_cast<double>(m_label) ? std::optional(kUnlabelledWayIn)
-                                                          : std::nullopt;
+    return HasLabel(m_taskStart) ? std::nullopt : std::optional(kUnlabelledWayIn);
 }
 
 std::optional<DeadEnd> PathSearch::MarkChain() {
@@ -172,21 +182,55 @@ std::optional<DeadEnd> Search(MainForm& form) {
     return dead_end;
 }
 
+/// How far a line that was found goes.
+struct LineEnd {
+    int LastTask;  ///< of the line
+    int Tasks;     ///< of the model
+
+    [[nodiscard]] bool LeavesTasksOut() const { return LastTask < Tasks; }
+};
+
+LineEnd FetchLineEnd(MainForm& form) {
+    const Database& database = form.OpenWorkingCopy();
+    const RecordSet last = database.OpenRecordSet("SELECT Max(ThisPath) FROM BestPaths;");
+    const RecordSet gen = database.OpenRecordSet("SELECT Tasks FROM Gen;");
+    return {last.Integer(0) - 1, gen.Integer(0)};
+}
+
+/// "2 shifts, 60,000 units a year"
+std::string DesignCaption(const FixedDemandState& state, LineEnd end) {
+    const std::string shifts =
+        NumberText(int{state.ShiftCount}) + (state.ShiftCount == 1 ? " shift" : " shifts");
+    const std::string volume =
+        Format(TextToDouble(state.FixedDemand, "Fixed Demand"), "#,##0") + " units a year";
+    return shifts + ", " + volume +
+           (end.LeavesTasksOut() ? ", ends after task " + NumberText(end.LastTask) : "");
+}
+
+std::string LeftOutText(LineEnd end) {
+    return "This line ends after task " + NumberText(end.LastTask) + ": no resource can do tasks " +
+           NumberText(end.LastTask + 1) + " to " + NumberText(end.Tasks) + " within the limits.";
+}
+
 }  // namespace
 
 float GetPathCost(MainForm& form, std::int16_t node) {
-    const RecordSet label = form.OpenWorkingCopy().OpenRecordSet(
-        "SELECT PathCost FROM BestPaths WHERE ThisPath = " + NumberText(int{node}) + ";");
-    return label.RecordCount() != 0 ? label.Single(0) : 0.0F;
+    return LabelOf(form, node).value_or(0.0F);
 }
 
 void FindBestPath(MainForm& form) {
-    if (const auto dead_end = Search(form)) {
+    const auto dead_end = Search(form);
+    DrawLinks(form);
+    if (dead_end) {
         form.ShowMessage(dead_end->Message, dead_end->Icon);
         return;
     }
-    DrawLinks(form);
     WriteSolutionSummary(form);
+    const LineEnd end = FetchLineEnd(form);
+    NoteDesign(form, DesignCaption(form.FixedDemandSolve, end));
+    if (end.LeavesTasksOut()) {
+        form.ShowMessage(LeftOutText(end), MessageIcon::Critical);
+    }
 }
 
 }  // namespace quarnel02

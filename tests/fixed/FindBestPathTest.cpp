@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -24,10 +25,12 @@ constexpr const char* kBrokenChain = "message[critical]: There is no feasible so
 
 /// Runs the search, which must end with this message and without a report.
 void ExpectDeadEnd(CostedNetwork& network, const char* message) {
+    network.Form.picArc.OnChange = [&] { network.Form.Events.emplace_back("drawn"); };
     network.Search();
-    EXPECT_EQ(network.Form.Events, Lines{message});
+    EXPECT_EQ(network.Form.Events.front(), "drawn");
+    EXPECT_EQ(network.Form.Events.back(), message);
     EXPECT_FALSE(network.HasReport());
-    EXPECT_TRUE(network.Form.picArc.Figures().empty());
+    EXPECT_FALSE(network.Form.LastDesign);
 }
 
 /// Runs the search, which must end with the report.
@@ -68,11 +71,50 @@ TEST(FindBestPath, LeavesATieToTheLowerNodeInWhateverOrderArcsStand) {
     EXPECT_EQ(network.States(), (Lines{"1", "4", "1", "4"}));
 }
 
-TEST(FindBestPath, EndsAtTheLastNodeThatIsReached) {
+/// Runs the search, which must report a line and then say which tasks it leaves out.
+void ExpectShortLine(CostedNetwork& network, const char* message) {
+    network.Search();
+    EXPECT_EQ(network.Form.Events,
+              (Lines{"start: notepad.exe " + PathText(network.Copy.File("RunRpt.txt")), message}));
+    EXPECT_TRUE(network.HasReport());
+}
+
+TEST(FindBestPath, SaysWhichTasksALineLeavesOut) {
     CostedNetwork network({{1, 2, 10}, {2, 3, 5}, {3, 4, 7, 2}});
-    ExpectSolved(network);
+    ExpectShortLine(network,
+                    "message[critical]: This line ends after task 2: no resource can do tasks 3 "
+                    "to 3 within the limits.");
     EXPECT_EQ(network.Labels(), (Lines{"2|1|1|10", "3|2|2|15"}));
     EXPECT_EQ(network.States(), (Lines{"4", "4", "2"}));
+    EXPECT_EQ(network.Form.LastDesign->Caption, "1 shift, 1,000 units a year, ends after task 2");
+}
+
+TEST(FindBestPath, CountsAllTasksThatALineLeavesOut) {
+    CostedNetwork network({{1, 2, 10}, {2, 13, 5, 2}});
+    ExpectShortLine(network,
+                    "message[critical]: This line ends after task 1: no resource can do tasks 2 "
+                    "to 12 within the limits.");
+}
+
+TEST(FindBestPath, NotesTheDesignThatItShows) {
+    CostedNetwork network({{1, 2, 10}});
+    ExpectSolved(network);
+    EXPECT_EQ(network.Form.LastDesign->Caption, "1 shift, 1,000 units a year");
+    network.Form.FixedDemandSolve.ShiftCount = 3;
+    network.Form.FixedDemandSolve.FixedDemand = "1.25e4";
+    network.Search();
+    EXPECT_EQ(network.Form.LastDesign->Caption, "3 shifts, 12,500 units a year");
+}
+
+TEST(FindBestPath, DrawsTheNetworkBeforeItWritesTheSummary) {
+    CostedNetwork network({{1, 2, 10}});
+    network.Form.picArc.OnChange = [&] { network.Form.Events.emplace_back("network"); };
+    network.Form.picGraph[0].OnChange = [&] { network.Form.Events.emplace_back("summary"); };
+    network.Search();
+    Lines steps = network.Form.Events;
+    steps.erase(std::unique(steps.begin(), steps.end()), steps.end());
+    EXPECT_EQ(steps, (Lines{"network", "summary",
+                            "start: notepad.exe " + PathText(network.Copy.File("RunRpt.txt"))}));
 }
 
 TEST(FindBestPath, IgnoresOtherStates) {
@@ -125,16 +167,29 @@ TEST(FindBestPath, EndsAtANodeWhoseFirstWayInStartsAtAnUnlabelledNode) {
     EXPECT_EQ(network.States(), (Lines{"1", "1", "1"}));
 }
 
-TEST(FindBestPath, TakesALabelOfZeroForAMissingOne) {
+TEST(FindBestPath, TakesANodeReachedAtNoCostForReached) {
     CostedNetwork network({{1, 2, 0}, {2, 3, 5}});
-    ExpectDeadEnd(network, kUnreachedStart);
-    EXPECT_EQ(network.Labels(), Lines{"2|1|1|0"});
+    ExpectSolved(network);
+    EXPECT_EQ(network.Labels(), (Lines{"2|1|1|0", "3|2|2|5"}));
+    EXPECT_EQ(network.States(), (Lines{"4", "4"}));
 }
 
-TEST(FindBestPath, TakesALabelLostInRoundingForAMissingOne) {
+TEST(FindBestPath, TakesACheaperWayInFromANodeReachedAtNoCost) {
+    CostedNetwork network({{1, 2, 0}, {1, 3, 9}, {2, 3, 5}});
+    ExpectSolved(network);
+    EXPECT_EQ(network.Labels(), (Lines{"2|1|1|0", "3|3|2|5"}));
+}
+
+TEST(FindBestPath, TakesANodeWhoseCostIsLostInRoundingForReached) {
     // 1 + 1e9 rounds to the single 1e9 itself.
     CostedNetwork network({{1, 2, 1}, {2, 3, 1e9}});
-    ExpectDeadEnd(network, kUnreachedStart);
+    ExpectSolved(network);
+    EXPECT_EQ(network.Labels(), (Lines{"2|1|1|1", "3|2|2|1000000000"}));
+}
+
+TEST(FindBestPath, EndsAtAFreeWayInFromAnUnlabelledNode) {
+    CostedNetwork network({{1, 4, 10}, {2, 4, 0}, {4, 5, 1}});
+    ExpectDeadEnd(network, kUnlabelledWayIn);
 }
 
 TEST(FindBestPath, EndsAtACheaperWayInFromAnUnlabelledNode) {
