@@ -71,13 +71,13 @@ double FetchTotalCost(const Database& database) {
 
 void PrintStation(LinePrinter& printer, const StationColumns& columns, int number,
                   const Station& station, const SplitText& tools) {
-    printer.PrintOpen(number, Tab{6}, station.Resource, Tab{10}, station.ShortName, Tab{17},
-                      station.Quantity, Tab{columns.Cost}, station.Cost, Tab{columns.Time},
-                      station.Time, Tab{columns.Tasks},
+    printer.PrintOpen(number, Column{6}, station.Resource, Column{10}, station.ShortName,
+                      Column{17}, station.Quantity, Column{columns.Cost}, station.Cost,
+                      Column{columns.Time}, station.Time, Column{columns.Tasks},
                       TasksText(station.TaskStart, station.TaskEnd));
-    printer.Print(Tab{columns.Tools}, tools.First);
+    printer.Print(Column{columns.Tools}, tools.First);
     if (tools.Split) {
-        printer.Print(Tab{columns.Tools}, tools.Rest);
+        printer.Print(Column{columns.Tools}, tools.Rest);
     }
 }
 
@@ -155,7 +155,7 @@ void SummaryWriter::PrintHead() {
     m_picture.Print("Solution Summary");
     m_file.Print("Solution");
     PrintBoth("-------------------");
-    m_picture.Print(shifts, Tab{17}, limit, Tab{35}, volume);
+    m_picture.Print(shifts, Column{17}, limit, Column{35}, volume);
     m_file.Print(shifts);
     m_file.Print(limit);
     m_file.Print(volume);
@@ -199,9 +199,11 @@ void DrawChosenLine(MainForm& form) {
         "Pathways.Stations FROM (Pathways INNER JOIN Arcs ON Pathways.ArcId = Arcs.ArcId) INNER "
         "JOIN Resources ON Pathways.ResourceId = Resources.ResourceId Where (((Pathways.Feasible) "
         "= 4)) ORDER BY Arcs.TaskStart;");
+    constexpr int no_type = -1;  // is drawn without an icon
     std::vector<StationFigure> stations;
     for (; !rows.Eof(); rows.MoveNext()) {
-        stations.push_back({rows.Integer(3), rows.Integer(4)});
+        const int type = IsNull(rows.Field(3)) ? no_type : rows.Integer(3);
+        stations.push_back({type, rows.Integer(4)});
     }
     DrawLine(form.picGraph[2], stations);
 }

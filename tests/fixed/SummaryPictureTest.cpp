@@ -51,28 +51,40 @@ const std::vector<ChosenStation>& ThreeStations() {
 TEST(SummaryPicture, ShowsTheSummaryInItsOwnColumns) {
     SolvedLine solved(ThreeStations());
     solved.Write();
-    // The time fills its column of 8 characters, so that the tasks touch it.
+    // The time fills its column of 8 characters, and the tasks keep a blank from it.
     EXPECT_EQ(
         PrintedLines(solved.Form.picGraph[0]),
         (Lines{"Solution Summary", "-------------------",
                "# of Shifts: 2  Station Limit: -- Annual Volume: 60,000", "",
                "Sta.  Resource  Qty     Cost      Time    Tasks    Tools",
                " 1    1  Bench   1  $1,235     61.11   1       1",
-               " 2    12 Robot A 12 $1,234,568 1,234.572-8     1 2 3 4 5 ",
-               "                                              6 7", " 3    3  Assembler",
-               "                 2  $999       .50     9-10    4", "", "Cycle Time:      1234.57",
+               " 2    12 Robot A 12 $1,234,568 1,234.57 2-8    1 2 3 4 5 ",
+               "                                              6 7",
+               " 3    3  Assembler 2 $999      .50     9-10    4", "", "Cycle Time:      1234.57",
                "Max Cycle Time:  24.00", "", "Total Cost:      $1,236,802"}));
 }
 
-TEST(SummaryPicture, MovesToTheNextLineWhereAColumnIsTaken) {
+TEST(SummaryPicture, KeepsAllColumnsApartByABlank) {
     SolvedLine solved({{1, 1, "R", 100, 123456789, 12345, {1}}});
+    solved.Form.FixedDemandSolve = {2, "60000", 100, "100", 24};
     solved.Write();
     const Lines lines = PrintedLines(solved.Form.picGraph[0]);
-    ASSERT_GT(lines.size(), 8U);
-    EXPECT_EQ(Lines(lines.begin() + 5, lines.begin() + 9),
-              (Lines{" 1    1  R       100 ", "                    $123,456,789",
-                     "                               12,345.00",
-                     "                                       1       1"}));
+    ASSERT_GT(lines.size(), 5U);
+    EXPECT_EQ(lines[2], "# of Shifts: 2  Station Limit: 100 Annual Volume: 60,000");
+    EXPECT_EQ(lines[5], " 1    1  R       100 $123,456,789 12,345.00 1  1");
+}
+
+TEST(SummaryPicture, PrintsABlankForAControlCharacterOfAName) {
+    SolvedLine solved({{1, 1, "A\nB", 1, 10, 5, {1}}});
+    solved.Write();
+    EXPECT_EQ(PrintedLines(solved.Form.picGraph[0]).at(5),
+              " 1    1  A B     1  $10        5.00    1       1");
+}
+
+TEST(SummaryPicture, DrawsAStationWithoutATypeWithoutAnIcon) {
+    SolvedLine solved({{1, 1, "R", 1, 10, 5, {1}}}, "UPDATE Resources SET Type = NULL;");
+    solved.Write();
+    EXPECT_TRUE(FiguresOf<IconFigure>(solved.Form.picGraph[2]).empty());
 }
 
 TEST(SummaryPicture, DrawsTheLineUnderItsHeading) {

@@ -72,7 +72,7 @@ TEST(WriteSolutionSummary, ReportsTheWorkedExampleForTwoStationsWhole) {
 
 TEST(WriteSolutionSummary, ReportsThreeStationsWhole) {
     // A resource number of two digits, a wrapped tools text, a name of exactly 7 characters and
-    // one of 9, which pushes the quantity to the next line.
+    // one of 9, which pushes the quantity.
     SolvedLine solved(
         {{1, 1, "Bench", 1, 1234.5, 61.111, {1}, 1000, 20000},
          {2, 12, "Robot A", 12, 1234567.89, 1234.567, {1, 2, 3, 4, 5, 6, 7}, 2000.25, 30000},
@@ -90,8 +90,7 @@ TEST(WriteSolutionSummary, ReportsThreeStationsWhole) {
               " 1    1  Bench   1     $1,235     61.11    1         1\n"
               " 2    12 Robot A 12    $1,234,568 1,234.57 2-8       1 2 3 4 5 \n"
               "                                                    6 7\n"
-              " 3    3  Assembler\n"
-              "                 2     $999       .50      9-10      4\n"
+              " 3    3  Assembler 2   $999       .50      9-10      4\n"
               " \n"
               "Cycle Time:      1234.57\n"
               "Max Cycle Time:  1500.13\n"
@@ -129,14 +128,20 @@ TEST(WriteSolutionSummary, NumbersStationsBeyondNine) {
               " 11   1  R       1     $10        5.00     11        1\n");
 }
 
-TEST(WriteSolutionSummary, GoesToTheNextLineWhereAColumnIsTaken) {
-    // A long amount pushes the time to the next line, a long time touches the tasks, a resource
-    // number of three digits pushes the name.
-    EXPECT_EQ(StationLines({{1, 1, "R", 100, 123456789, 12345, {1}}, {2, 123, "R", 1, 1, 1, {1}}}),
-              " 1    1  R       100   $123,456,789\n"
-              "                                  12,345.001         1\n"
-              " 2    123 \n"
-              "         R       1     $1         1.00     2         1\n");
+TEST(WriteSolutionSummary, KeepsAllColumnsApartByABlank) {
+    // A resource number of three digits, a name of nine characters, an amount of twelve and a time
+    // of nine push what follows; the rest stands in its columns again where there is room.
+    EXPECT_EQ(StationLines({{1, 1, "R", 100, 123456789, 12345, {1}},
+                            {2, 123, "R", 1, 1, 1, {1}},
+                            {3, 1, "Assembler", 12345, 1234567890, 1234567, {1, 1, 1, 1, 1}}}),
+              " 1    1  Assembler 100 $123,456,789 12,345.00 1      1\n"
+              " 2    123 R      1     $1         1.00     2         1\n"
+              " 3    1  Assembler 12345 $1,234,567,890 1,234,567.00 3-7 1\n");
+}
+
+TEST(WriteSolutionSummary, PrintsABlankForAControlCharacterOfAName) {
+    EXPECT_EQ(StationLines({{1, 1, "A\nB\tC", 1, 10, 5, {1}}}),
+              " 1    1  A B C   1     $10        5.00     1         1\n");
 }
 
 TEST(WriteSolutionSummary, CountsCharactersAndNotBytes) {
