@@ -1,11 +1,13 @@
 #include "fixed/CostPathways.h"
 
+#include <exception>
 #include <string>
 #include <vector>
 
 #include "basic/Numbers.h"
 #include "fixed/ArcDrawing.h"
 #include "fixed/CostModel.h"
+#include "fixed/DrawLinks.h"
 #include "fixed/FindBestPath.h"
 
 namespace quarnel02 {
@@ -84,7 +86,7 @@ void PathwayCoster::FetchMatrix(int resource, TaskRange tasks, const char* order
 
 void PathwayCoster::Write(RecordSet& pathways, const PathwayCost& cost) const {
     pathways.Edit();
-    if (m_limit != -1 && cost.Stations > m_limit) {
+    if (cost.OverEveryLimit || (m_limit != -1 && cost.Stations > m_limit)) {
         pathways.Set("Feasible", 2);
     }
     pathways.Set("Stations", cost.Stations);
@@ -99,12 +101,39 @@ void PathwayCoster::Write(RecordSet& pathways, const PathwayCost& cost) const {
 void PathwayCoster::CostCurrent(RecordSet& pathways) {
     const int resource = pathways.Integer(2);
     const TaskRange tasks = DrawProgress(pathways.Integer(1));
-    FetchMatrix(resource, tasks, "ToolNum", m_byTool);
+    FetchMatrix(resource, tasks, "ToolNum, TaskId", m_byTool);
     const ResourceCosts costs = FetchResource(m_database, resource);
     const Production production = FetchProduction(m_database);
     FetchMatrix(resource, tasks, "TaskId", m_byTask);
     Write(pathways, CostOfPathway(m_byTool, m_byTask, costs, production, m_workload));
 }
+
+/// Draws the network again when an error leaves its scope, so that no progress colour stays.
+class NetworkRedraw {
+  public:
+    explicit NetworkRedraw(MainForm& form) : m_form(form) {}
+    ~NetworkRedraw() {
+        if (std::uncaught_exceptions() > m_exceptions) {
+            Redraw();
+        }
+    }
+    NetworkRedraw(const NetworkRedraw&) = delete;
+    NetworkRedraw& operator=(const NetworkRedraw&) = delete;
+    NetworkRedraw(NetworkRedraw&&) = delete;
+    NetworkRedraw& operator=(NetworkRedraw&&) = delete;
+
+  private:
+    void Redraw() noexcept {
+        try {
+            DrawLinks(m_form);
+        } catch (const std::exception&) {  // the first error is the one to report
+            return;
+        }
+    }
+
+    MainForm& m_form;
+    int m_exceptions = std::uncaught_exceptions();
+};
 
 /// False when no pathway is left in state 1.
 bool KeepCheapestOfEachArc(const Database& database) {
@@ -133,11 +162,13 @@ bool KeepCheapestOfEachArc(const Database& database) {
 }  // namespace
 
 void CostPathways(MainForm& form) {
-    const Database& database = form.Model;
+    const NetworkRedraw redraw(form);
+    const Database database = form.Model;
     Transaction transaction(database);
     RecordSet& pathways = form.PathwayRecords;
     pathways = database.OpenRecordSet("SELECT * FROM Pathways WHERE Feasible = 1;");
     if (pathways.RecordCount() == 0) {
+        DrawLinks(form);
         form.ShowMessage("Please complete the task and resource tables first.",
                          MessageIcon::Information);
         return;
@@ -150,6 +181,7 @@ void CostPathways(MainForm& form) {
     const bool feasible = KeepCheapestOfEachArc(database);
     transaction.Commit();
     if (!feasible) {
+        DrawLinks(form);
         form.ShowMessage("There is not a feasible solution!", MessageIcon::Critical);
         return;
     }

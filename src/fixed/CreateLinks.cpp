@@ -18,13 +18,13 @@ constexpr double kTwoPi = 6.28318;
 constexpr int kMostTasks = 255;  ///< 256 x 255 / 2 = 32,640 arcs; one task more exceeds 16 bits
 
 std::int16_t NodeCount(const MainForm& form) {
-    const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Tasks (txtTasks)");
+    const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Number of tasks");
     if (tasks > kMostTasks) {
         throw RunTimeError(ErrorKind::Overflow,
                            "Tasks: the model has " + NumberText(tasks) +
                                " tasks, and at most 255 are possible. Join or remove tasks.");
     }
-    return ToInteger(tasks + 1, "Tasks");
+    return ToInteger(tasks + 1, "Number of tasks");
 }
 
 void DeleteArcs(const Database& database) {

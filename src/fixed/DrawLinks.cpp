@@ -84,8 +84,8 @@ void DrawLinks(MainForm& form) {
     DrawArcsInState(picture, database, "1", kDarkBlue);
     DrawArcsInState(picture, database, "2", kRed);
     DrawChosenArcs(picture, database);
-    const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Tasks (txtTasks)");
-    DrawNodes(picture, ToInteger(tasks + 1, "Tasks"));
+    const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Number of tasks");
+    DrawNodes(picture, ToInteger(tasks + 1, "Number of tasks"));
 }
 
 }  // namespace quarnel02

@@ -1,11 +1,14 @@
 #include "fixed/cmdContinuous.h"
 
+#include <optional>
 #include <string>
 
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "fixed/CostPathways.h"
 #include "fixed/GeneratePathways.h"
+#include "shell/ModelCheck.h"
+#include "shell/Reports.h"
 
 namespace quarnel02 {
 
@@ -13,6 +16,19 @@ namespace {
 
 std::string AskDemand(MainForm& form, const std::string& proposal) {
     return form.InputBox("What is the fixed demand for this product?", "Fixed Demand", proposal);
+}
+
+/// The volume that the only demand row shows; "" when that is none, which the user is told.
+std::string VolumeOfOnlyRow(MainForm& form) {
+    const std::string volume = form.Text(TextBox::txtVolume);
+    if (!volume.empty() && volume != "0") {
+        return volume;
+    }
+    form.ShowMessage(
+        "The volume of the only demand row is 0. Enter a volume above 0 and press Update, or press "
+        "Delete to be asked for the demand.",
+        MessageIcon::Information);
+    return "";
 }
 
 /// The annual demand as text; "" when the user gives none.
@@ -24,7 +40,7 @@ std::string ChooseDemand(MainForm& form) {
     if (rows == 1) {
         form.SelectDemand(0);
         form.DoEvents();
-        return form.Text(TextBox::txtVolume);
+        return VolumeOfOnlyRow(form);
     }
     if (form.SelectedDemand() < 0) {
         form.SelectDemand(rows - 1);
@@ -32,27 +48,25 @@ std::string ChooseDemand(MainForm& form) {
     return AskDemand(form, form.Text(TextBox::txtVolume));
 }
 
-/// Fills the station limit; false when the user cancels.
-bool ChooseStationLimit(MainForm& form) {
-    FixedDemandState& state = form.FixedDemandSolve;
+/// The station limit as answered, "" for none; nothing when the user cancels.
+std::optional<std::string> AskStationLimit(MainForm& form) {
     if (!form.AskYesNo("Do you want to limit parallel stations?", MessageIcon::None, Answer::Yes)) {
-        state.StationLimitText = "--";
-        state.StationLimit = -1;
-        return true;
+        return "";
     }
     const std::string answer =
         form.InputBox("What is the maximum number of stations allowed?", kApplicationTitle, "");
-    if (answer.empty()) {
-        return false;
+    return answer.empty() ? std::nullopt : std::optional(answer);
+}
+
+/// An answer below 1 is no limit.
+void TakeStationLimit(FixedDemandState& state, const std::string& answer) {
+    if (answer.empty() || TextToDouble(answer, "Station Limit") < 1) {
+        state.StationLimitText = "--";
+        state.StationLimit = -1;
+        return;
     }
-    if (TextToDouble(answer, "Station Limit") < 1) {
-        state.StationLimit = -1;  // Meant: the text of the last limit stays.
-        return true;
-    }
-    const std::int16_t limit = TextToInteger(answer, "Station Limit");
+    state.StationLimit = TextToInteger(answer, "Station Limit");
     state.StationLimitText = answer;
-    state.StationLimit = limit;
-    return true;
 }
 
 /// Seconds of production per year over the units of the year.
@@ -76,18 +90,23 @@ double CycleTimeFor(double days, std::int16_t shifts, double demand) {
 void cmdContinuous_Click(MainForm& form, std::int16_t index) {
     FixedDemandState& state = form.FixedDemandSolve;
     state.ShiftCount = index;
-    for (Picture& picture : form.picGraph) {
-        picture.Clear();
-    }
+    ClearResults(form);
     const std::string demand = ChooseDemand(form);
     if (demand.empty()) {
         return;
     }
     state.FixedDemand = demand;
-    if (!ChooseStationLimit(form)) {
+    const auto limit = AskStationLimit(form);
+    if (!limit) {
         return;
     }
-    form.GenRecords = form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Gen;");
+    RemoveReport(form, kRunReport);
+    TakeStationLimit(state, *limit);
+    if (!HasTasksAndResources(form)) {
+        return;
+    }
+    RequireUsableModel(form.OpenWorkingCopy());
+    form.GenRecords = form.Model.OpenRecordSet("SELECT * FROM Gen;");
     state.AvailableCycleTime = CycleTimeFor(form.GenRecords.Number("Days"), state.ShiftCount,
                                             TextToDouble(demand, "Fixed Demand"));
     GeneratePathways(form);

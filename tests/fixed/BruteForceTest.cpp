@@ -57,17 +57,19 @@ ModelScript RandomModel(Dice& dice) {
     model.Acf = dice(10, 40) / 100.0;
     model.LaborCost = dice(5, 40);
     model.TransportTime = dice(0, 10);
+    const int priced = dice.OneIn(4) ? 0 : 1;  // 0 is a line that costs nothing
+    model.LaborCost *= priced;
     const int gaps = dice(0, 2);  // 0 is a matrix without gaps
     const int resources = dice(1, 4);
     for (int resource = 1; resource <= resources; ++resource) {
         model.Resources.push_back({"R" + std::to_string(resource), dice(0, 3),
-                                   dice(0, 100) * 1000.0, dice(0, 20) + 0.5,
+                                   dice(0, 100) * 1000.0 * priced, (dice(0, 20) + 0.5) * priced,
                                    static_cast<double>(dice(70, 100)), dice(10, 20) / 10.0,
                                    dice(0, 12) + 0.25, dice(1, 12) / 2.0});
         for (int task = 1; task <= model.Tasks; ++task) {
             if (gaps == 0 || !dice.OneIn(8 / gaps)) {
-                model.Matrix.push_back(
-                    {resource, task, dice(1, 600) / 10.0, dice(1, 3), dice(0, 200) * 100.0});
+                model.Matrix.push_back({resource, task, dice(1, 600) / 10.0, dice(1, 3),
+                                        dice(0, 200) * 100.0 * priced});
             }
         }
     }
@@ -129,7 +131,7 @@ std::optional<float> CostOf(const ModelScript& model, const Order& order, int id
     const float work = Work(rows, resource, model.TransportTime);
     int stations = 1;
     float time = work;
-    while (available < time) {
+    while (Wide(time) > Wide(available) * (1 + 1e-6)) {
         time = Single(Wide(work) / ++stations);
     }
     if (order.Limit != -1 && stations > order.Limit) {
@@ -199,7 +201,8 @@ float CheapestLine(const ArcCosts& arcs) {
 }
 
 std::string Dollars(double amount) {
-    std::string digits = std::to_string(std::llround(amount));
+    const auto whole = std::llround(amount);
+    std::string digits = whole == 0 ? "" : std::to_string(whole);  // "$#,###" prints no 0
     for (auto at = static_cast<int>(digits.size()) - 3; at > 0; at -= 3) {
         digits.insert(static_cast<std::size_t>(at), ",");
     }
@@ -227,6 +230,17 @@ void ExpectLine(const LoadedModel& model, int end, float cost) {
     EXPECT_NE(model.Report().find("\nTotal Cost:         " + Dollars(total) + "\n"),
               std::string::npos)
         << model.Report();
+}
+
+/// A line that leaves tasks out is said to do so, and no other.
+void ExpectLeftOut(const LoadedModel& model, int end, int tasks) {
+    const std::string& last = model.Form.Events.back();
+    const std::string message = "message[critical]: This line ends after task " +
+                                std::to_string(end - 1) + ": no resource can do tasks " +
+                                std::to_string(end) + " to " + std::to_string(tasks) +
+                                " within the limits.";
+    EXPECT_EQ(last == message, end <= tasks) << last;
+    EXPECT_EQ(last.starts_with("start: "), end > tasks) << last;
 }
 
 /// A solve without a report ends with one message. Only without a buildable arc it is that of the
@@ -268,6 +282,7 @@ TEST(SolverAndBruteForce, AgreeOnRandomModels) {
         if (model.HasReport()) {
             ++reports;
             ExpectLine(model, LastNode(arcs), CheapestLine(arcs));
+            ExpectLeftOut(model, LastNode(arcs), script.Tasks);
         } else {
             ExpectReason(model, script, arcs);
             EXPECT_FALSE(EveryTaskCanStandAlone(arcs, script.Tasks));

@@ -1,10 +1,16 @@
 #include "fixed/CostPathways.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
 
+#include <algorithm>
+#include <map>
+#include <random>
 #include <string>
 #include <vector>
 
+#include "fixed/DrawLinks.h"
 #include "fixed/GeneratePathways.h"
 #include "support/FigureText.h"
 #include "support/LoadedModel.h"
@@ -17,6 +23,7 @@ using test::ExpectRunTimeError;
 using test::FigureTexts;
 using test::kAllPathways;
 using test::LoadedModel;
+using test::MatrixRow;
 using test::ModelScript;
 using test::ScriptedForm;
 using test::WorkedExample;
@@ -128,6 +135,50 @@ TEST(CostPathways, CostsToolsInTheOrderOfTheirNumbersAndTimesInTheOrderOfTasks) 
               Lines{"39|80"});
 }
 
+/// Up to six tasks of one resource, with few tools at many costs.
+struct SharedTools {
+    std::vector<MatrixRow> Rows;
+
+    static SharedTools Arbitrary() {
+        SharedTools tools;
+        const int tasks = *rc::gen::inRange(2, 7);
+        for (int task = 1; task <= tasks; ++task) {
+            tools.Rows.push_back({1, task, 10, *rc::gen::inRange(1, 4),
+                                  static_cast<double>(*rc::gen::inRange(0, 9))});
+        }
+        return tools;
+    }
+
+    /// What the tools cost a station with all the tasks: each at the cost of its first task.
+    [[nodiscard]] std::string FirstCosts() const {
+        std::map<int, double> costs;
+        for (const MatrixRow& row : Rows) {
+            costs.emplace(row.Tool, row.ToolCost);
+        }
+        double sum = 0;
+        for (const auto& [tool, cost] : costs) {
+            sum += cost;
+        }
+        return NumberText(sum);
+    }
+};
+
+/// The file brings no index that would hand out the rows in the order of tasks.
+RC_GTEST_PROP(CostPathways, PaysASharedToolAtTheCostOfItsFirstTaskWhateverTheOrderOfEntry, ()) {
+    const SharedTools tools = SharedTools::Arbitrary();
+    ModelScript script;
+    script.Tasks = static_cast<int>(tools.Rows.size());
+    script.Resources.resize(1);
+    script.Matrix = tools.Rows;
+    std::shuffle(script.Matrix.begin(), script.Matrix.end(),
+                 std::mt19937(*rc::gen::arbitrary<unsigned>()));
+    LoadedModel model(script.Sql() + "DROP INDEX MatrixByPair;");
+    Cost(model.Form, "1000", 1000);
+    RC_ASSERT(model.Copy.RowsOf("SELECT Investment FROM Pathways WHERE PathId = " +
+                                    NumberText(script.Tasks) + ";",
+                                1) == Lines{tools.FirstCosts()});
+}
+
 TEST(CostPathways, KeepsTheCostsOfAPathwayOverTheLimit) {
     // 400 s of work in 100 s: four stations, one more than the limit, on resource 1.
     ModelScript script = OneTask({{"Slow", 0, 1000}, {"Fast", 0, 9000}});
@@ -178,19 +229,59 @@ TEST(CostPathways, PassesOverCheaperAlternativesBeyondTheLimit) {
     EXPECT_EQ(model.States(), (Lines{"2", "4"}));
 }
 
-TEST(CostPathways, DrawsTheArcsAsItGoes) {
+/// The last figure of the network after each change of it.
+struct DrawingLog {
+    explicit DrawingLog(ScriptedForm& form) {
+        form.picArc.OnChange = [this, &form] {
+            const Lines figures = FigureTexts(form.picArc);
+            Drawn.push_back(figures.empty() ? "clear" : figures.back());
+        };
+    }
+    Lines Drawn;
+};
+
+TEST(CostPathways, DrawsTheArcsAsItGoesAndThenTheirStates) {
     LoadedModel model(WorkedExample());
-    const Lines network = FigureTexts(model.Form.picArc);
+    const DrawingLog log(model.Form);
     Cost(model.Form, "100000", 72, 0);
     // Spacing 3750; pathways 1 (first task), 2 (both tasks) and 3 (second task) in order.
-    Lines expected = network;
+    Lines progress;
     for (const char* arc : {"(5625, 1500) radius 1875 from 0 to 3.14159",
                             "(7500, 1500) radius 3750 from 3.14159 to 6.28318",
                             "(9375, 1500) radius 1875 from 0 to 3.14159"}) {
-        expected.push_back(std::string("circle ") + arc + " aspect 0.25 width 2 rgb 200,0,0");
+        progress.push_back(std::string("circle ") + arc + " aspect 0.25 width 2 rgb 200,0,0");
     }
-    EXPECT_EQ(FigureTexts(model.Form.picArc), expected);
-    EXPECT_EQ(model.Form.picArc.DrawWidth, 2);
+    progress.emplace_back("clear");
+    ASSERT_GT(log.Drawn.size(), progress.size());
+    EXPECT_EQ(Lines(log.Drawn.begin(), log.Drawn.begin() + 4), progress);
+}
+
+/// What DrawLinks draws of the working copy as it is.
+Lines NetworkOf(LoadedModel& model) {
+    ScriptedForm fresh(model.Copy.Directory());
+    fresh.SetText(TextBox::txtTasks, model.Form.Text(TextBox::txtTasks));
+    DrawLinks(fresh);
+    return FigureTexts(fresh.picArc);
+}
+
+TEST(CostPathways, ShowsTheStatesBehindTheMessageThatNothingIsFeasible) {
+    LoadedModel model(WorkedExample());
+    model.Form.picArc.OnChange = [&] { model.Form.Events.emplace_back("drawn"); };
+    Cost(model.Form, "100000", 72, 0);
+    EXPECT_EQ(model.Form.Events.back(), kInfeasible);
+    EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
+}
+
+TEST(CostPathways, ShowsTheStatesBehindTheMessageThatTablesAreMissing) {
+    ModelScript script;
+    script.Tasks = 2;
+    LoadedModel model(script);
+    model.Form.picArc.Print("old");
+    model.Form.picArc.OnChange = [&] { model.Form.Events.emplace_back("drawn"); };
+    Cost(model.Form, "1000", 10);
+    EXPECT_EQ(model.Form.Events.back(),
+              "message[information]: Please complete the task and resource tables first.");
+    EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
 }
 
 TEST(CostPathways, LeavesItsPathwaysOpenInTheForm) {
@@ -215,6 +306,7 @@ std::string ErrorOf(ErrorKind kind, LoadedModel& model, const std::string& deman
     const auto before = model.DerivedTables();
     const auto message = ExpectRunTimeError(kind, [&] { Cost(model.Form, demand, available); });
     EXPECT_EQ(model.DerivedTables(), before);
+    EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
     EXPECT_TRUE(model.Form.Events.empty());
     EXPECT_FALSE(model.HasReport());
     return message;
@@ -226,7 +318,7 @@ TEST(CostPathways, RefusesAnUptimeOfZero) {
     script.Resources[1].UpTime = 0;
     LoadedModel model(script);
     const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
-    EXPECT_NE(message.find("UpTime"), std::string::npos) << message;
+    EXPECT_NE(message.find("an uptime of 0 %"), std::string::npos) << message;
 }
 
 TEST(CostPathways, RefusesZeroStationsPerWorker) {
@@ -234,20 +326,30 @@ TEST(CostPathways, RefusesZeroStationsPerWorker) {
     script.Resources[1].StatPerWrk = 0;
     LoadedModel model(script);
     const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
-    EXPECT_NE(message.find("StatPerWrk"), std::string::npos) << message;
+    EXPECT_NE(message.find("0 stations per worker"), std::string::npos) << message;
 }
 
-TEST(CostPathways, OverflowsWhenTooManyStationsAreNeeded) {
+TEST(CostPathways, TakesAPathwayBeyondTheLargestIntegerForOverTheLimit) {
+    // Resource 1 would need 33,000 stations; there is no limit, and resource 2 will do.
     ModelScript script = OneTask({{}, {}});
-    script.Matrix[1].Time = 3.3e6;
+    script.Matrix[0].Time = 3.3e6;
     LoadedModel model(script);
-    const auto message = ErrorOf(ErrorKind::Overflow, model, "1000", 100);
-    EXPECT_NE(message.find("Stations"), std::string::npos) << message;
+    Cost(model.Form, "1000", 100);
+    EXPECT_EQ(model.States(), (Lines{"2", "4"}));
+    EXPECT_EQ(
+        model.Copy.RowsOf("SELECT Stations, Cost, Investment, AnnualLabor FROM Pathways;", 4)[0],
+        "32767|0|0|0");
+    EXPECT_TRUE(model.HasReport());
 }
 
-TEST(CostPathways, OverflowsWithoutAvailableTime) {
-    LoadedModel model(OneTask({{}}));
-    ErrorOf(ErrorKind::Overflow, model, "1000", 0);
+TEST(CostPathways, FindsNothingFeasibleWhereEveryPathwayNeedsTooManyStations) {
+    for (const double available : {0.0, 1e-3}) {
+        LoadedModel model(OneTask({{}}));
+        Cost(model.Form, "1000", available);
+        EXPECT_EQ(model.Form.Events, Lines{kInfeasible});
+        EXPECT_EQ(model.States(), Lines{"2"});
+        EXPECT_FALSE(model.HasReport());
+    }
 }
 
 TEST(CostPathways, RefusesADemandThatIsNoNumber) {

@@ -132,7 +132,8 @@ TEST(CreateLinks, RefusesATextThatIsNoNumberAndChangesNothing) {
         model.Form.SetText(TextBox::txtTasks, text);
         const std::string message =
             ExpectRunTimeError(ErrorKind::TypeMismatch, [&] { CreateLinks(model.Form); });
-        EXPECT_NE(message.find("txtTasks"), std::string::npos) << message;
+        EXPECT_NE(message.find("Number of tasks"), std::string::npos) << message;
+        EXPECT_EQ(message.find("txt"), std::string::npos) << message;
     }
     EXPECT_EQ(model.DerivedTables(), before);
 }

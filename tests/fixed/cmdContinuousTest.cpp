@@ -83,14 +83,20 @@ TEST(cmdContinuous, TakesTheTextThatTheOnlyRowShows) {
     EXPECT_EQ(command.Form.FixedDemandSolve.FixedDemand, "5,001");
 }
 
-TEST(cmdContinuous, EndsWhenTheOnlyRowShowsNoVolume) {
-    // A volume of 0 is shown as an empty text.
-    Command command(WithDemand({{0, 100}}));
-    command.Press(1);
-    EXPECT_EQ(command.Form.Events, (Lines{"select: 0", "do events"}));
-    FixedDemandState expected = Untouched();
-    expected.ShiftCount = 1;
-    ExpectState(command, expected);
+TEST(cmdContinuous, SaysThatTheOnlyRowHasNoVolume) {
+    // A volume below a half is shown as an empty text.
+    for (const double volume : {0.0, 0.25}) {
+        Command command(WithDemand({{volume, 100}}));
+        command.Press(1);
+        EXPECT_EQ(command.Form.Events,
+                  (Lines{"select: 0", "do events",
+                         "message[information]: The volume of the only demand row is 0. Enter a "
+                         "volume above 0 and press Update, or press Delete to be asked for the "
+                         "demand."}));
+        FixedDemandState expected = Untouched();
+        expected.ShiftCount = 1;
+        ExpectState(command, expected);
+    }
 }
 
 TEST(cmdContinuous, ProposesTheLastRowWhenNoneIsSelected) {
@@ -185,11 +191,11 @@ TEST(cmdContinuous, KeepsTheTextOfAFractionalLimitAndRoundsItsValueHalfToEven) {
     ExpectState(Limited(command, "2.5"), {1, "100000", 2, "2.5", 72});
 }
 
-TEST(cmdContinuous, TakesALimitBelowOneForNoneAndKeepsTheOldText) {
+TEST(cmdContinuous, TakesALimitBelowOneForNone) {
     for (const char* answer : {"0", "0.5", "-3"}) {
         Command command(WithDemand({}));
-        ExpectState(Limited(command, answer), {1, "100000", -1, "old limit", 72});
-        EXPECT_TRUE(command.HasReport());
+        ExpectState(Limited(command, answer), {1, "100000", -1, "--", 72});
+        EXPECT_NE(command.Report().find("\nStation Limit: --\n"), std::string::npos);
     }
 }
 
@@ -257,6 +263,95 @@ TEST(cmdContinuous, SaysSoWhenTheModelIsNotComplete) {
     command.Solve(1, "5000");
     EXPECT_EQ(command.Form.Events.back(),
               "message[information]: Please complete the task and resource tables first.");
+}
+
+TEST(cmdContinuous, SaysSoWhenThereAreNoTasksOrResources) {
+    ModelScript no_resource = WithDemand({});
+    no_resource.Resources.clear();
+    no_resource.Matrix.clear();
+    for (const ModelScript& script : {no_resource, ModelScript()}) {
+        Command command(script);
+        command.Solve(1, "5000");
+        EXPECT_EQ(command.Form.Events.back(),
+                  "message[information]: Please complete the task and resource information tables "
+                  "first.");
+    }
+}
+
+TEST(cmdContinuous, NamesARecordThatCannotBeBeforeAnythingIsSolved) {
+    ModelScript script = WithDemand({});
+    script.Resources[0].UpTime = 0;
+    Command command(script);
+    const auto tables = command.DerivedTables();
+    const auto network = command.Form.picArc.Figures();
+    const auto message =
+        ExpectRunTimeError(ErrorKind::NotAModel, [&] { command.Solve(1, "5000"); });
+    EXPECT_EQ(message, "Resource 1 (Press): uptime is 0 %; it must be above 0 and at most 100.");
+    EXPECT_EQ(command.DerivedTables(), tables);
+    EXPECT_EQ(command.Form.picArc.Figures(), network);
+    EXPECT_FALSE(command.HasReport());
+}
+
+TEST(cmdContinuous, TakesAStationThatIsExactlyFullForFull) {
+    // 250 x 8 x 3600 / 120000 = 60 s. One station: 40,000 $ of labour, 120,000 x 60 s at 3 $/h are
+    // 6,000 $, and a quarter of 2,500 $; two would cost 80,000 + 6,000 + 1,250 = 87,250 $.
+    ModelScript script;
+    script.Tasks = 4;
+    script.Resources = {{"Bench", 0, 2500, 3}};
+    script.Matrix = {{1, 1, 11.8}, {1, 2, 34.1}, {1, 3, 8.2}, {1, 4, 5.9}};
+    Command command(script);
+    command.Solve(1, "120000");
+    EXPECT_NE(command.Report().find("\n 1    1  Bench   1     $46,625    60.00    1-4       1\n"),
+              std::string::npos)
+        << command.Report();
+    EXPECT_NE(command.Report().find("\nTotal Cost:         $46,625\n"), std::string::npos);
+}
+
+TEST(cmdContinuous, SaysWhichTasksTheLineLeavesOutWithinTheLimit) {
+    // Task 3 takes 100 s of the 72 s that there are, and one station is the limit.
+    ModelScript script = WithDemand({});
+    script.Tasks = 3;
+    script.Matrix.push_back({1, 3, 100});
+    Command command(script);
+    Limited(command, "1");
+    ASSERT_GE(command.Form.Events.size(), 2U);
+    EXPECT_EQ(command.Form.Events[command.Form.Events.size() - 2], command.Opened());
+    EXPECT_EQ(command.Form.Events.back(),
+              "message[critical]: This line ends after task 2: no resource can do tasks 3 to 3 "
+              "within the limits.");
+}
+
+TEST(cmdContinuous, LeavesNoOlderReportWhenASolveFails) {
+    for (const char* demand : {"abc", "0", "1e30"}) {
+        Command command(WithDemand({}));
+        command.Solve(1, "100000");
+        ASSERT_TRUE(command.HasReport());
+        try {
+            command.Solve(1, demand);
+        } catch (const RunTimeError&) {
+            ASSERT_STRNE(demand, "1e30");
+        }
+        EXPECT_FALSE(command.HasReport()) << demand;
+        EXPECT_FALSE(command.Form.LastDesign);
+    }
+    Command limited(WithDemand({}));
+    limited.Solve(1, "100000");
+    ExpectRunTimeError(ErrorKind::TypeMismatch, [&] { Limited(limited, "abc"); });
+    EXPECT_FALSE(limited.HasReport());
+}
+
+TEST(cmdContinuous, KeepsTheReportWhenTheCommandIsCancelled) {
+    Command command(WithDemand({}));
+    command.Solve(1, "100000");
+    EXPECT_EQ(command.Form.LastDesign->Caption, "1 shift, 100,000 units a year");
+    command.Form.InputAnswers = {""};
+    command.Press(1);
+    EXPECT_TRUE(command.HasReport());
+    EXPECT_FALSE(command.Form.LastDesign);
+    command.Form.InputAnswers = {"5000", ""};
+    command.Form.YesNoAnswers = {true};
+    command.Press(1);
+    EXPECT_TRUE(command.HasReport());
 }
 
 TEST(cmdContinuous, RegeneratesThePathwaysFirst) {
