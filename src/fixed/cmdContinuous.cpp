@@ -21,14 +21,13 @@ std::string AskDemand(MainForm& form, const std::string& proposal) {
 /// The volume that the only demand row shows; "" when that is none, which the user is told.
 std::string VolumeOfOnlyRow(MainForm& form) {
     const std::string volume = form.Text(TextBox::txtVolume);
-    if (!volume.empty() && volume != "0") {
-        return volume;
+    if (volume.empty()) {
+        form.ShowMessage(
+            "The volume of the only demand row is 0. Enter a volume above 0 and press Update, or "
+            "press Delete to be asked for the demand.",
+            MessageIcon::Information);
     }
-    form.ShowMessage(
-        "The volume of the only demand row is 0. Enter a volume above 0 and press Update, or press "
-        "Delete to be asked for the demand.",
-        MessageIcon::Information);
-    return "";
+    return volume;
 }
 
 /// The annual demand as text; "" when the user gives none.

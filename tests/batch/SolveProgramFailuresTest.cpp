@@ -163,19 +163,13 @@ TEST(SolveProgramErrors, NamesAnEmptyLimit) {
 TEST(SolveProgramErrors, NamesAnUptimeOfZero) {
     const SolveRun run;
     ExpectError(Solve(run, Spoilt(run, [](auto& script) { script.Resources[0].UpTime = 0; })),
-                {"UpTime"});
+                {"Resource 1 (Press): uptime is 0 %"});
 }
 
 TEST(SolveProgramErrors, NamesZeroStationsPerWorker) {
     const SolveRun run;
     ExpectError(Solve(run, Spoilt(run, [](auto& script) { script.Resources[0].StatPerWrk = 0; })),
-                {"StatPerWrk"});
-}
-
-TEST(SolveProgramErrors, NamesTooManyStations) {
-    const SolveRun run;
-    const auto model = run.Make("line.mdb", WorkedExample());
-    ExpectError(Solve(run, model, "1e12"), {"Stations"});
+                {"Resource 1 (Press): stations per worker is 0"});
 }
 
 TEST(SolveProgramErrors, RefusesTooManyTasks) {
@@ -272,9 +266,15 @@ TEST(SolveProgramErrors, LeavesNoFilesWhenTheModelIsNotSolved) {
 TEST(SolveProgramMessages, SaysThatTheModelIsNotComplete) {
     const SolveRun run;
     ExpectNotSolved(Solve(run, run.Make("empty.mdb", std::string())),
-                    "Please complete the task and resource tables first.");
+                    "Please complete the task and resource information tables first.");
     ExpectNotSolved(Solve(run, Spoilt(run, [](ModelScript& script) { script.Matrix.clear(); })),
                     "Please complete the task and resource tables first.");
+}
+
+TEST(SolveProgramMessages, TakesMoreStationsThanAnIntegerHoldsForInfeasible) {
+    const SolveRun run;
+    const auto model = run.Make("line.mdb", WorkedExample());
+    ExpectNotSolved(Solve(run, model, "1e12"), "There is not a feasible solution!");
 }
 
 /// One resource that can do these tasks of four.

@@ -84,6 +84,12 @@ TEST(Picture, PrintMovesToTheEndOfTheText) {
     EXPECT_EQ(FiguresOf<TextFigure>(picture).at(0).Face, (Font{FontFamily::FixedPitch, 10}));
 }
 
+TEST(Picture, PrintsABlankForAControlCharacter) {
+    Picture picture(1000, 1000);
+    picture.Print("a\nb\tc");
+    EXPECT_EQ(FigureTexts(picture), Texts{"text (0, 0) [a b c]"});
+}
+
 TEST(Picture, PrintsNumbersWithBlanksAroundThem) {
     Picture picture(1000, 1000);
     picture.PrintNumber(12);
