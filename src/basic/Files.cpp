@@ -5,12 +5,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
-#include <fstream>
-#include <iterator>
 #include <system_error>
-#include <utility>
 
+#include "basic/Descriptor.h"
 #include "basic/RunTimeError.h"
 
 namespace fs = std::filesystem;
@@ -19,117 +16,20 @@ namespace quarnel02 {
 
 namespace {
 
-[[noreturn]] void ThrowFileError(const std::string& doing, const fs::path& path, int code) {
-    const auto kind = code == ENOENT ? ErrorKind::FileNotFound : ErrorKind::FileAccess;
-    throw RunTimeError(kind, "Cannot " + doing + " " + PathText(path) + ": " +
-                                 std::generic_category().message(code) + ".");
+/// Opens without waiting for the other end of a pipe.
+int OpenAtOnce(const fs::path& path, int how) {
+    return ::open(path.c_str(), how | O_NONBLOCK | O_CLOEXEC, 0666);
 }
 
-/// An open file that is closed again whatever happens.
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    Descriptor(Descriptor&&) = delete;
-    Descriptor& operator=(Descriptor&&) = delete;
-
-    [[nodiscard]] int Number() const { return m_number; }
-
-    int Close() { return m_number < 0 ? 0 : ::close(std::exchange(m_number, -1)); }
-
-  private:
-    int m_number;
-};
-
-/// A file beside the target that is removed unless it has taken the target's place.
-class Beside {
-  public:
-    explicit Beside(const fs::path& target)
-        : m_name((target.parent_path() / ".quarnel02-XXXXXX").string()),
-          m_descriptor(::mkstemp(m_name.data())) {
-        if (m_descriptor < 0) {
-            ThrowFileError("write", target, errno);
-        }
-    }
-    ~Beside() {
-        if (!m_name.empty()) {
-            ::unlink(m_name.c_str());
-        }
-    }
-    Beside(const Beside&) = delete;
-    Beside& operator=(const Beside&) = delete;
-    Beside(Beside&&) = delete;
-    Beside& operator=(Beside&&) = delete;
-
-    [[nodiscard]] int Release() { return std::exchange(m_descriptor, -1); }
-
-    void TakePlaceOf(const fs::path& target) {
-        if (::rename(m_name.c_str(), target.c_str()) != 0) {
-            ThrowFileError("replace", target, errno);
-        }
-        m_name.clear();
-    }
-
-  private:
-    std::string m_name;
-    int m_descriptor;
-};
-
-void WriteAll(int descriptor, std::string_view content, const fs::path& target) {
-    while (!content.empty()) {
-        const auto written = ::write(descriptor, content.data(), content.size());
-        if (written < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
-            ThrowFileError("write", target, errno);
-        }
-        content.remove_prefix(static_cast<std::size_t>(written));
-    }
-}
-
-/// Permissions for a file that is to stand at `target`: those of the file there now, else the
-/// ordinary ones of a new file.
-mode_t PermissionsFor(const fs::path& target) {
+bool IsOrdinary(const Descriptor& file) {
     struct stat status {};
-    if (::stat(target.c_str(), &status) == 0) {
-        return status.st_mode & 07777U;
-    }
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666U & ~mask;
+    return ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-void FlushDirectory(const fs::path& directory) {
-    const Descriptor folder(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.Number() >= 0) {
-        ::fsync(folder.Number());
-    }
-}
-
-/// A symbolic link is followed, so that the file it names is replaced, or made, and not the link.
-fs::path FinalTarget(const fs::path& target) {
-    constexpr int most_links = 40;
-    fs::path real = target;
+bool IsPipe(const fs::path& path) {
     std::error_code error;
-    for (int link = 0; link < most_links && fs::is_symlink(real, error); ++link) {
-        real = real.parent_path() / fs::read_symlink(real, error);
-    }
-    return real;
-}
-
-/// Only an ordinary file may be replaced: no directory, no device, no nameless path.
-void RequireFileName(const fs::path& real, const fs::path& target) {
-    if (target.empty() || !target.has_filename()) {
-        throw RunTimeError(ErrorKind::FileAccess, "Cannot write the file: \"" + PathText(target) +
-                                                      "\" is not a file name.");
-    }
-    const FileKind kind = KindOfFile(real);
-    if (kind == FileKind::Directory || kind == FileKind::Special) {
-        ThrowFileError("write", target, kind == FileKind::Directory ? EISDIR : EINVAL);
-    }
+    const fs::file_status status = fs::status(path, error);
+    return fs::is_fifo(status) || fs::is_socket(status);
 }
 
 }  // namespace
@@ -157,42 +57,54 @@ FileKind KindOfFile(const fs::path& path) {
 }
 
 std::string ReadFile(const fs::path& path) {
+    constexpr std::size_t piece = 65536;
     if (KindOfFile(path) == FileKind::Directory) {
         ThrowFileError("read", path, EISDIR);
     }
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
+    const Descriptor file(OpenAtOnce(path, O_RDONLY));
+    if (file.Number() < 0) {
         ThrowFileError("read", path, errno);
     }
-    std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (file.bad()) {
-        ThrowFileError("read", path, EIO);
+    if (!IsOrdinary(file)) {
+        ThrowNotOrdinary("read", path);
     }
+    std::string content;
+    std::size_t length = 0;
+    for (;;) {
+        content.resize(length + piece);
+        const auto got = ::read(file.Number(), content.data() + length, piece);
+        if (got < 0 && errno != EINTR) {
+            ThrowFileError("read", path, errno);
+        }
+        if (got == 0) {
+            break;
+        }
+        length += got < 0 ? 0 : static_cast<std::size_t>(got);
+    }
+    content.resize(length);
     return content;
 }
 
 void WriteFile(const fs::path& path, std::string_view content) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(content.data(), static_cast<std::streamsize>(content.size()));
-    file.close();
-    if (!file) {
-        ThrowFileError("write", path, errno == 0 ? EIO : errno);
+    if (IsPipe(path)) {
+        ThrowNotOrdinary("write", path);
+    }
+    Descriptor file(OpenAtOnce(path, O_WRONLY | O_CREAT | O_TRUNC));
+    if (file.Number() < 0) {
+        ThrowFileError("write", path, errno);
+    }
+    WriteAll(file.Number(), content, path);
+    if (file.Close() != 0) {
+        ThrowFileError("write", path, errno);
     }
 }
 
 void CopyWhole(const fs::path& source, const fs::path& target) {
-    const std::string content = ReadFile(source);
-    const fs::path real = FinalTarget(target);
-    RequireFileName(real, target);
-    Beside copy(real);
-    Descriptor file(copy.Release());
-    WriteAll(file.Number(), content, target);
-    if (::fchmod(file.Number(), PermissionsFor(real)) != 0 || ::fsync(file.Number()) != 0 ||
-        file.Close() != 0) {
-        ThrowFileError("write", target, errno);
-    }
-    copy.TakePlaceOf(real);
-    FlushDirectory(real.parent_path().empty() ? fs::path(".") : real.parent_path());
+    WriteWhole(target, ReadFile(source));
+}
+
+void CopyPrivate(const fs::path& source, const fs::path& target) {
+    WritePrivate(target, ReadFile(source));
 }
 
 TemporaryDirectory::TemporaryDirectory() {

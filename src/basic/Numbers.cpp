@@ -56,7 +56,7 @@ std::string OneLine(std::string_view text) {
 }
 
 /// Length of the whole part at the front of `text`, or npos when its commas do not separate
-/// groups of three digits.
+/// groups of three digits. The first group has a value: "0,250" is a decimal comma, misread as 250.
 std::size_t WholePartLength(std::string_view text) {
     std::size_t length = 0;
     std::size_t group = 0;
@@ -66,7 +66,7 @@ std::size_t WholePartLength(std::string_view text) {
             ++group;
             continue;
         }
-        if (group == 0 || group > 3 || (grouped && group != 3)) {
+        if (group == 0 || group > 3 || (grouped && group != 3) || text.front() == '0') {
             return std::string_view::npos;
         }
         grouped = true;

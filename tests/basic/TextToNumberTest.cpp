@@ -46,11 +46,12 @@ TEST(TextToDouble, IgnoresBlanksAroundTheNumber) {
 
 TEST(TextToDouble, RefusesWhatIsNoNumber) {
     for (const std::string text :
-         {"abc",    "12,5",      "1,23,456", ",500", "1,2345", "12,500,", "1234,567", "1,,000",
-          "1.5,00", "1.500,000", "1e5,000",  "nan",  "NaN",    "inf",     "-inf",     "infinity",
-          "0x10",   "1e",        "1e+",      "1 2",  "--5",    "+-5",     "- 5",      "-",
-          "+",      ".",         "-.",       ",",    "1.2.3",  "$5",      "5%",       "1..2",
-          "5-",     "1_000",     "e5",       "1'000"}) {
+         {"abc",      "12,5",      "0,250",   "-0,250", "00,250",  "000,250",  "0,000",
+          "012,500",  "1,23,456",  ",500",    "1,2345", "12,500,", "1234,567", "1,,000",
+          "1.5,00",   "1.500,000", "1e5,000", "nan",    "NaN",     "inf",      "-inf",
+          "infinity", "0x10",      "1e",      "1e+",    "1 2",     "--5",      "+-5",
+          "- 5",      "-",         "+",       ".",      "-.",      ",",        "1.2.3",
+          "$5",       "5%",        "1..2",    "5-",     "1_000",   "e5",       "1'000"}) {
         const std::string message =
             ExpectRunTimeError(ErrorKind::TypeMismatch, [&] { TextToDouble(text, "Gen.Days"); });
         EXPECT_EQ(message, "Gen.Days: \"" + text +
