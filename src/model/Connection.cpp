@@ -32,22 +32,6 @@ SQLite::Database OpenFile(const std::filesystem::path& path) {
     }
 }
 
-void Bind(SQLite::Statement& statement, std::span<const Value> values) {
-    int index = 1;
-    for (const Value& value : values) {
-        std::visit(
-            [&](const auto& each) {
-                if constexpr (std::is_same_v<std::decay_t<decltype(each)>, std::monostate>) {
-                    statement.bind(index);
-                } else {
-                    statement.bind(index, each);
-                }
-            },
-            value);
-        ++index;
-    }
-}
-
 /// Resets a statement when its use ends, also by an exception, so that it holds no lock.
 class Resetting {
   public:
@@ -80,7 +64,7 @@ void AppendValue(const SQLite::Column& column, std::vector<Value>& values) {
 
 std::shared_ptr<Rows> Run(Query& query, const std::vector<Value>& literals) {
     const Resetting reset(query.Statement);
-    Bind(query.Statement, literals);
+    BindValues(query.Statement, literals);
     const int columns = query.Statement.getColumnCount();
     auto rows = std::make_shared<Rows>();
     while (query.Statement.executeStep()) {
@@ -96,6 +80,22 @@ std::shared_ptr<Rows> Run(Query& query, const std::vector<Value>& literals) {
 }
 
 }  // namespace
+
+void BindValues(SQLite::Statement& statement, std::span<const Value> values) {
+    int index = 1;
+    for (const Value& value : values) {
+        std::visit(
+            [&](const auto& each) {
+                if constexpr (std::is_same_v<std::decay_t<decltype(each)>, std::monostate>) {
+                    statement.bind(index);
+                } else {
+                    statement.bind(index, each);
+                }
+            },
+            value);
+        ++index;
+    }
+}
 
 Query::Query(SQLite::Database& database, const std::string& text)
     : Shape(ShapeOf(text)),
@@ -203,7 +203,7 @@ int Connection::Change(const std::string& sql, std::span<const Value> values, Ta
             statement = std::make_unique<SQLite::Statement>(m_database, sql);
         }
         const Resetting reset(*statement);
-        Bind(*statement, values);
+        BindValues(*statement, values);
         return statement->exec();
     });
 }
@@ -255,6 +255,9 @@ RunTimeError Connection::Translated(const SQLite::Exception& error, const std::s
                     file + " is not a model database. Choose a file saved by this program."};
         case SQLITE_CORRUPT:
             return {ErrorKind::NotAModel, database + " is damaged. Use a saved copy of it."};
+        case SQLITE_NOMEM:
+            return {ErrorKind::DatabaseFailure, "Not enough memory for the model database " + file +
+                                                    ". Close other programs and try again."};
         case SQLITE_FULL:
             return {ErrorKind::FileAccess,
                     database + " cannot be written: the disk is full. Free some space."};

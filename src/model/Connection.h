@@ -62,6 +62,9 @@ class UnfetchedSet {
     virtual void FetchNow() = 0;
 };
 
+/// Binds the values to the statement's places, in order.
+void BindValues(SQLite::Statement& statement, std::span<const Value> values);
+
 class Connection {
   public:
     /// The connection to the file, shared with every handle that is open on it now.

@@ -17,4 +17,7 @@ void CheckModelFile(const std::filesystem::path& path, std::string_view name);
 /// with the store's words for the statement that failed.
 void MakeModelFile(const std::filesystem::path& path, std::string_view script);
 
+/// Makes the empty model, as the template has it, at `path`. Throws like MakeModelFile.
+void MakeEmptyModel(const std::filesystem::path& path);
+
 }  // namespace quarnel02

@@ -2,6 +2,9 @@
 -- procedures read columns by position. Nothing is unique, because the editors
 -- allow duplicates while a model is being entered.
 
+PRAGMA application_id = 1366175794;  -- "Qn02"
+PRAGMA user_version = 1;             -- format of the file
+
 CREATE TABLE Gen (
     Resources     INTEGER DEFAULT 0,  -- rows of Resources
     Tasks         INTEGER DEFAULT 0,  -- rows of Tasks

@@ -1,0 +1,70 @@
+#include "model/FileHead.h"
+
+#include <array>
+#include <fstream>
+
+#include "basic/Files.h"
+#include "basic/RunTimeError.h"
+
+namespace fs = std::filesystem;
+
+namespace quarnel02 {
+
+namespace {
+
+std::string FileHead(const fs::path& path, std::string_view name) {
+    std::ifstream file(path, std::ios::binary);
+    std::array<char, 32> head{};
+    if (!file) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           "Cannot read " + std::string(name) + ". Check the file's rights.");
+    }
+    file.read(head.data(), head.size());
+    return {head.data(), static_cast<std::size_t>(file.gcount())};
+}
+
+}  // namespace
+
+void RefuseFile(std::string_view name, const std::string& why, const char* remedy) {
+    throw RunTimeError(ErrorKind::NotAModel, std::string(name) + " " + why + " " + remedy);
+}
+
+void RequireOrdinaryFile(const fs::path& path, std::string_view name) {
+    switch (KindOfFile(path)) {
+        case FileKind::Missing:
+            throw RunTimeError(
+                ErrorKind::FileNotFound,
+                std::string(name) + " does not exist. Check the name and the directory.");
+        case FileKind::Directory:
+            RefuseFile(name, "is a directory, not a model file.");
+        case FileKind::Special:
+            RefuseFile(name, "is not an ordinary file.");
+        case FileKind::Ordinary:
+            break;
+    }
+}
+
+void RequireDatabaseHead(const fs::path& path, std::string_view name) {
+    constexpr std::size_t log_mark = 18;
+    constexpr char keeps_log = 2;
+    RequireOrdinaryFile(path, name);
+    const std::string head = FileHead(path, name);
+    if (head.empty()) {
+        RefuseFile(name, "is empty.");
+    }
+    if (head.find("Standard Jet DB") != std::string::npos ||
+        head.find("Standard ACE DB") != std::string::npos) {
+        RefuseFile(name, "is a Jet (Access) database, which this program does not read.");
+    }
+    if (!head.starts_with("SQLite format 3")) {
+        RefuseFile(name, "is not a model database.");
+    }
+    if (head.size() > log_mark && head[log_mark] == keeps_log) {
+        RefuseFile(name,
+                   "was left by another program in a mode that keeps part of it in a second file "
+                   "(journal mode WAL).",
+                   "Set its journal mode to DELETE, or choose another file.");
+    }
+}
+
+}  // namespace quarnel02

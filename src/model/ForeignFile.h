@@ -1,0 +1,60 @@
+#pragma once
+
+// Internal to model/: a file of a user, or of another program, that is read and not trusted.
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <cstdint>
+#include <ctime>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/Schema.h"
+
+namespace quarnel02 {
+
+/// A database opened for reading only, in one state from its opening to its end. Nothing that it
+/// defines is run: views, triggers and computed columns are not read. Work that takes more than
+/// three seconds of processor time is given up. Every call throws RunTimeError in the name of the
+/// file: NotAModel, DatabaseLocked or FileAccess.
+class ForeignFile {
+  public:
+    ForeignFile(const std::filesystem::path& path, std::string_view name);
+
+    /// Throws NotAModel for a file of a newer version of this program.
+    void RequireKnownFormat();
+
+    /// Throws NotAModel unless tables and indices are whole.
+    void RequireWhole();
+
+    /// Throws NotAModel unless the table is a plain one and has every column, wherever they stand.
+    void RequireTable(const TableSchema& table);
+
+    /// Rows of the table in the order in which they were added, fields in our order and of our
+    /// types. Throws NotAModel for a value that a field cannot hold, and for more rows or longer
+    /// texts than a model has. Returns the number of rows.
+    std::int64_t ReadRows(const TableSchema& table,
+                          const std::function<void(const std::vector<Value>&)>& action);
+
+    /// Tables, views and triggers that a model does not have: "table Suppliers".
+    std::vector<std::string> ObjectsBeyondModel();
+
+  private:
+    template <class Action>
+    decltype(auto) Guarded(Action action) const;
+    [[noreturn]] void Translate(const SQLite::Exception& error) const;
+    Value ReadValue(const SQLite::Column& column, const TableSchema& table, std::size_t field,
+                    std::int64_t row);
+    void CountContent(std::size_t bytes);
+
+    std::filesystem::path m_path;
+    std::string m_name;
+    std::clock_t m_until = 0;
+    std::size_t m_content = 0;  ///< bytes read so far
+    SQLite::Database m_database;
+};
+
+}  // namespace quarnel02
