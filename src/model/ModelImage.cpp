@@ -56,10 +56,13 @@ ModelImage::ModelImage(const fs::path& file, std::string_view name) : m_database
     }
 }
 
-void ModelImage::Clear() {
+void ModelImage::Refill(const std::function<void()>& add) {
+    m_database.exec("BEGIN");
     for (const TableSchema& table : ModelSchema()) {
         m_database.exec("DELETE FROM " + std::string(table.Name));
     }
+    add();
+    m_database.exec("COMMIT");
 }
 
 ModelImage::Appender::Appender(ModelImage& image, const TableSchema& table)

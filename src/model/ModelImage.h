@@ -5,6 +5,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <filesystem>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -21,8 +22,8 @@ class ModelImage {
     /// Throws RunTimeError in the name of `name`.
     ModelImage(const std::filesystem::path& file, std::string_view name);
 
-    /// Removes all rows of a model.
-    void Clear();
+    /// Replaces all rows by those that `add` appends.
+    void Refill(const std::function<void()>& add);
 
     /// Adds one row of the table.
     class Appender {

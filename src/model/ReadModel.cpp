@@ -21,7 +21,6 @@ void RequireReadable(ForeignFile& file) {
 }
 
 void CopyRows(ForeignFile& file, ModelImage& image, std::string_view name) {
-    image.Clear();
     for (const TableSchema& table : ModelSchema()) {
         ModelImage::Appender rows(image, table);
         const auto count =
@@ -39,7 +38,7 @@ void ReadModel(const fs::path& source, const fs::path& workingCopy, std::string_
         ForeignFile file(source, name);
         RequireReadable(file);
         ModelImage image;
-        CopyRows(file, image, name);
+        image.Refill([&] { CopyRows(file, image, name); });
         image.Require(name);
         WritePrivate(workingCopy, image.Content());
     } catch (const SQLite::Exception& error) {

@@ -255,17 +255,24 @@ TEST_F(CheckModelFileTest, ReportsADatabaseInUse) {
     EXPECT_NE(message.find("line.mdb"), std::string::npos) << message;
 }
 
-TEST_F(CheckModelFileTest, LeavesNothingBesideAModelThatKeepsALog) {
+TEST_F(CheckModelFileTest, RefusesAModelThatKeepsALog) {
     MakeWhole();
     RawStore(File).Run("PRAGMA journal_mode = WAL");
-    const std::string before = ReadFile(File);
-    try {
-        CheckModelFile(File, PathText(File));
-    } catch (const RunTimeError& refusal) {
-        EXPECT_EQ(refusal.Kind(), ErrorKind::NotAModel);
-    }
-    EXPECT_EQ(ReadFile(File), before);
-    EXPECT_EQ(NamesIn(Folder.Path()), Texts{PathText(File.filename())});
+    ExpectRefusedFor("journal mode WAL");
+}
+
+TEST_F(CheckModelFileTest, MakesTheEmptyModelWithoutTheTemplate) {
+    MakeEmptyModel(File);
+    EXPECT_EQ(ReadFile(File), ReadFile(QUARNEL02_TEMPLATE_FILE));
+    WriteFile(File.string() + "-journal", "old");
+    MakeEmptyModel(File);
+    EXPECT_EQ(NamesIn(Folder.Path()).size(), 1U);
+}
+
+TEST_F(CheckModelFileTest, ModelsCarryTheirFormat) {
+    MakeEmptyModel(File);
+    EXPECT_EQ(RawStore(File).Rows("PRAGMA application_id"), Texts{"1366175794"});
+    EXPECT_EQ(RawStore(File).Rows("PRAGMA user_version"), Texts{"1"});
 }
 
 TEST_F(CheckModelFileTest, MakeModelFileReplacesAFile) {
