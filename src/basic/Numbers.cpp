@@ -6,6 +6,7 @@
 #include <limits>
 #include <system_error>
 
+#include "basic/OneLine.h"
 #include "basic/RunTimeError.h"
 
 namespace quarnel02 {
@@ -25,16 +26,6 @@ std::string_view TrimBlanks(std::string_view text) {
         return {};
     }
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-/// The text with line breaks and other control characters as blanks, for a message of one line.
-std::string OneLine(std::string_view text) {
-    std::string line(text);
-    for (char& c : line) {
-        const auto code = static_cast<unsigned char>(c);
-        c = code < ' ' || code == 0x7F ? ' ' : c;
-    }
-    return line;
 }
 
 [[noreturn]] void ThrowNotANumber(std::string_view text, std::string_view field) {
