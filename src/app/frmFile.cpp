@@ -67,7 +67,9 @@ void frmFile::ConnectControls() {
         TakeFile();
         cmdOpen_Click();
     });
+    m_ui->txtFile->setValidator(nullptr);  // a file's name may hold what no name in a model may
     connect(m_ui->txtFile, &FieldBox::Left, this, [this] { ApplyExtension(); });
+    connect(m_ui->txtFile, &FieldBox::Entered, m_ui->cmdOpen, &QPushButton::click);
     connect(m_ui->cmdOpen, &QPushButton::clicked, this, [this] { cmdOpen_Click(); });
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmFile::reject);
 }

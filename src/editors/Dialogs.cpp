@@ -3,6 +3,11 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
+
+#include "basic/OneLine.h"
+#include "editors/HeldKeys.h"
+#include "editors/QuestionBox.h"
 
 namespace quarnel02 {
 
@@ -22,36 +27,46 @@ QMessageBox::Icon ToBoxIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-int RunBox(QWidget* parent, const std::string& text, MessageIcon icon,
+int RunBox(QMessageBox& box, const std::string& text, MessageIcon icon,
            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton proposed) {
     const PlainPointer pointer;
-    QMessageBox box(ToBoxIcon(icon), QString::fromLatin1(kApplicationTitle),
-                    QString::fromStdString(text), buttons, parent);
-    box.setDefaultButton(proposed);
+    const HeldKeys keys;
+    box.setIcon(ToBoxIcon(icon));
+    box.setWindowTitle(QString::fromLatin1(kApplicationTitle));
     box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(text));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setStandardButtons(buttons);
+    for (QAbstractButton* button : box.buttons()) {
+        static_cast<QPushButton*>(button)->setAutoDefault(true);
+    }
+    box.setDefaultButton(proposed);
     return box.exec();
 }
 
 }  // namespace
 
 void ShowMessageBox(QWidget* parent, const std::string& text, MessageIcon icon) {
-    RunBox(parent, text, icon, QMessageBox::Ok, QMessageBox::Ok);
+    QMessageBox box(parent);
+    RunBox(box, text, icon, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 bool AskYesNoBox(QWidget* parent, const std::string& question, MessageIcon icon, Answer proposed) {
-    return RunBox(parent, question, icon, QMessageBox::Yes | QMessageBox::No,
+    QuestionBox box(parent);
+    return RunBox(box, question, icon, QMessageBox::Yes | QMessageBox::No,
                   proposed == Answer::Yes ? QMessageBox::Yes : QMessageBox::No) == QMessageBox::Yes;
 }
 
 std::string AskTextBox(QWidget* parent, const std::string& prompt, const std::string& title,
                        const std::string& proposal) {
     const PlainPointer pointer;
+    const HeldKeys keys;
     QInputDialog dialog(parent);
     dialog.setWindowTitle(QString::fromStdString(title));
     dialog.setLabelText(QString::fromStdString(prompt));
     dialog.setTextValue(QString::fromStdString(proposal));
-    return dialog.exec() == QDialog::Accepted ? dialog.textValue().toStdString() : std::string();
+    return dialog.exec() == QDialog::Accepted ? OneLine(dialog.textValue().toStdString())
+                                              : std::string();
 }
 
 PlainPointer::PlainPointer() {

@@ -7,10 +7,12 @@
 
 namespace quarnel02 {
 
-/// The modal boxes, titled with the application's name.
+/// The modal boxes, titled with the application's name. Enter presses the button that has the
+/// focus; held down it answers nothing.
 void ShowMessageBox(QWidget* parent, const std::string& text, MessageIcon icon);
+/// The proposed answer has the focus; Escape and the close box answer nothing.
 bool AskYesNoBox(QWidget* parent, const std::string& question, MessageIcon icon, Answer proposed);
-/// "" when cancelled.
+/// The answer as one line (OneLine); "" when cancelled.
 std::string AskTextBox(QWidget* parent, const std::string& prompt, const std::string& title,
                        const std::string& proposal);
 

@@ -1,13 +1,24 @@
 #include "editors/EditorDialog.h"
 
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPushButton>
 #include <exception>
 
+#include "basic/RunTimeError.h"
 #include "editors/Dialogs.h"
+#include "editors/HeldKeys.h"
 
 namespace quarnel02 {
+
+namespace {
+
+/// Failures that pass: another program's lock, a full disk.
+bool MayPass(ErrorKind kind) {
+    return kind == ErrorKind::DatabaseLocked || kind == ErrorKind::DatabaseFailure ||
+           kind == ErrorKind::FileAccess;
+}
+
+}  // namespace
 
 EditorDialog::EditorDialog(QWidget* parent) : QDialog(parent) {
     setModal(true);
@@ -23,8 +34,32 @@ bool EditorDialog::RunEvent(const std::function<void()>& event) {
     }
 }
 
+/// What the model holds (too many tasks) does not keep the window open: it could never be left.
+bool EditorDialog::TryFinish() {
+    try {
+        Finish();
+        return true;
+    } catch (const RunTimeError& error) {
+        ShowMessageBox(this, error.what(), MessageIcon::Critical);
+        return !MayPass(error.Kind());
+    } catch (const std::exception& error) {
+        ShowMessageBox(this, error.what(), MessageIcon::Critical);
+        return true;
+    }
+}
+
+void EditorDialog::done(int result) {
+    m_finished = m_finished || TryFinish();
+    if (m_finished) {
+        QDialog::done(result);
+    }
+}
+
 void EditorDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    if (event->isAutoRepeat() && (IsEnter(*event) || event->key() == Qt::Key_Escape)) {
+        return;
+    }
+    if (!IsEnter(*event)) {
         QDialog::keyPressEvent(event);
         return;
     }

@@ -3,6 +3,10 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QValidator>
+
+#include "basic/OneLine.h"
+#include "editors/HeldKeys.h"
 
 namespace quarnel02 {
 
@@ -13,9 +17,59 @@ bool StaysTheFocus(Qt::FocusReason reason) {
            reason == Qt::ActiveWindowFocusReason;
 }
 
+QString Clean(const QString& text) {
+    return QString::fromStdString(OneLine(text.toStdString()));
+}
+
+/// A no-break blank that comes alone was typed, for a blank.
+QString CleanPiece(const QString& piece) {
+    return piece == QChar::Nbsp ? QStringLiteral(" ") : Clean(piece);
+}
+
+/// Cleans what comes into a box. The box's text is clean before, so only the piece just put in
+/// can need it; that piece stands between the start of the selection and the cursor.
+class OneLineValidator : public QValidator {
+  public:
+    explicit OneLineValidator(QLineEdit& box) : QValidator(&box), m_box(box) {
+        connect(&box, &QLineEdit::textChanged, this, [this] { Note(); });
+        connect(&box, &QLineEdit::selectionChanged, this, [this] { Note(); });
+        connect(&box, &QLineEdit::cursorPositionChanged, this, [this] { Note(); });
+    }
+
+    State validate(QString& text, int& cursor) const override {
+        if (Clean(text) == text) {
+            return Acceptable;
+        }
+        const bool inserted =
+            cursor >= m_front.size() && text.startsWith(m_front) && text.mid(cursor) == m_back;
+        const int from = inserted ? static_cast<int>(m_front.size()) : 0;
+        const int to = inserted ? cursor : static_cast<int>(text.size());
+        const QString clean = CleanPiece(text.mid(from, to - from));
+        text.replace(from, to - from, clean);
+        cursor = from + static_cast<int>(clean.size());
+        return Acceptable;
+    }
+
+  private:
+    void Note() {
+        const QString text = m_box.text();
+        const bool selected = m_box.hasSelectedText();
+        m_front = text.left(selected ? m_box.selectionStart() : m_box.cursorPosition());
+        m_back = text.mid(selected ? m_box.selectionEnd() : m_box.cursorPosition());
+    }
+
+    QLineEdit& m_box;
+    QString m_front;  ///< what stands before the place where something can come in
+    QString m_back;   ///< and behind it
+};
+
 }  // namespace
 
-FieldBox::FieldBox(QWidget* parent) : QLineEdit(parent) {}
+FieldBox::FieldBox(QWidget* parent) : QLineEdit(parent) {
+    setValidator(new OneLineValidator(*this));
+    // Cleaning a text makes it a new, unmodified one.
+    connect(this, &QLineEdit::textEdited, this, [this] { setModified(true); });
+}
 
 void FieldBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
@@ -36,10 +90,27 @@ void FieldBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void FieldBox::keyPressEvent(QKeyEvent* event) {
-    QLineEdit::keyPressEvent(event);
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (!IsEnter(*event)) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    if (!event->isAutoRepeat()) {
+        QLineEdit::keyPressEvent(event);
         emit Entered();
     }
+    event->accept();
+}
+
+/// What an input method commits is not shown to validators.
+void FieldBox::inputMethodEvent(QInputMethodEvent* event) {
+    if (validator() == nullptr) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent clean(event->preeditString(), event->attributes());
+    clean.setCommitString(CleanPiece(event->commitString()), event->replacementStart(),
+                          event->replacementLength());
+    QLineEdit::inputMethodEvent(&clean);
 }
 
 void FieldBox::mouseReleaseEvent(QMouseEvent* event) {

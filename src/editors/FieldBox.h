@@ -7,6 +7,11 @@ namespace quarnel02 {
 /// A text box that selects its whole text when it gets the focus, and tells of Enter and of
 /// losing the focus to another control. A menu, a message box or another window in front does
 /// not take the focus in this sense.
+///
+/// Enter is used up here: whatever gets the focus next does not see it, and a key held down
+/// counts once. The text never holds a control character, however it came in: what is pasted,
+/// dropped or typed loses line breaks, tabs and no-break blanks at its ends and has one blank in
+/// their place inside (OneLine). A box that is to take any character has its validator removed.
 class FieldBox : public QLineEdit {
     Q_OBJECT
 
@@ -18,13 +23,14 @@ class FieldBox : public QLineEdit {
     [[nodiscard]] bool IsUnsaved() const { return m_unsaved; }
 
   signals:
-    void Entered();  ///< Enter was pressed; the key is not swallowed
+    void Entered();  ///< Enter was pressed
     void Left();
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

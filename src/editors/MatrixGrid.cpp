@@ -140,12 +140,12 @@ void MatrixGrid::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (cell.isValid()) {
+            if (cell.isValid() && !event->isAutoRepeat()) {
                 emit Opened(cell);
             }
             break;
         case Qt::Key_Space:
-            if (cell.isValid()) {
+            if (cell.isValid() && !event->isAutoRepeat()) {
                 emit Toggled(cell);
             }
             break;

@@ -20,7 +20,7 @@ class CheckImage : public QWidget {
 };
 
 /// The grid: cells as large as the font asks for, headings that stay in sight. It only tells what
-/// the user does with a cell.
+/// the user does with a cell; Enter and Space held down count once.
 class MatrixGrid : public QTableView {
     Q_OBJECT
 

@@ -46,6 +46,26 @@ void EditorTest::Keys(const std::string& text) const {
     QTest::keyClicks(Form->focusWidget(), QString::fromStdString(text));
 }
 
+void EditorTest::Mnemonic(const std::string& button) const {
+    const QPushButton& pressed = Command(button);
+    const QKeyCombination key = QKeySequence::mnemonic(pressed.text())[0];
+    Key(key.key(), key.keyboardModifiers());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !pressed.isDown(); }));
+}
+
+void EditorTest::Repeat(Qt::Key key) const {
+    for (int i = 0; i < 3; ++i) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+        QCoreApplication::sendEvent(Form->focusWidget() == nullptr ? Form : Form->focusWidget(),
+                                    &press);
+    }
+}
+
+std::string EditorTest::Selected() const {
+    const auto* box = qobject_cast<QLineEdit*>(Form->focusWidget());
+    return box == nullptr ? "" : box->selectedText().toStdString();
+}
+
 std::string EditorTest::Focus() const {
     return Form->focusWidget() == nullptr ? "" : Form->focusWidget()->objectName().toStdString();
 }

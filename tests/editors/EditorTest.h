@@ -51,6 +51,12 @@ class EditorTest : public WindowTest {
     /// Presses a key, types a text on what has the focus.
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void Keys(const std::string& text) const;
+    /// Presses a button by the underlined letter of its caption.
+    void Mnemonic(const std::string& button) const;
+    /// What a key that is still down sends: three presses more.
+    void Repeat(Qt::Key key) const;
+    /// What is selected in the box that has the focus.
+    [[nodiscard]] std::string Selected() const;
     [[nodiscard]] std::string Focus() const;
 
     [[nodiscard]] std::vector<std::string> Tasks() const;
