@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/Schema.h"
+#include "basic/OneLine.h"
+#include "editors/EnteredValue.h"
 
 namespace quarnel02 {
 
@@ -28,7 +29,7 @@ void RecordBoxes::Mark(std::size_t field) {
 
 void RecordBoxes::Show(const std::vector<std::string>& texts) {
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
-        m_stored[i] = QString::fromStdString(texts.at(i));
+        m_stored[i] = QString::fromStdString(OneLine(texts.at(i)));
         m_fields[i].Box->setText(m_stored[i]);
         m_fields[i].Box->setCursorPosition(0);
         Mark(i);
@@ -59,9 +60,9 @@ std::vector<FieldValue> RecordBoxes::Values() {
     std::vector<FieldValue> values;
     for (const Field& field : m_fields) {
         m_refused = field.Box;
-        values.push_back({field.Column, ConvertTo(TypeOfColumn(FindTable(m_table), field.Column),
-                                                  field.Box->text().toStdString(),
-                                                  field.Box->accessibleName().toStdString())});
+        values.push_back(
+            {field.Column, EnteredValue(m_table, field.Column, field.Box->text().toStdString(),
+                                        field.Box->accessibleName().toStdString())});
     }
     m_refused = nullptr;
     return values;

@@ -33,8 +33,8 @@ class RecordBoxes : public QObject {
     [[nodiscard]] bool AnyUnsaved() const;
     [[nodiscard]] bool AnyEmpty() const;
 
-    /// The fields as the table takes them. Throws TypeMismatch or Overflow, naming the field by
-    /// the accessible name of its box, which FocusRefused then brings the focus to.
+    /// The fields as the table takes them (EnteredValue), named by the accessible names of their
+    /// boxes. FocusRefused brings the focus to the box whose text made it throw.
     [[nodiscard]] std::vector<FieldValue> Values();
     void FocusRefused();
 
