@@ -126,12 +126,6 @@ void MatrixCells::Toggle(TaskResource pair) {
     }
 }
 
-void MatrixCells::ReadMark(TaskResource pair) {
-    Database database = m_form.OpenWorkingCopy();
-    m_marks[Place(pair)] = HasUsableTime(database, pair);
-    database.Close();
-}
-
 std::string MatrixCells::Line(TaskResource pair) const {
     if (!Task(pair.Task).Exists) {
         return "The model has no task " + NumberText(int{pair.Task}) +

@@ -33,8 +33,7 @@ class MatrixCells {
     [[nodiscard]] bool IsMarked(TaskResource pair) const { return m_marks[Place(pair)]; }
     /// Turns the mark over; a pair that does not exist cannot be marked.
     void Toggle(TaskResource pair);
-    /// Marks the pair exactly when its stored time is above 0.
-    void ReadMark(TaskResource pair);
+    void SetMark(TaskResource pair, bool marked) { m_marks[Place(pair)] = marked; }
     /// What is stored for the pair, or why nothing can be.
     [[nodiscard]] std::string Line(TaskResource pair) const;
 

@@ -4,12 +4,11 @@
 #include <utility>
 
 #include "basic/Numbers.h"
-#include "fixed/CreateLinks.h"
 
 namespace quarnel02 {
 
 NumberedRecords::NumberedRecords(MainForm& form, NumberedTable table)
-    : m_form(form), m_table(std::move(table)), m_database(form.OpenWorkingCopy()) {
+    : m_form(form), m_table(std::move(table)), m_database(form.OpenWorkingCopy()), m_network(form) {
     OpenRows();
     GoTo(1);
 }
@@ -104,6 +103,8 @@ void NumberedRecords::SaveCount(int count) {
     RecordSet gen = m_database.OpenRecordSet("SELECT * FROM Gen;");
     if (gen.RecordCount() == 0) {
         gen.AddNew();
+    } else if (gen.Text(m_table.Name) == NumberText(count)) {
+        return;
     } else {
         gen.Edit();
     }
@@ -114,11 +115,11 @@ void NumberedRecords::SaveCount(int count) {
 
 void NumberedRecords::Close() {
     const int count = Count();
-    m_records.Close();
     SaveCount(count);
-    m_database.Close();
     m_form.SetText(m_table.CountBox, NumberText(count));
-    CreateLinks(m_form);
+    m_network.Rebuild();
+    m_records.Close();
+    m_database.Close();
 }
 
 }  // namespace quarnel02

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "editors/NetworkUpkeep.h"
 #include "shell/MainForm.h"
 
 namespace quarnel02 {
@@ -51,9 +52,12 @@ class NumberedRecords {
     /// place becomes the current one. An only row is reset to the defaults and number 1 instead.
     void Delete(const Afterwards& afterwards = {});
 
-    /// Closes the rows and the database, writes the count to Gen, shows it in the main form and
-    /// has arcs and pathways rebuilt.
+    /// Writes the count to Gen, shows it in the main form, has arcs and pathways rebuilt when
+    /// anything has changed since opening, and closes rows and database. When it throws they are
+    /// still open, and it can be called again.
     void Close();
+    /// Whether Close found anything changed.
+    [[nodiscard]] bool Changed() const { return m_network.Changed(); }
 
   private:
     void OpenRows();
@@ -67,6 +71,7 @@ class NumberedRecords {
     NumberedTable m_table;
     Database m_database;
     RecordSet m_records;
+    NetworkUpkeep m_network;
     int m_place = 0;
 };
 

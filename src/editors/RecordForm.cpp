@@ -59,12 +59,13 @@ void RecordForm::ShowSaveButton(bool unsaved) {
 }
 
 void RecordForm::ShowState() {
-    if (m_records.Count() == 0) {
+    const bool any = m_records.Count() > 0;
+    const bool unsaved = any && IsUnsaved();
+    ShowSaveButton(unsaved);
+    if (!any) {
         m_info->setText(QStringLiteral("There is no %1 yet. Press Add New.").arg(m_noun));
         return;
     }
-    const bool unsaved = IsUnsaved();
-    ShowSaveButton(unsaved);
     QString noun = m_noun;
     noun[0] = noun[0].toUpper();
     const QString place =
@@ -74,10 +75,21 @@ void RecordForm::ShowState() {
                 : place);
 }
 
+/// In the box that has the focus, or else in the first.
+void RecordForm::SelectText() {
+    auto* box = qobject_cast<FieldBox*>(focusWidget());
+    if (box == nullptr) {
+        box = m_first;
+        box->setFocus(Qt::OtherFocusReason);
+    }
+    box->selectAll();
+}
+
 void RecordForm::Go(void (NumberedRecords::*step)()) {
     RunEvent([&] {
         (m_records.*step)();
         ShowCurrent();
+        SelectText();
     });
 }
 
@@ -94,6 +106,7 @@ void RecordForm::Save() {
     const bool saved = RunEvent([&] {
         m_records.Save(Values());
         ShowCurrent();
+        SelectText();
     });
     if (!saved) {
         m_boxes->FocusRefused();
@@ -104,15 +117,8 @@ void RecordForm::Delete() {
     RunEvent([&] {
         DeleteCurrent();
         ShowCurrent();
+        SelectText();
     });
-}
-
-void RecordForm::done(int result) {
-    if (!m_closed) {
-        m_closed = true;
-        RunEvent([&] { m_records.Close(); });
-    }
-    QDialog::done(result);
 }
 
 }  // namespace quarnel02

@@ -14,14 +14,15 @@ class QPushButton;
 namespace quarnel02 {
 
 /// What the task and the resource editor have in common: one record at a time, walked, added,
-/// saved and deleted with buttons. What is typed and not saved is dropped by everything but
-/// Save; boxes, button and a line of text tell of it until then.
+/// saved and deleted with buttons, after each of which a box is ready to be typed over. What is
+/// typed and not saved is dropped by everything but Save; boxes, button and a line of text tell
+/// of it until then.
 class RecordForm : public EditorDialog {
     Q_OBJECT
 
   public:
-    /// However the window is closed, the count is written and the arcs are rebuilt.
-    void done(int result) override;
+    /// Whether anything of the model was another when the window was closed than when it opened.
+    [[nodiscard]] bool ChangedModel() const { return m_records.Changed(); }
 
   protected:
     struct Buttons {
@@ -50,10 +51,14 @@ class RecordForm : public EditorDialog {
     /// Shows whether there is something to save.
     void ShowState();
 
+    /// The count is written and, after a change, the network rebuilt.
+    void Finish() override { m_records.Close(); }
+
     [[nodiscard]] NumberedRecords& Records() { return m_records; }
 
   private:
     void ShowSaveButton(bool unsaved);
+    void SelectText();
     void Go(void (NumberedRecords::*step)());
     void AddNew();
     void Save();
@@ -67,7 +72,6 @@ class RecordForm : public EditorDialog {
     FieldBox* m_first = nullptr;
     QLabel* m_info = nullptr;
     QString m_saveCaption;
-    bool m_closed = false;
 };
 
 }  // namespace quarnel02

@@ -2,7 +2,6 @@
 
 #include "editors/Dialogs.h"
 #include "editors/frmTRInfo.h"
-#include "fixed/CreateLinks.h"
 #include "ui_frmMatrix.h"
 
 namespace quarnel02 {
@@ -12,7 +11,8 @@ frmMatrix::frmMatrix(MainForm& form, QWidget* parent)
       m_form(form),
       m_ui(std::make_unique<Ui::frmMatrix>()),
       m_cells(form),
-      m_model(m_cells) {
+      m_model(m_cells),
+      m_network(form) {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     MatrixGrid* grid = m_ui->picMatrix;
@@ -59,7 +59,7 @@ void frmMatrix::EditPair(TaskResource pair) {
     frmTRInfo editor(m_form, this);
     editor.FetchInfo(pair.Task, pair.Resource);
     if (editor.exec() == QDialog::Accepted) {
-        m_cells.ReadMark(pair);
+        m_cells.SetMark(pair, editor.StoredUsableTime());
         m_model.MarkChanged(pair);
     }
 }
@@ -88,7 +88,6 @@ void frmMatrix::Commit() {
         }
     });
     if (committed) {
-        RunEvent([&] { CreateLinks(m_form); });
         accept();
     }
 }

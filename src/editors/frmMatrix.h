@@ -5,6 +5,7 @@
 #include "editors/EditorDialog.h"
 #include "editors/MatrixCells.h"
 #include "editors/MatrixModel.h"
+#include "editors/NetworkUpkeep.h"
 
 namespace quarnel02 {
 
@@ -24,6 +25,12 @@ class frmMatrix : public EditorDialog {
     /// Reads the model and draws the grid; to be called before the window is shown.
     void LoadMe();
 
+    /// Whether the matrix was another when the window was closed than when it opened.
+    [[nodiscard]] bool ChangedModel() const { return m_network.Changed(); }
+
+  protected:
+    void Finish() override { m_network.Rebuild(); }
+
   private:
     void ShowGrid();
     void ShowLine(const QModelIndex& cell);
@@ -37,6 +44,7 @@ class frmMatrix : public EditorDialog {
     std::unique_ptr<Ui::frmMatrix> m_ui;
     MatrixCells m_cells;
     MatrixModel m_model;
+    NetworkUpkeep m_network;
 };
 
 }  // namespace quarnel02

@@ -35,7 +35,12 @@ void frmTRInfo::StoreAndClose() {
         reject();
         return;
     }
-    if (RunEvent([&] { StorePair(m_form, m_pair, m_boxes->Values()); })) {
+    const bool stored = RunEvent([&] {
+        const std::vector<FieldValue> values = m_boxes->Values();
+        StorePair(m_form, m_pair, values);
+        m_storedUsableTime = std::get<double>(values.front().Content) > 0;
+    });
+    if (stored) {
         accept();
     } else {
         m_boxes->FocusRefused();

@@ -25,6 +25,9 @@ class frmTRInfo : public EditorDialog {
     /// Fills the window for the pair. Throws NoCurrentRecord when one of them does not exist.
     void FetchInfo(std::int16_t task, std::int16_t resource);
 
+    /// Whether a task time above 0 was stored.
+    [[nodiscard]] bool StoredUsableTime() const { return m_storedUsableTime; }
+
   private:
     void StoreAndClose();
 
@@ -32,6 +35,7 @@ class frmTRInfo : public EditorDialog {
     std::unique_ptr<Ui::frmTRInfo> m_ui;
     RecordBoxes* m_boxes;
     TaskResource m_pair{};
+    bool m_storedUsableTime = false;
 };
 
 }  // namespace quarnel02

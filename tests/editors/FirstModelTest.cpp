@@ -31,13 +31,9 @@ class FirstModel : public test::EditorTest {
         QTest::keyClick(&menu, Qt::Key_A);
     }
 
-    /// Save, which has the focus after a record, stands in front of Add New.
     void PressAddNew() const {
-        if (Focus() == "cmdSave") {
-            Key(Qt::Key_Tab);
-        }
-        EXPECT_EQ(Focus(), "cmdAddNew");
-        Key(Qt::Key_Space);
+        Mnemonic("cmdAddNew");
+        EXPECT_EQ(Focus(), "txtDescription");
     }
 
     void EnterTasks() {

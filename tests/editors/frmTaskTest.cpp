@@ -81,6 +81,55 @@ TEST_F(frmTask, AnEmptyTableClosesWithACountOfZero) {
     EXPECT_THAT(Copy->RowsOf("SELECT * FROM Arcs;", 1), IsEmpty());
 }
 
+TEST_F(frmTask, AnEmptyTableSaysSoAndHasNothingToSave) {
+    Start();
+    EditTasks([&] {
+        EXPECT_EQ(Caption("lblInfo"), "There is no task yet. Press Add New.");
+        EXPECT_EQ(Command("cmdSave").text(), "&Save");
+        EXPECT_FALSE(Command("cmdSave").font().bold());
+        EXPECT_FALSE(Command("cmdSave").isEnabled());
+        Press("cmdOK");
+    });
+    EditResources([&] {
+        EXPECT_EQ(Caption("lblInfo"), "There is no resource yet. Press Add New.");
+        EXPECT_EQ(Command("cmdSave").text(), "&Save");
+        EXPECT_FALSE(Command("cmdSave").font().bold());
+        Press("cmdOK");
+    });
+}
+
+TEST_F(frmTask, EveryStepLeavesTheDescriptionReadyToBeTypedOver) {
+    Start(kFourTasks);
+    EditTasks([&] {
+        const auto expect = [&](const std::string& description) {
+            EXPECT_EQ(Focus(), "txtDescription");
+            EXPECT_EQ(Selected(), description);
+        };
+        expect("Alpha");
+        Press("cmdTask_1");
+        expect("Beta");
+        Press("cmdTask_0");
+        expect("Alpha");
+        Press("cmdSave");
+        expect("Alpha");
+        Press("cmdDelete");
+        expect("Beta");
+        Press("cmdOK");
+    });
+}
+
+TEST_F(frmTask, AShortCutLeavesTheFocusInItsBox) {
+    Start(kFourTasks);
+    EditTasks([&] {
+        Part<QLineEdit>("txtTask").setFocus();
+        Mnemonic("cmdTask_1");
+        EXPECT_EQ(Record(), "2|Beta");
+        EXPECT_EQ(Focus(), "txtTask");
+        EXPECT_EQ(Selected(), "2");
+        Press("cmdOK");
+    });
+}
+
 TEST_F(frmTask, AddNewAppendsBehindTheLast) {
     Start(kFourTasks);
     EditTasks([&] {
@@ -193,7 +242,8 @@ TEST_F(frmTask, ANumberBeyond16BitsIsRefused) {
         EXPECT_EQ(Record(), "32768|Alpha");
         Press("cmdOK");
     });
-    EXPECT_THAT(Dialogs.Seen[1], HasSubstr("critical: Task number: 32768"));
+    EXPECT_EQ(Dialogs.Seen[1],
+              "critical: Task number is 32768; it must be a whole number from 1 to 32767.");
     EXPECT_THAT(Tasks()[0], "1|Alpha");
 }
 
@@ -248,22 +298,6 @@ TEST_F(frmTask, TheOnlyTaskIsResetInsteadOfDeleted) {
     });
     EXPECT_THAT(Tasks(), ElementsAre("1|   "));
     EXPECT_THAT(Matrix(), ElementsAre("1|1|5|1|0"));
-}
-
-TEST_F(frmTask, EnterInTheDescriptionMovesToSaveAndEnterThereSaves) {
-    Start(kFourTasks);
-    EditTasks([&] {
-        EXPECT_EQ(Focus(), "txtDescription");
-        EXPECT_EQ(Part<QLineEdit>("txtDescription").selectedText(), "Alpha");
-        Key(Qt::Key_Return);
-        EXPECT_EQ(Focus(), "cmdSave");
-        Put("txtDescription", "First");
-        Key(Qt::Key_Enter);
-        Key(Qt::Key_Return);
-        EXPECT_THAT(Tasks()[0], "1|First");
-        EXPECT_EQ(Record(), "1|First");
-        Press("cmdOK");
-    });
 }
 
 TEST_F(frmTask, ClosingWritesTheCountAndRebuildsTheArcs) {
