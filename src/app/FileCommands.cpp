@@ -95,10 +95,30 @@ void FileCommands::LoadWorkingCopyFrom(const fs::path& source) {
     m_form.Changed = false;
 }
 
-void FileCommands::AskToSave() {
+bool FileCommands::AskToSave() {
     if (m_form.Changed && m_form.AskYesNo(kSaveFirst, MessageIcon::Information, Answer::Yes)) {
         Save();
     }
+    return true;
+}
+
+bool FileCommands::Exit() {
+    return AskToSave();
+}
+
+bool FileCommands::HasUnsavedWork() noexcept {
+    return m_form.Changed;
+}
+
+std::vector<KeptModel> FileCommands::KeptModels() const {
+    return {};
+}
+
+void FileCommands::Recover(const KeptModel& kept) {
+    AskToSave();
+    ForgetFile(m_form);
+    m_form.SetTitle(kApplicationTitle);
+    LoadWorkingCopyFrom(kept.Path);
 }
 
 void FileCommands::New() {

@@ -2,8 +2,10 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "app/FileDialog.h"
+#include "app/KeptWork.h"
 #include "app/RecentFiles.h"
 #include "shell/MainForm.h"
 
@@ -27,8 +29,22 @@ class FileCommands {
     void SaveAs();
     /// `caption` is that of the chosen recent-file item.
     void OpenRecent(const std::string& caption);
-    /// Asks to save where there are changes; part of New, Open, OpenRecent and Exit.
-    void AskToSave();
+    /// Asks to save where there are changes; part of New, Open, OpenRecent, Recover and Exit.
+    /// False when saving failed, or was refused: the command that asked must not go on.
+    bool AskToSave();
+
+    /// Ends the session in order: asks to save, keeps work that no file holds and notes on the disk
+    /// that nothing was left behind. False when the program must stay open.
+    [[nodiscard]] bool Exit();
+
+    /// Whether the working copy differs from the file, or template, that it came from or was last
+    /// saved to. Cheap while nothing is written; not to be called inside a transaction. Never throws.
+    [[nodiscard]] bool HasUnsavedWork() noexcept;
+
+    /// Work that was kept because it was about to be replaced or left, newest first.
+    [[nodiscard]] std::vector<KeptModel> KeptModels() const;
+    /// Loads kept work as an untitled model; asks to save first, as Open does.
+    void Recover(const KeptModel& kept);
 
     [[nodiscard]] RecentFiles& Recent() { return m_recent; }
 
