@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "app/QtPaths.h"
+#include "app/Template.h"
 #include "basic/RunTimeError.h"
 
 namespace fs = std::filesystem;
@@ -18,16 +19,24 @@ bool IsWritable(const fs::path& directory) {
     return QFileInfo(ToQString(directory)).isWritable();
 }
 
-fs::path InstalledTemplate(const fs::path& programDirectory) {
-    const fs::path shared = programDirectory.parent_path() / "share" / "quarnel02";
-    for (const fs::path& directory : {programDirectory, shared}) {
-        if (fs::exists(directory / kTemplate)) {
-            return directory / kTemplate;
+fs::path SharedDirectory(const fs::path& programDirectory) {
+    return programDirectory.parent_path() / "share" / "quarnel02";
+}
+
+bool IsFile(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored);
+}
+
+/// From the installed one, or, where none is left, from what the program carries.
+void PutTemplate(const fs::path& programDirectory, const fs::path& place) {
+    for (const fs::path& directory : {programDirectory, SharedDirectory(programDirectory)}) {
+        if (IsFile(directory / kTemplate)) {
+            CopyWhole(directory / kTemplate, place);
+            return;
         }
     }
-    throw RunTimeError(ErrorKind::FileNotFound,
-                       std::string(kTemplate) + " is neither in " + PathText(programDirectory) +
-                           " nor in " + PathText(shared) + ". Install Quarnel02 again.");
+    MakeTemplate(place);
 }
 
 void MakeDirectory(const fs::path& directory) {
@@ -44,14 +53,24 @@ void MakeDirectory(const fs::path& directory) {
 
 fs::path PrepareApplicationDirectory(const fs::path& programDirectory,
                                      const fs::path& dataDirectory) {
-    if (fs::exists(programDirectory / kTemplate) && IsWritable(programDirectory)) {
+    if (IsFile(programDirectory / kTemplate) && IsWritable(programDirectory)) {
         return programDirectory;
     }
     MakeDirectory(dataDirectory);
-    if (!fs::exists(dataDirectory / kTemplate)) {
-        CopyWhole(InstalledTemplate(programDirectory), dataDirectory / kTemplate);
+    if (!IsFile(dataDirectory / kTemplate)) {
+        PutTemplate(programDirectory, dataDirectory / kTemplate);
     }
     return dataDirectory;
+}
+
+fs::path ExamplesDirectory(const fs::path& programDirectory) {
+    std::error_code ignored;
+    for (const fs::path& directory : {programDirectory, SharedDirectory(programDirectory)}) {
+        if (fs::is_directory(directory / "examples", ignored)) {
+            return directory / "examples";
+        }
+    }
+    return {};
 }
 
 }  // namespace quarnel02

@@ -1,14 +1,15 @@
 #include "app/FileCommands.h"
 
-#include <exception>
 #include <filesystem>
 #include <system_error>
 
+#include "app/FailureText.h"
 #include "app/ModelPath.h"
+#include "app/Template.h"
 #include "basic/Files.h"
-#include "fixed/LoadModel.h"
-#include "model/ModelFile.h"
-#include "shell/Demand.h"
+#include "basic/RunTimeError.h"
+#include "model/InputDigest.h"
+#include "model/ReadModel.h"
 
 namespace fs = std::filesystem;
 
@@ -18,122 +19,211 @@ namespace {
 
 constexpr const char* kConfiguration = "Marrowgate.cfg";
 constexpr const char* kTemplate = "blank.seq";
-constexpr const char* kWorkingCopy = "working.seq";
+constexpr const char* kState = "session.state";
+constexpr const char* kKeptWork = "Recovered";
 
 constexpr const char* kSaveFirst = "Do you want to save your changes first?";
 constexpr const char* kNewFailed =
     "Error creating working file.  Causes: 1) blank.seq file missing from app root directory, "
     "2) working.seq is currently open in Access";
-constexpr const char* kSaveFailed =
-    "Could not save this file.  Possible cause: working.seq is open in Access, or is missing / "
-    "invalid";
+constexpr const char* kDidNotEnd =
+    "Quarnel02 did not end properly last time. Load the work that was kept?";
 
 std::string TitleFor(const std::string& file) {
     return file + " - " + kApplicationTitle;
 }
 
-/// A journal left by a killed program would be played back into the new working copy.
-void RemoveJournals(const fs::path& workingCopy) {
-    std::error_code ignored;
-    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
-        fs::remove(workingCopy.string() + suffix, ignored);
-    }
+std::uint64_t DigestOf(const fs::path& model) {
+    return InputDigest(Database::Open(model));
 }
 
-void ReplaceWorkingCopy(const MainForm& form, const fs::path& source) {
-    const fs::path working_copy = form.InApplicationDirectory(kWorkingCopy);
-    CopyWhole(source, working_copy);
-    RemoveJournals(working_copy);
-    std::error_code ignored;
-    fs::permissions(working_copy, fs::perms::owner_read | fs::perms::owner_write,
-                    fs::perm_options::add, ignored);
-}
-
-void ForgetFile(MainForm& form) {
-    form.CurrentDir.clear();
-    form.CurrentFile.clear();
-}
-
-void CopyToCurrentFile(MainForm& form) {
-    form.CloseModel();
-    CopyWhole(form.InApplicationDirectory(kWorkingCopy),
-              ModelPath(form.CurrentDir, form.CurrentFile));
-}
-
-/// Whether the file is a model; says what is wrong when it is not.
-bool IsModel(MainForm& form, const std::string& path) {
-    try {
-        CheckModelFile(path, path);
-        return true;
-    } catch (const std::exception& error) {
-        form.ShowMessage(error.what(), MessageIcon::Critical);
-        return false;
-    }
+bool IsEmptyOrMissing(const fs::path& file) {
+    std::error_code error;
+    return fs::file_size(file, error) == 0 || error;
 }
 
 }  // namespace
 
-void ShowLoadedModel(MainForm& form) {
-    LoadModel(form);
-    form.ClearDemand();
-    form.ShowDemandSum("", {});
-    ListDemand(form);
-}
-
 FileCommands::FileCommands(MainForm& form, FileDialog& dialog)
-    : m_form(form), m_dialog(dialog), m_recent(form.InApplicationDirectory(kConfiguration)) {}
+    : m_form(form),
+      m_dialog(dialog),
+      m_recent(form.InApplicationDirectory(kConfiguration)),
+      m_kept(form.InApplicationDirectory(kKeptWork)),
+      m_inputs(form.WorkingCopy()) {}
+
+fs::path FileCommands::Template() const {
+    return m_form.InApplicationDirectory(kTemplate);
+}
 
 void FileCommands::StartUp() {
-    ForgetFile(m_form);
-    LoadWorkingCopyFrom(m_form.InApplicationDirectory(kTemplate));
-}
-
-void FileCommands::LoadWorkingCopyFrom(const fs::path& source) {
-    m_form.CloseModel();
-    ReplaceWorkingCopy(m_form, source);
-    ShowLoadedModel(m_form);
-    m_form.Changed = false;
-}
-
-bool FileCommands::AskToSave() {
-    if (m_form.Changed && m_form.AskYesNo(kSaveFirst, MessageIcon::Information, Answer::Yes)) {
-        Save();
+    IncomingModel::CleanUp(m_form);
+    RepairTemplate(Template());
+    const auto last = ReadSessionState(m_form.InApplicationDirectory(kState));
+    const bool kept = KeepLastSession(last);
+    m_state.OfferKept = last && (last->OfferKept || (kept && !last->Orderly));
+    ForgetFile();
+    LoadTemplate();
+    if (m_state.OfferKept) {
+        OfferKeptWork();
     }
-    return true;
 }
 
-bool FileCommands::Exit() {
-    return AskToSave();
+/// Whether the last session left work that no file held; it is kept now.
+bool FileCommands::KeepLastSession(const std::optional<SessionState>& last) {
+    if (IsEmptyOrMissing(m_form.WorkingCopy())) {
+        return false;
+    }
+    try {
+        m_form.CloseModel();
+        const bool known = last && last->Saved;
+        if (m_inputs.Digest() == (known ? *last->Saved : DigestOf(Template()))) {
+            return false;
+        }
+        m_kept.Keep(m_form.WorkingCopy());
+        return true;
+    } catch (const std::exception& error) {
+        return SetWorkAside(error);
+    }
+}
+
+/// Whatever stands in the way of copying the work, the program starts and the work stays on the
+/// disk. Whether it is there as a kept model.
+bool FileCommands::SetWorkAside(const std::exception& why) {
+    std::string text = "The work of last time cannot be read: " + FailureText(why);
+    try {
+        const fs::path place = m_kept.SetAside(m_form.WorkingCopy());
+        if (place.extension() == ".mdb") {
+            return true;
+        }
+        text += " Its file was moved to " + PathText(place) + ".";
+    } catch (const std::exception& error) {
+        text += " " + FailureText(error);
+    }
+    m_form.ShowMessage(text, MessageIcon::Information);
+    return false;
+}
+
+void FileCommands::OfferKeptWork() {
+    const std::vector<KeptModel> kept = KeptModels();
+    const bool load =
+        !kept.empty() && m_form.AskYesNo(kDidNotEnd, MessageIcon::Question, Answer::Yes);
+    m_state.OfferKept = false;
+    WriteState();
+    if (load) {
+        Recover(kept.front());
+    }
 }
 
 bool FileCommands::HasUnsavedWork() noexcept {
-    return m_form.Changed;
+    try {
+        return !m_state.Saved || m_inputs.Digest() != *m_state.Saved;
+    } catch (const std::exception&) {
+        return true;
+    }
 }
 
 std::vector<KeptModel> FileCommands::KeptModels() const {
-    return {};
+    return m_kept.List();
 }
 
-void FileCommands::Recover(const KeptModel& kept) {
-    AskToSave();
-    ForgetFile(m_form);
-    m_form.SetTitle(kApplicationTitle);
-    LoadWorkingCopyFrom(kept.Path);
+/// Keeps what no file holds. False when that fails and the user rather stays.
+bool FileCommands::Leave() {
+    try {
+        if (!IsEmptyOrMissing(m_form.WorkingCopy()) && HasUnsavedWork()) {
+            m_form.CloseModel();
+            m_kept.Keep(m_form.WorkingCopy());
+        }
+        return true;
+    } catch (const std::exception& error) {
+        return m_form.AskYesNo("Work that is in no file cannot be kept: " + FailureText(error) +
+                                   "\n\nGo on and lose it?",
+                               MessageIcon::Critical, Answer::No);
+    }
+}
+
+void FileCommands::LoadTemplate() {
+    RepairTemplate(Template());
+    IncomingModel incoming(m_form);
+    CopyWhole(Template(), incoming.Path());
+    incoming.TakePlace();
+    m_form.Changed = false;
+    NoteBaseline(DigestOf(m_form.WorkingCopy()));
+}
+
+/// Reads a model into the working copy. False when it cannot be read, which is said, or when the
+/// user does not want to leave the present one; everything is then as it was.
+bool FileCommands::Read(const fs::path& source) {
+    try {
+        RepairTemplate(Template());
+        IncomingModel incoming(m_form);
+        ReadModel(source, Template(), incoming.Path(), PathText(source));
+        incoming.Try(PathText(source));
+        if (!Leave()) {
+            return false;
+        }
+        incoming.TakePlace();
+        m_form.Changed = false;
+        return true;
+    } catch (const RunTimeError& error) {
+        m_form.ShowMessage(error.what(), MessageIcon::Critical);
+        return false;
+    }
+}
+
+/// What the inputs were when a file or the template held them; on the disk for the next start.
+void FileCommands::NoteBaseline(std::optional<std::uint64_t> saved) noexcept {
+    m_state.Saved = saved;
+    m_state.Orderly = false;
+    WriteState();
+}
+
+/// A state that cannot be written leaves an older one, by which the next start keeps too much
+/// rather than too little.
+void FileCommands::WriteState() noexcept {
+    try {
+        WriteSessionState(m_form.InApplicationDirectory(kState), m_state);
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+    }
+}
+
+bool FileCommands::AskToSave() {
+    return !m_form.Changed || !m_form.AskYesNo(kSaveFirst, MessageIcon::Information, Answer::Yes) ||
+           TrySave();
+}
+
+bool FileCommands::Exit() {
+    if (!AskToSave() || !Leave()) {
+        return false;
+    }
+    m_state.Orderly = true;
+    WriteState();
+    return true;
+}
+
+void FileCommands::ForgetFile() {
+    m_form.CurrentDir.clear();
+    m_form.CurrentFile.clear();
+    m_proposed = false;
 }
 
 void FileCommands::New() {
-    AskToSave();
+    if (!AskToSave() || !Leave()) {
+        return;
+    }
     try {
-        ForgetFile(m_form);
+        ForgetFile();
         m_form.SetTitle(kApplicationTitle);
-        LoadWorkingCopyFrom(m_form.InApplicationDirectory(kTemplate));
+        LoadTemplate();
     } catch (const std::exception&) {
+        NoteBaseline(std::nullopt);
         m_form.ShowMessage(kNewFailed, MessageIcon::Critical);
     }
 }
 
 void FileCommands::Open() {
-    AskToSave();
+    if (!AskToSave()) {
+        return;
+    }
     m_dialog.SetForm(true);
     m_dialog.ShowModal();
     if (!m_dialog.FileName.empty()) {
@@ -143,7 +233,9 @@ void FileCommands::Open() {
 }
 
 void FileCommands::OpenRecent(const std::string& caption) {
-    AskToSave();
+    if (!AskToSave()) {
+        return;
+    }
     const std::string entry = m_recent.EntryFor(caption);
     if (!entry.empty()) {
         OpenFile({entry, DirectoryPart(entry), FileNamePart(entry)});
@@ -151,59 +243,45 @@ void FileCommands::OpenRecent(const std::string& caption) {
 }
 
 void FileCommands::OpenFile(const ChosenFile& chosen) {
-    if (!IsModel(m_form, chosen.Path)) {
+    if (m_kept.Holds(chosen.Path)) {
+        LoadKept(chosen.Path);
+        return;
+    }
+    if (!Read(chosen.Path)) {
         return;
     }
     m_form.CurrentDir = chosen.Directory;
     m_form.CurrentFile = chosen.Name;
+    m_proposed = false;
     m_form.SetTitle(TitleFor(m_form.CurrentFile));
-    m_recent.Add(m_form.CurrentDir, m_form.CurrentFile);
-    LoadWorkingCopyFrom(chosen.Path);
+    NoteBaseline(DigestOf(m_form.WorkingCopy()));
+    AddToRecent();
 }
 
-void FileCommands::Save() {
-    if (m_form.CurrentFile.empty() || m_form.CurrentDir.empty()) {
-        SaveAs();
-        m_form.Changed = false;
+void FileCommands::Recover(const KeptModel& kept) {
+    if (AskToSave()) {
+        LoadKept(kept.Path);
+    }
+}
+
+/// Untitled, because kept files go when newer ones come.
+void FileCommands::LoadKept(const fs::path& file) {
+    if (!Read(file)) {
         return;
     }
-    try {
-        CopyToCurrentFile(m_form);
-        m_recent.Add(m_form.CurrentDir, m_form.CurrentFile);
-        m_form.Changed = false;
-    } catch (const std::exception&) {
-        m_form.ShowMessage(kSaveFailed, MessageIcon::Critical);
-    }
+    ForgetFile();
+    m_form.SetTitle(kApplicationTitle);
+    NoteBaseline(DigestOf(Template()));
 }
 
-void FileCommands::SaveAs() {
-    ProposeFile();
-    m_dialog.SetForm(false);
-    m_dialog.ShowModal();
-    if (m_dialog.FileName.empty()) {
-        return;
-    }
+/// The list is a convenience: the command that wanted it is done by now.
+void FileCommands::AddToRecent() {
     try {
-        m_form.CurrentDir = m_dialog.FilePath;
-        m_form.CurrentFile = m_dialog.FileName;
-        CopyToCurrentFile(m_form);
-        ShowLoadedModel(m_form);
         m_recent.Add(m_form.CurrentDir, m_form.CurrentFile);
-        m_form.Changed = false;
-    } catch (const std::exception&) {
-        m_form.ShowMessage(kSaveFailed, MessageIcon::Critical);
+    } catch (const std::exception& error) {
+        m_form.ShowMessage("The list of recent files cannot be kept. " + FailureText(error),
+                           MessageIcon::Information);
     }
-}
-
-void FileCommands::ProposeFile() {
-    if (m_form.CurrentDir.empty()) {
-        m_form.CurrentDir = PathText(m_form.ApplicationDirectory());
-    }
-    if (m_form.CurrentFile.empty()) {
-        m_form.CurrentFile = m_form.Text(TextBox::txtProduct);
-    }
-    m_dialog.FilePath = m_form.CurrentDir;
-    m_dialog.FileName = m_form.CurrentFile;
 }
 
 }  // namespace quarnel02

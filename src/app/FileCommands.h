@@ -1,24 +1,34 @@
 #pragma once
 
+#include <cstdint>
+#include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/FileDialog.h"
+#include "app/IncomingModel.h"
+#include "app/InputWatch.h"
 #include "app/KeptWork.h"
 #include "app/RecentFiles.h"
+#include "app/SessionState.h"
 #include "shell/MainForm.h"
 
 namespace quarnel02 {
 
 /// The commands of the File menu. Each runs to its end inside the event that calls it; what a
 /// command does not report itself comes out as a RunTimeError.
+///
+/// Work that no file holds is never dropped: before a command replaces or leaves it, it is kept in
+/// the directory "Recovered" of the application directory.
 class FileCommands {
   public:
     FileCommands(MainForm& form, FileDialog& dialog);
 
-    /// Makes the working copy anew from the template and loads it. Throws when the template is
-    /// missing or the working copy cannot be written.
+    /// Keeps what the last session left, makes the working copy anew from the template, loads it,
+    /// and offers the kept work when the last session did not end in order. Throws when the
+    /// template is missing or the working copy cannot be written.
     void StartUp();
 
     void New();
@@ -29,6 +39,7 @@ class FileCommands {
     void SaveAs();
     /// `caption` is that of the chosen recent-file item.
     void OpenRecent(const std::string& caption);
+
     /// Asks to save where there are changes; part of New, Open, OpenRecent, Recover and Exit.
     /// False when saving failed, or was refused: the command that asked must not go on.
     bool AskToSave();
@@ -38,7 +49,8 @@ class FileCommands {
     [[nodiscard]] bool Exit();
 
     /// Whether the working copy differs from the file, or template, that it came from or was last
-    /// saved to. Cheap while nothing is written; not to be called inside a transaction. Never throws.
+    /// saved to. Cheap while nothing is written; not to be called inside a transaction. Never
+    /// throws.
     [[nodiscard]] bool HasUnsavedWork() noexcept;
 
     /// Work that was kept because it was about to be replaced or left, newest first.
@@ -55,17 +67,34 @@ class FileCommands {
         std::string Name;
     };
 
+    [[nodiscard]] std::filesystem::path Template() const;
+    bool KeepLastSession(const std::optional<SessionState>& last);
+    bool SetWorkAside(const std::exception& why);
+    void OfferKeptWork();
+    [[nodiscard]] bool Leave();
+    void LoadTemplate();
+    [[nodiscard]] bool Read(const std::filesystem::path& source);
+    void LoadKept(const std::filesystem::path& file);
     void OpenFile(const ChosenFile& chosen);
-    void LoadWorkingCopyFrom(const std::filesystem::path& source);
+    void NoteBaseline(std::optional<std::uint64_t> saved) noexcept;
+    void WriteState() noexcept;
+    [[nodiscard]] bool TrySave();
+    [[nodiscard]] bool TrySaveAs();
+    [[nodiscard]] bool SaveToFile(bool reload);
+    [[nodiscard]] bool MayReplace(const std::filesystem::path& target);
+    [[nodiscard]] bool TakeProposal();
+    void AddToRecent();
+    void ForgetFile();
     /// What the Save As dialog begins with; the form keeps it even if the dialog is cancelled.
     void ProposeFile();
 
     MainForm& m_form;
     FileDialog& m_dialog;
     RecentFiles m_recent;
+    KeptWork m_kept;
+    InputWatch m_inputs;
+    SessionState m_state;
+    bool m_proposed = false;  ///< CurrentFile was proposed and never confirmed
 };
-
-/// LoadModel, and the demand list filled anew: what the window shows is the loaded model.
-void ShowLoadedModel(MainForm& form);
 
 }  // namespace quarnel02

@@ -24,4 +24,7 @@ class FileDialog {
 /// becomes "MODEL.MDB.mdb". An empty name stays empty.
 std::string WithModelExtension(const std::string& name);
 
+/// Why no file in `directory` can have that name, with what to do; "" when one can.
+std::string FileNameObjection(const std::string& directory, const std::string& name);
+
 }  // namespace quarnel02

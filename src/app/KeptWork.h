@@ -28,10 +28,14 @@ class KeptWork {
     std::filesystem::path Keep(const std::filesystem::path& workingCopy,
                                Clock::time_point now = Clock::now()) const;
 
-    /// Moves a file that cannot be read as a model, with its journal, out of the way as it is.
-    /// Gives its new place. Throws FileAccess.
+    /// Moves a working copy that cannot be copied, with its journal, into the directory as it is:
+    /// as a model where it can be read as one, else with the extension ".seq", which List leaves
+    /// out. Gives its new place. Throws FileAccess.
     std::filesystem::path SetAside(const std::filesystem::path& file,
                                    Clock::time_point now = Clock::now()) const;
+
+    /// Whether a file stands in the directory.
+    [[nodiscard]] bool Holds(const std::filesystem::path& file) const;
 
     /// The kept models that can be read, newest first.
     [[nodiscard]] std::vector<KeptModel> List() const;

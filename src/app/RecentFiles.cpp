@@ -6,6 +6,7 @@
 
 #include "app/ModelPath.h"
 #include "basic/Files.h"
+#include "basic/RunTimeError.h"
 
 namespace quarnel02 {
 
@@ -16,6 +17,18 @@ constexpr std::size_t kOldEntriesKept = 6;
 /// In front of the file name in the caption of item `number`: six characters.
 std::string CaptionHead(std::size_t number) {
     return std::to_string(number) + ". ..\\";
+}
+
+/// Writing into a pipe would wait for a reader, for ever.
+void RequireListOrNothing(const std::filesystem::path& configuration) {
+    const FileKind kind = KindOfFile(configuration);
+    if (kind == FileKind::Directory || kind == FileKind::Special) {
+        throw RunTimeError(
+            ErrorKind::FileAccess,
+            PathText(configuration) +
+                (kind == FileKind::Directory ? " is a directory." : " is not an ordinary file.") +
+                " Remove it, so that the list of recent files can be written there.");
+    }
 }
 
 std::string FirstField(const std::string& line) {
@@ -39,10 +52,19 @@ std::vector<std::string> RecentFiles::Entries() const {
     return entries;
 }
 
+std::vector<std::string> RecentFiles::ReadableEntries() const {
+    try {
+        return Entries();
+    } catch (const RunTimeError&) {
+        return {};
+    }
+}
+
 void RecentFiles::Add(const std::string& directory, const std::string& file) {
     if (directory.empty() || file.empty()) {
         return;
     }
+    RequireListOrNothing(m_configuration);
     std::vector<std::string> list = Entries();
     list.resize(std::min(list.size(), kOldEntriesKept));
     list.insert(list.begin(), ModelPath(directory, file));
@@ -58,7 +80,7 @@ void RecentFiles::Add(const std::string& directory, const std::string& file) {
 
 void RecentFiles::FillMenu(std::array<RecentItem, 4>& items) const {
     std::size_t shown = 0;
-    for (const std::string& entry : Entries()) {
+    for (const std::string& entry : ReadableEntries()) {
         if (shown < items.size() && FileExists(entry)) {
             items.at(shown) = {CaptionHead(shown + 1) + FileNamePart(entry), true};
             ++shown;
@@ -77,7 +99,7 @@ std::string RecentFiles::EntryFor(const std::string& caption) const {
     if (caption.size() <= head) {
         return {};
     }
-    const std::vector<std::string> entries = Entries();
+    const std::vector<std::string> entries = ReadableEntries();
     const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
         return FileNamePart(entry) == caption.substr(head);
     });

@@ -19,16 +19,18 @@ class RecentFiles {
   public:
     explicit RecentFiles(std::filesystem::path configuration);
 
-    /// Entries of the configuration file in order; none when there is no such file.
+    /// Entries of the configuration file in order; none when there is no such file. Throws
+    /// FileAccess when it cannot be read.
     [[nodiscard]] std::vector<std::string> Entries() const;
 
     /// Puts directory + separator + file on top of the list; does nothing when either is empty.
     /// Keeps at most six older entries and drops repetitions. Throws FileAccess when the
-    /// configuration file cannot be written.
+    /// configuration file cannot be read or written; it never waits for what stands in its place.
     void Add(const std::string& directory, const std::string& file);
 
-    /// Captions and states of the four menu items from the entries whose files exist. With
-    /// exactly three of them the fourth item is left as it was; that is meant.
+    /// Captions and states of the four menu items from the entries whose files exist; a list that
+    /// cannot be read has none. With exactly three of them the fourth item is left as it was; that
+    /// is meant.
     void FillMenu(std::array<RecentItem, 4>& items) const;
 
     /// The first entry whose file name is that of the item's caption; "" when there is none. Of
@@ -36,6 +38,8 @@ class RecentFiles {
     [[nodiscard]] std::string EntryFor(const std::string& caption) const;
 
   private:
+    [[nodiscard]] std::vector<std::string> ReadableEntries() const;
+
     std::filesystem::path m_configuration;
 };
 

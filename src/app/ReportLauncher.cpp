@@ -6,7 +6,10 @@
 #include <QUrl>
 #include <utility>
 
+#include "app/QtPaths.h"
 #include "app/frmReport.h"
+#include "basic/Files.h"
+#include "basic/RunTimeError.h"
 
 namespace quarnel02 {
 
@@ -40,6 +43,17 @@ bool OpenWithDesktop(const QString& file) {
     return HasTextEditor() && QDesktopServices::openUrl(QUrl::fromLocalFile(file));
 }
 
+/// Whoever opened a pipe would wait for somebody to write into it.
+void RequireOrdinaryFile(const QString& file) {
+    const FileKind kind = KindOfFile(ToPath(file));
+    if (kind == FileKind::Directory || kind == FileKind::Special) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           NativeText(file) + " is no report but " +
+                               (kind == FileKind::Directory ? "a directory." : "a special file.") +
+                               " Remove it and solve again.");
+    }
+}
+
 }  // namespace
 
 ReportLauncher::ReportLauncher(QWidget* parent)
@@ -52,6 +66,7 @@ void ReportLauncher::Start(const std::string& commandLine) const {
     const QString line = QString::fromStdString(commandLine);
     const auto blank = line.indexOf(QLatin1Char(' '));
     const QString file = line.mid(blank + 1);
+    RequireOrdinaryFile(file);
     if (!m_ways.StartProgram(line.left(blank), file) && !m_ways.OpenInEditor(file)) {
         m_ways.View(file);
     }

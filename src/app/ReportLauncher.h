@@ -23,7 +23,8 @@ class ReportLauncher {
     explicit ReportLauncher(QWidget* parent);
     explicit ReportLauncher(Ways ways);
 
-    /// The program is the command line up to its first blank, the file all that follows.
+    /// The program is the command line up to its first blank, the file all that follows. Throws
+    /// FileAccess when a directory, a pipe or a device stands in place of the file.
     void Start(const std::string& commandLine) const;
 
   private:

@@ -1,13 +1,18 @@
 #include "app/frmFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QKeyEvent>
-#include <QStorageInfo>
 #include <utility>
 
+#include "app/ApplicationDirectory.h"
+#include "app/ModelPath.h"
 #include "app/QtPaths.h"
+#include "app/RecentFiles.h"
+#include "app/UserVolumes.h"
+#include "basic/RunTimeError.h"
 #include "editors/Dialogs.h"
 #include "ui_frmFile.h"
 
@@ -17,41 +22,48 @@ namespace {
 
 const QString kUp = QStringLiteral("..");
 
-/// Volumes that hold files of users: none of the system's own and none of memory.
-QStringList Drives() {
-    QStringList drives;
-    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        const QString root = volume.rootPath();
-        const bool system =
-            root.startsWith(QStringLiteral("/proc")) || root.startsWith(QStringLiteral("/sys")) ||
-            root.startsWith(QStringLiteral("/dev")) || root.startsWith(QStringLiteral("/run/")) ||
-            root.startsWith(QStringLiteral("/snap")) || root.startsWith(QStringLiteral("/boot"));
-        if (volume.isValid() && !system && QFileInfo(root).isDir() && !drives.contains(root)) {
-            drives.append(root);
-        }
-    }
-    return drives;
-}
-
-QString DriveOf(const QString& directory) {
-    return QStorageInfo(directory).rootPath();
-}
-
 bool IsReadable(const QString& directory) {
     const QFileInfo info(directory);
     return info.isDir() && info.isReadable() && info.isExecutable();
 }
 
+/// Names of a directory, hidden ones behind the others.
+QStringList Names(const QDir& directory, QDir::Filters filters, const QStringList& patterns = {}) {
+    const QDir::SortFlags order = QDir::Name | QDir::IgnoreCase | QDir::LocaleAware;
+    QStringList names = directory.entryList(patterns, filters, order);
+    for (const QString& name : directory.entryList(patterns, filters | QDir::Hidden, order)) {
+        if (!names.contains(name)) {
+            names.append(name);
+        }
+    }
+    return names;
+}
+
+bool IsEnter(const QEvent& event) {
+    if (event.type() != QEvent::KeyPress) {
+        return false;
+    }
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 }  // namespace
 
 frmFile::frmFile(std::filesystem::path applicationDirectory, QWidget* parent)
+    : frmFile(std::move(applicationDirectory),
+              ExamplesDirectory(ToPath(QCoreApplication::applicationDirPath())), parent) {}
+
+frmFile::frmFile(std::filesystem::path applicationDirectory, std::filesystem::path examples,
+                 QWidget* parent)
     : QDialog(parent),
       m_ui(std::make_unique<Ui::frmFile>()),
-      m_applicationDirectory(std::move(applicationDirectory)) {
+      m_applicationDirectory(std::move(applicationDirectory)),
+      m_examples(std::move(examples)) {
     constexpr int columns = 70;
     constexpr int lines = 24;
     m_ui->setupUi(this);
     m_ui->Dir1->installEventFilter(this);
+    m_ui->txtFile->installEventFilter(this);
     ConnectControls();
     resize(columns * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing());
 }
@@ -80,15 +92,32 @@ void frmFile::SetForm(bool isOpen) {
                           : QStringLiteral("Enter filename to save..."));
     m_ui->cmdOpen->setText(isOpen ? QStringLiteral("&Open") : QStringLiteral("&Save"));
     m_ui->txtFile->setText(isOpen ? QString() : QString::fromStdString(FileName));
-    const QString wanted = QString::fromStdString(FilePath);
-    if (!wanted.isEmpty() && IsReadable(wanted)) {
-        SetDirectory(wanted);
-    } else if (m_directory.isEmpty() || !IsReadable(m_directory)) {
-        SetDirectory(QDir::currentPath());
-    } else {
-        SetDirectory(m_directory);
-    }
+    SetDirectory(FirstDirectory());
     SelectDriveOf(m_directory);
+}
+
+/// Where the caller wants it, else where the user last was, now or in an earlier session, else
+/// where there are models to look at.
+QString frmFile::FirstDirectory() const {
+    QStringList wanted = {QString::fromStdString(FilePath), m_directory};
+    for (const std::string& entry : LastUsed()) {
+        wanted.append(QString::fromStdString(DirectoryPart(entry)));
+    }
+    wanted.append(ToQString(m_examples));
+    for (const QString& directory : wanted) {
+        if (!directory.isEmpty() && IsReadable(directory)) {
+            return directory;
+        }
+    }
+    return QDir::currentPath();
+}
+
+std::vector<std::string> frmFile::LastUsed() const {
+    try {
+        return RecentFiles(m_applicationDirectory / "Marrowgate.cfg").Entries();
+    } catch (const RunTimeError&) {
+        return {};
+    }
 }
 
 void frmFile::ShowModal() {
@@ -106,22 +135,24 @@ void frmFile::reject() {
     QDialog::reject();
 }
 
-/// Enter in the list of directories goes there instead of pressing the default button.
+/// Enter in the list of directories goes there, and in the name it acts as the button, once; both
+/// use the key up.
 bool frmFile::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_ui->Dir1 && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            EnterDirectory();
-            return true;
-        }
+    if (watched == m_ui->Dir1 && IsEnter(*event)) {
+        EnterDirectory();
+        return true;
+    }
+    if (watched == m_ui->txtFile && IsEnter(*event)) {
+        cmdOpen_Click();
+        return true;
     }
     return QDialog::eventFilter(watched, event);
 }
 
 void frmFile::SelectDriveOf(const QString& directory) {
-    const QString drive = DriveOf(directory);
+    const QString drive = VolumeOf(directory);
     m_ui->Drive1->clear();
-    m_ui->Drive1->addItems(Drives());
+    m_ui->Drive1->addItems(MountedUserVolumes());
     if (m_ui->Drive1->findText(drive) < 0) {
         m_ui->Drive1->addItem(drive);
     }
@@ -145,8 +176,7 @@ void frmFile::SetDirectory(const QString& directory) {
     if (!dir.isRoot()) {
         m_ui->Dir1->addItem(kUp);
     }
-    m_ui->Dir1->addItems(dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot,
-                                       QDir::Name | QDir::IgnoreCase | QDir::LocaleAware));
+    m_ui->Dir1->addItems(Names(dir, QDir::Dirs | QDir::NoDotAndDotDot));
     m_ui->Dir1->setCurrentRow(0);
     const QString native = QDir::toNativeSeparators(m_directory);
     m_ui->lblPath->setText(native);
@@ -157,10 +187,8 @@ void frmFile::SetDirectory(const QString& directory) {
 /// Names that end in ".mdb" exactly: any other would get the extension once more when taken.
 void frmFile::RefreshFiles() {
     m_ui->File1->clear();
-    QDir dir(m_directory);
-    m_ui->File1->addItems(dir.entryList({QStringLiteral("*.mdb")},
-                                        QDir::Files | QDir::CaseSensitive,
-                                        QDir::Name | QDir::IgnoreCase | QDir::LocaleAware));
+    m_ui->File1->addItems(
+        Names(QDir(m_directory), QDir::Files | QDir::CaseSensitive, {QStringLiteral("*.mdb")}));
 }
 
 void frmFile::EnterDirectory() {
@@ -176,6 +204,7 @@ void frmFile::EnterDirectory() {
         return;
     }
     SetDirectory(target);
+    SelectDriveOf(m_directory);
     const auto came_from = m_ui->Dir1->findItems(left, Qt::MatchExactly);
     if (!left.isEmpty() && !came_from.isEmpty()) {
         m_ui->Dir1->setCurrentItem(came_from.front());
@@ -236,6 +265,13 @@ bool frmFile::MayOpen() {
 bool frmFile::MaySave() {
     if (FileName.empty()) {
         m_ui->txtFile->setFocus();
+        return false;
+    }
+    const std::string objection = FileNameObjection(FilePath, FileName);
+    if (!objection.empty()) {
+        ShowMessageBox(this, objection, MessageIcon::Critical);
+        m_ui->txtFile->setFocus();
+        m_ui->txtFile->selectAll();
         return false;
     }
     return !NamesAFile() || AskYesNoBox(this, "File already exists.  Overwrite?",

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/FileDialog.h"
 
@@ -20,7 +21,10 @@ class frmFile : public QDialog, public FileDialog {
     Q_DISABLE_COPY_MOVE(frmFile)
 
   public:
+    /// Begins in the examples that came with the program while the user has been nowhere yet.
     frmFile(std::filesystem::path applicationDirectory, QWidget* parent);
+    frmFile(std::filesystem::path applicationDirectory, std::filesystem::path examples,
+            QWidget* parent);
     ~frmFile() override;
 
     void SetForm(bool isOpen) override;
@@ -35,6 +39,8 @@ class frmFile : public QDialog, public FileDialog {
 
   private:
     void ConnectControls();
+    [[nodiscard]] QString FirstDirectory() const;
+    [[nodiscard]] std::vector<std::string> LastUsed() const;
     void SelectDriveOf(const QString& directory);
     void Drive1_Change();
     void SetDirectory(const QString& directory);
@@ -51,6 +57,7 @@ class frmFile : public QDialog, public FileDialog {
 
     std::unique_ptr<Ui::frmFile> m_ui;
     std::filesystem::path m_applicationDirectory;
+    std::filesystem::path m_examples;
     QString m_directory;  ///< that Dir1 and File1 show
 };
 
