@@ -1,7 +1,6 @@
 #include "app/InputWatch.h"
 
 #include <chrono>
-#include <system_error>
 #include <utility>
 
 #include "model/Database.h"
@@ -21,8 +20,7 @@ constexpr std::chrono::seconds kCoarsestStamp{2};
 InputWatch::InputWatch(fs::path model) : m_model(std::move(model)) {}
 
 InputWatch::Stamp InputWatch::StampNow() const {
-    std::error_code ignored;  // a missing file is reported by the store
-    return {fs::last_write_time(m_model, ignored), fs::file_size(m_model, ignored)};
+    return {fs::last_write_time(m_model), fs::file_size(m_model)};
 }
 
 /// The file is looked at by its status alone: opening and closing it would drop the store's locks.

@@ -12,7 +12,8 @@ class InputWatch {
   public:
     explicit InputWatch(std::filesystem::path model);
 
-    /// Throws what the store reports. Not to be called inside a transaction on the model.
+    /// Throws what the store reports, or std::filesystem::filesystem_error. Not to be called inside
+    /// a transaction on the model.
     std::uint64_t Digest();
 
   private:

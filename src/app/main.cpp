@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QLocale>
-#include <QLockFile>
 #include <QStandardPaths>
 #include <clocale>
 #include <exception>
@@ -8,6 +7,8 @@
 #include <string_view>
 
 #include "app/ApplicationDirectory.h"
+#include "app/FailureText.h"
+#include "app/ProgramLock.h"
 #include "app/QtPaths.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
@@ -24,26 +25,27 @@ std::filesystem::path ChooseApplicationDirectory() {
         ToPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
 }
 
-/// Two programs on one working copy would overwrite each other's model.
-bool Lock(QLockFile& lock, const std::filesystem::path& directory) {
-    lock.setStaleLockTime(0);
-    if (lock.tryLock(0)) {
-        return true;
+bool TakeLock(ProgramLock& lock, const std::filesystem::path& directory) {
+    const ProgramLock::Result result = lock.Take();
+    if (result == ProgramLock::Result::Running) {
+        ShowMessageBox(nullptr,
+                       "Quarnel02 is already running on " + PathText(directory) +
+                           ". Use the window that is open, or close it first.",
+                       MessageIcon::Information);
+    } else if (result == ProgramLock::Result::NotWritable) {
+        ShowMessageBox(nullptr,
+                       PathText(lock.File()) +
+                           " cannot be written. Allow writing to this directory, and remove what "
+                           "stands in place of the file.",
+                       MessageIcon::Critical);
     }
-    const bool running = lock.error() == QLockFile::LockFailedError;
-    ShowMessageBox(
-        nullptr,
-        running ? "Quarnel02 is already running on " + PathText(directory) +
-                      ". Use the window that is open, or close it first."
-                : PathText(directory) + " cannot be written to. Allow writing to this directory.",
-        running ? MessageIcon::Information : MessageIcon::Critical);
-    return false;
+    return result == ProgramLock::Result::Held;
 }
 
 int Run() {
     const std::filesystem::path directory = ChooseApplicationDirectory();
-    QLockFile lock(ToQString(directory / "quarnel02.lock"));
-    if (!Lock(lock, directory)) {
+    ProgramLock lock(directory);
+    if (!TakeLock(lock, directory)) {
         return 1;
     }
     frmMain window(directory);
@@ -76,7 +78,7 @@ int main(int argc, char** argv) {
     try {
         return Run();
     } catch (const std::exception& error) {
-        ShowMessageBox(nullptr, error.what(), MessageIcon::Critical);
+        ShowMessageBox(nullptr, FailureText(error), MessageIcon::Critical);
         return 1;
     }
 }

@@ -1,0 +1,57 @@
+// Names that no file can have, and what failures say.
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+#include <string>
+
+#include "app/FailureText.h"
+#include "app/FileDialog.h"
+#include "basic/Files.h"
+
+namespace quarnel02 {
+namespace {
+
+struct FileName : ::testing::Test {
+    [[nodiscard]] std::string Objection(const std::string& name) const {
+        return FileNameObjection(PathText(Place.Path()), name);
+    }
+    TemporaryDirectory Place;
+};
+
+TEST_F(FileName, MayHoldWhatFilesMayHold) {
+    for (const char* name : {"line.mdb", "Größe, neu.mdb", "a b.mdb", ".pump.mdb", "a..mdb"}) {
+        EXPECT_EQ(Objection(name), "") << name;
+    }
+}
+
+TEST_F(FileName, IsAsLongAsTheFileSystemAllows) {
+    EXPECT_EQ(Objection(std::string(251, 'x') + ".mdb"), "");
+    EXPECT_NE(Objection(std::string(252, 'x') + ".mdb").find("too long"), std::string::npos);
+    std::string umlauts;
+    for (int i = 0; i < 126; ++i) {
+        umlauts += "ü";
+    }
+    EXPECT_NE(Objection(umlauts + ".mdb").find("too long"), std::string::npos);
+}
+
+TEST_F(FileName, HoldsNoSeparatorAndNoControlCharacter) {
+    EXPECT_NE(Objection("A/B.mdb").find(PathText(Place.Path() / "A")), std::string::npos);
+    EXPECT_NE(Objection("a\nb.mdb").find("line breaks"), std::string::npos);
+    EXPECT_NE(Objection(std::string("a\0b.mdb", 7)).find("control"), std::string::npos);
+}
+
+TEST_F(FileName, IsMoreThanPointsAndBlanks) {
+    for (const char* name : {".mdb", "..mdb", "...mdb", " .mdb", " . .mdb"}) {
+        EXPECT_NE(Objection(name).find("points and blanks"), std::string::npos) << name;
+    }
+}
+
+TEST(FailureText, SaysALackOfMemoryInWords) {
+    EXPECT_EQ(FailureText(std::bad_alloc()),
+              "There is not enough memory. Close other programs and try again.");
+    EXPECT_EQ(FailureText(std::runtime_error("The disk is full.")), "The disk is full.");
+}
+
+}  // namespace
+}  // namespace quarnel02
