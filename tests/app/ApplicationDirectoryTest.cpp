@@ -3,6 +3,9 @@
 
 #include "app/ApplicationDirectory.h"
 #include "basic/Files.h"
+#include "model/Database.h"
+#include "model/InputDigest.h"
+#include "model/ModelFile.h"
 #include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
@@ -44,10 +47,29 @@ TEST_F(ChosenDirectory, KeepsATemplateThatIsThere) {
     EXPECT_EQ(ReadFile(Data / "blank.seq"), "mine");
 }
 
-TEST_F(ChosenDirectory, FailsWithoutAnyTemplate) {
+TEST_F(ChosenDirectory, GetsATemplateOfTheProgramsOwnWhereNoneIsLeft) {
+    EXPECT_EQ(PrepareApplicationDirectory(Program, Data), Data);
+    CheckModelFile(Data / "blank.seq", "blank.seq");
+    const Database made = Database::Open(Data / "blank.seq");
+    const Database shipped = Database::Open(QUARNEL02_TEMPLATE_FILE);
+    EXPECT_EQ(InputDigest(made), InputDigest(shipped));
+}
+
+TEST_F(ChosenDirectory, TakesADirectoryOfThatNameForNoTemplate) {
+    fs::create_directories(Program / "blank.seq");
+    fs::create_directories(Data / "blank.seq" / "in the way");
     const std::string message = test::ExpectRunTimeError(
-        ErrorKind::FileNotFound, [&] { PrepareApplicationDirectory(Program, Data); });
-    EXPECT_NE(message.find("blank.seq"), std::string::npos);
+        ErrorKind::FileAccess, [&] { PrepareApplicationDirectory(Program, Data); });
+    EXPECT_NE(message.find(PathText(Data / "blank.seq")), std::string::npos) << message;
+}
+
+TEST_F(ChosenDirectory, KnowsWhereTheExamplesAre) {
+    EXPECT_EQ(ExamplesDirectory(Program), fs::path());
+    const fs::path shared = Root.Path() / "share" / "quarnel02" / "examples";
+    fs::create_directories(shared);
+    EXPECT_EQ(ExamplesDirectory(Program), shared);
+    fs::create_directories(Program / "examples");
+    EXPECT_EQ(ExamplesDirectory(Program), Program / "examples");
 }
 
 TEST_F(ChosenDirectory, FailsWhereItCannotBeMade) {

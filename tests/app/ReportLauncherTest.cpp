@@ -1,5 +1,6 @@
 // How a report is opened, and the viewer that is always there.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QFontInfo>
 #include <QPlainTextEdit>
@@ -10,6 +11,7 @@
 #include "app/ReportLauncher.h"
 #include "app/frmReport.h"
 #include "basic/Files.h"
+#include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
 namespace {
@@ -18,7 +20,8 @@ using ::testing::ElementsAre;
 
 class Launching : public ::testing::Test {
   protected:
-    std::vector<std::string> Launch(bool programStarts, bool editorOpens) {
+    std::vector<std::string> Launch(bool programStarts, bool editorOpens,
+                                    const std::string& report = "/my files/RunRpt.txt") {
         std::vector<std::string> tried;
         const ReportLauncher launcher(ReportLauncher::Ways{
             [&](const QString& program, const QString& file) {
@@ -30,7 +33,7 @@ class Launching : public ::testing::Test {
                 return editorOpens;
             },
             [&](const QString& file) { tried.push_back("view " + file.toStdString()); }});
-        launcher.Start("notepad.exe /my files/RunRpt.txt");
+        launcher.Start("notepad.exe " + report);
         return tried;
     }
 };
@@ -48,6 +51,17 @@ TEST_F(Launching, ViewsTheFileWithoutAnEditor) {
     EXPECT_THAT(Launch(false, false),
                 ElementsAre("start notepad.exe|/my files/RunRpt.txt", "edit /my files/RunRpt.txt",
                             "view /my files/RunRpt.txt"));
+}
+
+TEST_F(Launching, RefusesAPipeOrADirectoryInPlaceOfTheReport) {
+    const TemporaryDirectory place;
+    const std::string pipe = PathText(place.Path() / "RunRpt.txt");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& file : {pipe, PathText(place.Path())}) {
+        const std::string message =
+            test::ExpectRunTimeError(ErrorKind::FileAccess, [&] { Launch(true, true, file); });
+        EXPECT_TRUE(message.starts_with(file + " is no report")) << message;
+    }
 }
 
 class Viewing : public ::testing::Test {

@@ -1,5 +1,6 @@
 // The file dialog through its own controls.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QComboBox>
 #include <QLabel>
@@ -9,6 +10,7 @@
 #include <QTest>
 
 #include "app/Answers.h"
+#include "app/UserVolumes.h"
 #include "app/frmFile.h"
 #include "basic/Files.h"
 
@@ -94,11 +96,124 @@ TEST_F(frmFileDialog, SavesWithTheProposedName) {
     EXPECT_FALSE(Dialog.OpenMode);
 }
 
+TEST(UserVolumes, AreThoseThatMayHoldFilesOfUsers) {
+    EXPECT_EQ(UserVolumes({"/", "/proc", "/proc/sys", "/home", "/run/user/1000",
+                           "/run/media/anna/USB", "/dev/shm", "/development", "/systems",
+                           "/boot/efi", "/snap/core/1", "/home", "/media/anna/Stick"}),
+              QStringList({"/", "/home", "/run/media/anna/USB", "/development", "/systems",
+                           "/media/anna/Stick"}));
+}
+
+/// The topmost directory above `path` on the same device.
+fs::path RootOnItsDevice(fs::path path) {
+    const auto device = [](const fs::path& of) {
+        struct stat status {};
+        EXPECT_EQ(::stat(of.c_str(), &status), 0);
+        return status.st_dev;
+    };
+    while (path != "/" && device(path.parent_path()) == device(path)) {
+        path = path.parent_path();
+    }
+    return path;
+}
+
+/// Shared memory is a volume of its own that is not among those of users.
 TEST_F(frmFileDialog, ShowsTheDriveOfItsDirectory) {
-    Show(true);
-    const QString drive = Find<QComboBox>("Drive1").currentText();
-    EXPECT_TRUE(QString::fromStdString(Place.Path().string()).startsWith(drive));
-    EXPECT_FALSE(drive.isEmpty());
+    const fs::path memory = "/dev/shm";
+    auto& drives = Find<QComboBox>("Drive1");
+    for (const fs::path& directory : {Place.Path(), memory}) {
+        if (!fs::is_directory(directory)) {
+            continue;
+        }
+        Show(true, "", directory);
+        EXPECT_EQ(drives.currentText().toStdString(), RootOnItsDevice(directory).string());
+        EXPECT_EQ(drives.findText(drives.currentText()), drives.currentIndex());
+    }
+    EXPECT_GE(drives.findText("/"), 0);
+}
+
+TEST_F(frmFileDialog, BeginsInTheExamplesAndThenWhereTheUserWas) {
+    fs::create_directories(Place.Path() / "examples");
+    frmFile dialog(Place.Path(), Place.Path() / "examples", nullptr);
+    const auto shown = [&] {
+        dialog.FilePath.clear();
+        dialog.SetForm(true);
+        return dialog.findChild<QLabel*>("lblPath")->text().toStdString();
+    };
+    EXPECT_EQ(shown(), (Place.Path() / "examples").string());
+    dialog.FilePath = (Place.Path() / "sub").string();
+    dialog.SetForm(true);
+    EXPECT_EQ(shown(), (Place.Path() / "sub").string());
+}
+
+TEST_F(frmFileDialog, BeginsWhereTheUserWasInTheLastSession) {
+    fs::create_directories(Place.Path() / "examples");
+    WriteFile(Place.Path() / "Marrowgate.cfg",
+              "/no/such/place/x.mdb\n" + (Place.Path() / "sub" / "c.mdb").string() + "\n");
+    frmFile dialog(Place.Path(), Place.Path() / "examples", nullptr);
+    dialog.SetForm(true);
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblPath")->text().toStdString(),
+              (Place.Path() / "sub").string());
+}
+
+/// The data directory of the program is below a hidden one.
+TEST_F(frmFileDialog, ReachesHiddenDirectoriesAndFiles) {
+    fs::create_directories(Place.Path() / ".local" / "share");
+    WriteFile(Place.Path() / ".hidden.mdb", "x");
+    Show(true, "", Place.Path() / ".local");
+    auto& directories = Find<QListWidget>("Dir1");
+    directories.setFocus();
+    QTest::keyClick(&directories, Qt::Key_Return);
+    EXPECT_THAT(Lines("Dir1"), ElementsAre("..", "sub", ".local"));
+    EXPECT_THAT(Lines("File1"), ElementsAre("a.mdb", "b.mdb", ".hidden.mdb"));
+    EXPECT_EQ(directories.currentItem()->text(), ".local");
+    QTest::keyClick(&directories, Qt::Key_Return);
+    EXPECT_THAT(Lines("Dir1"), ElementsAre("..", "share"));
+}
+
+TEST_F(frmFileDialog, RefusesANameThatNoFileCanHave) {
+    Show(false);
+    for (const std::string& name : {std::string(300, 'x'), std::string("A/B"), std::string("..")}) {
+        Boxes.Seen.clear();
+        TypeName(name);
+        Boxes.Press(QMessageBox::Ok);
+        Press("cmdOpen");
+        ASSERT_EQ(Boxes.Seen.size(), 1U) << name;
+        EXPECT_TRUE(Boxes.Seen[0].starts_with("critical: ")) << Boxes.Seen[0];
+        EXPECT_TRUE(Dialog.isVisible());
+        EXPECT_EQ(Name().text().toStdString(), name + ".mdb");
+        EXPECT_EQ(Dialog.focusWidget(), &Name());
+    }
+    TypeName("good");
+    Press("cmdOpen");
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "good.mdb");
+}
+
+TEST_F(frmFileDialog, EnterPressesTheButtonThatHasTheFocus) {
+    Show(false, "new");
+    auto& cancel = Find<QPushButton>("cmdCancel");
+    cancel.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&cancel, Qt::Key_Return);
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.result(), QDialog::Rejected);
+    EXPECT_EQ(Dialog.FileName, "");
+
+    Show(false, "new");
+    auto& save = Find<QPushButton>("cmdOpen");
+    save.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&save, Qt::Key_Enter);
+    EXPECT_EQ(Dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(Dialog.FileName, "new.mdb");
+}
+
+/// A second question would show that the key also pressed the button.
+TEST_F(frmFileDialog, EnterInTheNameActsOnce) {
+    Show(false, "a.mdb");
+    Boxes.Press(QMessageBox::No);
+    QTest::keyClick(&Name(), Qt::Key_Return);
+    EXPECT_THAT(Boxes.Seen, ElementsAre(kOverwrite));
+    EXPECT_TRUE(Dialog.isVisible());
 }
 
 TEST_F(frmFileDialog, AClickTakesTheName) {
