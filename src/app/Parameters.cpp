@@ -1,31 +1,44 @@
 #include "app/Parameters.h"
 
 #include <array>
+#include <span>
 #include <string>
-#include <utility>
+
+#include "app/ParameterValue.h"
+#include "basic/RunTimeError.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr std::pair<TextBox, const char*> kPenalty{TextBox::txtPenalty, "Penalty"};
+constexpr const char* kWholeRow = "SELECT * FROM Gen;";
 
-/// The boxes and their fields of Gen.
-constexpr std::array kParameters = {std::pair{TextBox::txtResources, "Resources"},
-                                    std::pair{TextBox::txtTasks, "Tasks"},
-                                    std::pair{TextBox::txtDays, "Days"},
-                                    std::pair{TextBox::txtACF, "ACF"},
-                                    std::pair{TextBox::txtLaborCost, "LaborCost"},
-                                    std::pair{TextBox::txtTransTime, "TransportTime"},
-                                    kPenalty,
-                                    std::pair{TextBox::txtProduct, "Product"}};
+/// A box and its field of Gen.
+struct Parameter {
+    TextBox Box;
+    const char* Field;
+    const char* Caption;
+};
 
-template <class Parameters>
-void Save(MainForm& form, const char* sql, const Parameters& parameters) {
+constexpr std::array kParameters = {
+    Parameter{TextBox::txtResources, "Resources", "Number of resources"},
+    Parameter{TextBox::txtTasks, "Tasks", "Number of tasks"},
+    Parameter{TextBox::txtDays, "Days", "Working days per year"},
+    Parameter{TextBox::txtACF, "ACF", "Annual capital factor (ACF)"},
+    Parameter{TextBox::txtLaborCost, "LaborCost", "Labour cost"},
+    Parameter{TextBox::txtTransTime, "TransportTime", "Transport time"},
+    Parameter{TextBox::txtPenalty, "Penalty", "Penalty"},
+    Parameter{TextBox::txtProduct, "Product", "Product"}};
+constexpr std::span<const Parameter> kPenalty = std::span(kParameters).subspan(6, 1);
+
+void Save(MainForm& form, const char* sql, std::span<const Parameter> parameters) {
     RecordSet gen = form.OpenWorkingCopy().OpenRecordSet(sql);
     gen.Edit();
-    for (const auto& [box, field] : parameters) {
-        gen.Set(field, form.Text(box));
+    for (const Parameter& parameter : parameters) {
+        const std::string text = form.Text(parameter.Box);
+        if (text != gen.Text(parameter.Field)) {
+            gen.Set(parameter.Field, ParameterValue(parameter.Field, parameter.Caption, text));
+        }
     }
     gen.Update();
     gen.MoveToLastModified();
@@ -35,11 +48,26 @@ void Save(MainForm& form, const char* sql, const Parameters& parameters) {
 }  // namespace
 
 void SaveGeneral(MainForm& form) {
-    Save(form, "SELECT * FROM Gen;", kParameters);
+    Save(form, kWholeRow, kParameters);
 }
 
 void SavePenalty(MainForm& form) {
-    Save(form, "SELECT Penalty FROM Gen;", std::array{kPenalty});
+    Save(form, "SELECT Penalty FROM Gen;", kPenalty);
+}
+
+std::optional<TextBox> RefusedParameter(MainForm& form) {
+    const RecordSet gen = form.OpenWorkingCopy().OpenRecordSet(kWholeRow);
+    for (const Parameter& parameter : kParameters) {
+        const std::string text = form.Text(parameter.Box);
+        try {
+            if (text != gen.Text(parameter.Field)) {
+                static_cast<void>(ParameterValue(parameter.Field, parameter.Caption, text));
+            }
+        } catch (const RunTimeError&) {
+            return parameter.Box;
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace quarnel02
