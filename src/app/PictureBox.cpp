@@ -76,6 +76,9 @@ void PictureBox::ShowProgress() {
     m_showingProgress = true;
     repaint();
     m_showingProgress = false;
+    if (m_painted < m_picture->Figures().size()) {
+        update();
+    }
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_pause = std::max(kProgressPause, kProgressShare * duration.elapsed());
     m_sinceProgress.restart();

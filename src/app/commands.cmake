@@ -7,6 +7,6 @@ configure_file(EmbeddedSchema.h.in ${CMAKE_CURRENT_BINARY_DIR}/generated/app/Emb
 add_layer(app_commands
   SOURCES DemandCommands.cpp FailureText.cpp FileCommands.cpp FileCommandsSave.cpp FileDialog.cpp
           IncomingModel.cpp InputWatch.cpp KeptName.cpp KeptWork.cpp ModelPath.cpp ParameterValue.cpp
-          Parameters.cpp RecentFiles.cpp SessionState.cpp Template.cpp
+          Parameters.cpp RecentFiles.cpp ResultMarks.cpp SessionState.cpp Template.cpp
   LINKS fixed)
 target_include_directories(app_commands PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/generated)

@@ -9,10 +9,13 @@
 #include <string>
 
 #include "app/FileCommands.h"
+#include "app/InputShield.h"
 #include "app/ReportLauncher.h"
+#include "app/ResultMarks.h"
 #include "app/frmFile.h"
 #include "shell/MainForm.h"
 
+class QLabel;
 class QLineEdit;
 class QProgressBar;
 
@@ -39,8 +42,9 @@ class frmMain : public QMainWindow, public MainForm {
     /// Begins an untitled model. False when that failed, which the user has then been told.
     bool StartUp();
 
-    /// Runs what an event does. A run-time error ends it with one critical message; the program
-    /// lives on. False after an error.
+    /// Runs what an event does, and then shows whether results and file still belong to the model.
+    /// A run-time error ends it with one critical message; the program lives on. False after an
+    /// error.
     bool RunEvent(const std::function<void()>& event);
 
     /// How reports are opened; tests put their own in its place.
@@ -72,12 +76,19 @@ class frmMain : public QMainWindow, public MainForm {
     [[noreturn]] void EndProgram() override;
 
   protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
     using Procedure = void (*)(MainForm&);
+    class SolveScope;
+    class DialogScope;
 
     void LayOut();
+    void LayOutStatusBar();
+    void LayOutMark();
+    void LimitSize();
+    void ChooseSize();
     void ConnectParameters();
     void ConnectDemand();
     void ConnectSolve();
@@ -85,15 +96,25 @@ class frmMain : public QMainWindow, public MainForm {
     void ConnectOtherMenus();
     void ConnectEditors();
 
+    bool Attempt(const std::function<void()>& event);
     bool RunCommand(const std::function<void()>& command);
     void SaveOnEntering(FieldBox& box, Procedure save);
     void SaveOnLeaving(FieldBox& box, Procedure save);
     bool SaveFocusedBox();
     void AfterError();
-    void ChangeDemand(Procedure change);
+    FieldBox* BoxAtFault(FieldBox& left, Procedure save);
+    void ChangeLine(Procedure change);
+    void AddDemand();
+    void EditTasks();
     void Solve(int shifts);
     void SolveStochastic();
+    void Design(const std::function<void()>& solve, const char* report);
     void ShowWorking(bool working);
+    void ShowState();
+    void ShowMarks();
+    void ShowDesign();
+    void ShowSumColour();
+    void EnableDemandButtons();
     void OpeningFileMenu();
     void ShowGuide();
     void ShowAbout();
@@ -105,10 +126,15 @@ class frmMain : public QMainWindow, public MainForm {
     FileCommands m_commands;
     std::array<RecentItem, 4> m_recentItems;
     std::unique_ptr<ReportLauncher> m_launcher;
+    ResultMarks m_marks;
+    InputShield m_shield;
     frmGuide* m_guide = nullptr;
     QProgressBar* m_progress = nullptr;
+    QLabel* m_design = nullptr;           ///< in the status bar: what the pictures show
+    Colour m_sumColour;                   ///< of lblSum on light paper
     std::unique_ptr<frmStatus> m_status;  ///< while a stochastic solve runs
     bool m_solving = false;
+    int m_events = 0;  ///< that run inside one another
     QTimer m_afterError;
     FieldBox* m_refused = nullptr;  ///< box to go back to after the message
 };

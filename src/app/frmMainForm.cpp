@@ -70,34 +70,48 @@ void frmMain::RemoveDemandLine(int line) {
     m_ui->lstDemand->setCurrentRow(-1);
 }
 
-/// The colours are meant for light paper, which the label brings along.
 void frmMain::ShowDemandSum(const std::string& text, Colour colour) {
-    QPalette paper = m_ui->lblSum->palette();
-    paper.setColor(QPalette::Window, text.empty() ? palette().color(QPalette::Window) : Qt::white);
-    paper.setColor(QPalette::WindowText, QColor(colour.Red, colour.Green, colour.Blue));
-    m_ui->lblSum->setPalette(paper);
+    m_sumColour = colour;
+    ShowSumColour();
     m_ui->lblSum->setText(QString::fromStdString(text));
 }
 
+/// A dialog in the middle of a solve takes input, and none that was meant for something else.
+class frmMain::DialogScope {
+  public:
+    explicit DialogScope(frmMain& window) : m_window(window) {
+        m_window.ShowWorking(false);
+        m_window.m_shield.Lower();
+    }
+    ~DialogScope() {
+        if (m_window.m_solving) {
+            m_window.m_shield.Raise();
+        }
+        m_window.ShowWorking(m_window.m_solving);
+    }
+    DialogScope(const DialogScope&) = delete;
+    DialogScope& operator=(const DialogScope&) = delete;
+    DialogScope(DialogScope&&) = delete;
+    DialogScope& operator=(DialogScope&&) = delete;
+
+  private:
+    frmMain& m_window;
+};
+
 void frmMain::ShowMessage(const std::string& text, MessageIcon icon) {
-    ShowWorking(false);
+    const DialogScope scope(*this);
     ShowMessageBox(this, text, icon);
-    ShowWorking(m_solving);
 }
 
 bool frmMain::AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) {
-    ShowWorking(false);
-    const bool yes = AskYesNoBox(this, question, icon, proposed);
-    ShowWorking(m_solving);
-    return yes;
+    const DialogScope scope(*this);
+    return AskYesNoBox(this, question, icon, proposed);
 }
 
 std::string frmMain::InputBox(const std::string& prompt, const std::string& title,
                               const std::string& proposal) {
-    ShowWorking(false);
-    std::string answer = AskTextBox(this, prompt, title, proposal);
-    ShowWorking(m_solving);
-    return answer;
+    const DialogScope scope(*this);
+    return AskTextBox(this, prompt, title, proposal);
 }
 
 void frmMain::DoEvents() {

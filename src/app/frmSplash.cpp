@@ -43,7 +43,7 @@ void Resize(QLabel& label, double factor, bool bold) {
 }  // namespace
 
 frmSplash::frmSplash(QWidget* parent)
-    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint),
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus),
       m_ui(std::make_unique<Ui::frmSplash>()),
       m_timer(new QTimer(this)) {
     m_ui->setupUi(this);
@@ -85,8 +85,11 @@ void frmSplash::keyPressEvent(QKeyEvent* /*event*/) {
     close();
 }
 
+/// A window manager gives the keyboard to the window that is clicked, and to none when it goes.
 void frmSplash::mousePressEvent(QMouseEvent* /*event*/) {
+    QWidget* below = parentWidget()->window();
     close();
+    below->activateWindow();
 }
 
 }  // namespace quarnel02

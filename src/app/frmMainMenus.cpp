@@ -1,0 +1,121 @@
+// The menus of frmMain.
+#include <QAction>
+#include <QMessageBox>
+
+#include "app/frmGuide.h"
+#include "app/frmMain.h"
+#include "editors/frmMatrix.h"
+#include "editors/frmResource.h"
+#include "editors/frmTask.h"
+#include "fixed/CreateLinks.h"
+#include "model/InputDigest.h"
+#include "shell/Reports.h"
+#include "ui_frmMain.h"
+
+namespace quarnel02 {
+
+namespace {
+
+/// "&" in a file's name is no mnemonic.
+QString LiteralCaption(const std::string& caption) {
+    return QString::fromStdString(caption).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+}  // namespace
+
+void frmMain::ConnectFileMenu() {
+    const auto on = [this](QAction* action, auto command) {
+        connect(action, &QAction::triggered, this,
+                [this, command] { RunCommand([&] { command(m_commands); }); });
+    };
+    on(m_ui->mnuFileNew, [](FileCommands& commands) { commands.New(); });
+    on(m_ui->mnuFileOpen, [](FileCommands& commands) { commands.Open(); });
+    on(m_ui->mnuFileSaveAs, [](FileCommands& commands) { commands.SaveAs(); });
+    on(m_ui->mnuFileSave, [this](FileCommands& commands) {
+        if (Changed) {
+            commands.Save();
+        }
+    });
+    const std::array recent = {m_ui->mnuFileRecent_1, m_ui->mnuFileRecent_2, m_ui->mnuFileRecent_3,
+                               m_ui->mnuFileRecent_4};
+    for (std::size_t i = 0; i < recent.size(); ++i) {
+        m_recentItems[i].Caption = recent[i]->text().toStdString();
+        on(recent[i],
+           [this, i](FileCommands& commands) { commands.OpenRecent(m_recentItems[i].Caption); });
+    }
+    connect(m_ui->mnuFileExit, &QAction::triggered, this, &QWidget::close);
+    connect(m_ui->mnuFile, &QMenu::aboutToShow, this,
+            [this] { RunEvent([&] { OpeningFileMenu(); }); });
+    connect(m_ui->mnuFile, &QMenu::aboutToHide, this,
+            [this] { m_ui->mnuFileSave->setEnabled(true); });
+}
+
+void frmMain::OpeningFileMenu() {
+    SaveFocusedBox();
+    m_ui->mnuFileSave->setEnabled(Changed);
+    m_commands.Recent().FillMenu(m_recentItems);
+    const std::array recent = {m_ui->mnuFileRecent_1, m_ui->mnuFileRecent_2, m_ui->mnuFileRecent_3,
+                               m_ui->mnuFileRecent_4};
+    for (std::size_t i = 0; i < recent.size(); ++i) {
+        recent[i]->setText(LiteralCaption(m_recentItems[i].Caption));
+        recent[i]->setEnabled(m_recentItems[i].Enabled);
+    }
+}
+
+void frmMain::ConnectOtherMenus() {
+    connect(m_ui->mnuView, &QMenu::aboutToShow, this, [this] {
+        m_ui->mnuViewLast->setEnabled(HasReport(*this, kProductionReport));
+        ShowState();
+    });
+    ConnectEditors();
+    connect(m_ui->mnuViewLast, &QAction::triggered, this,
+            [this] { RunCommand([this] { mnuViewLast(*this); }); });
+    connect(m_ui->mnuViewLastCont, &QAction::triggered, this,
+            [this] { RunCommand([this] { mnuViewLastCont(*this); }); });
+    connect(m_ui->mnuHelpGuide, &QAction::triggered, this, &frmMain::ShowGuide);
+    connect(m_ui->mnuHelpAbout, &QAction::triggered, this, &frmMain::ShowAbout);
+}
+
+void frmMain::ConnectEditors() {
+    const auto on = [this](QAction* action, const std::function<void()>& show) {
+        connect(action, &QAction::triggered, this, [this, show] { RunCommand(show); });
+    };
+    on(m_ui->mnuViewTasks, [this] { EditTasks(); });
+    on(m_ui->mnuViewResources, [this] { frmResource(*this, this).exec(); });
+    on(m_ui->mnuViewMatrix, [this] {
+        frmMatrix matrix(*this, this);
+        matrix.LoadMe();
+        matrix.exec();
+    });
+}
+
+/// The arcs are only built anew for another model: marks on the network survive a look at the
+/// tasks.
+void frmMain::EditTasks() {
+    const auto inputs = [this] { return InputDigest(Database::Open(WorkingCopy())); };
+    const std::uint64_t before = inputs();
+    frmTask(*this, this).exec();
+    if (inputs() != before) {
+        CreateLinks(*this);
+    }
+}
+
+void frmMain::ShowGuide() {
+    if (m_guide == nullptr) {
+        m_guide = new frmGuide(this);
+    }
+    m_guide->show();
+    m_guide->raise();
+    m_guide->activateWindow();
+}
+
+void frmMain::ShowAbout() {
+    QMessageBox::about(this, QStringLiteral("About Quarnel02"),
+                       QStringLiteral("<h3>Quarnel02 %1</h3><p>Economic design of an assembly "
+                                      "line: which equipment does which tasks, and how many "
+                                      "parallel stations each needs, at the lowest annual cost."
+                                      "</p>")
+                           .arg(QCoreApplication::applicationVersion()));
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,77 @@
+// The buttons of frmMain that design the line.
+#include <QProgressBar>
+
+#include "app/frmMain.h"
+#include "fixed/cmdContinuous.h"
+#include "shell/Reports.h"
+#include "stoch/cmdStoch.h"
+#include "ui_frmMain.h"
+
+namespace quarnel02 {
+
+void frmMain::ConnectSolve() {
+    const std::array buttons = {m_ui->cmdContinuous_1, m_ui->cmdContinuous_2,
+                                m_ui->cmdContinuous_3};
+    for (int shifts = 1; shifts <= 3; ++shifts) {
+        connect(buttons[static_cast<std::size_t>(shifts - 1)], &QPushButton::clicked, this,
+                [this, shifts] { Solve(shifts); });
+    }
+    connect(m_ui->cmdStoch, &QPushButton::clicked, this, &frmMain::SolveStochastic);
+    connect(m_ui->chkFitWidth, &QCheckBox::toggled, this, [this](bool fit) {
+        m_ui->scrArc->setHorizontalScrollBarPolicy(fit ? Qt::ScrollBarAlwaysOff
+                                                       : Qt::ScrollBarAsNeeded);
+        m_ui->picArc->SetSizing(fit ? PictureBox::Sizing::FitWidth : PictureBox::Sizing::TrueSize);
+    });
+}
+
+/// While it lives, nothing that is typed or clicked counts.
+class frmMain::SolveScope {
+  public:
+    explicit SolveScope(frmMain& window) : m_window(window) {
+        m_window.m_solving = true;
+        m_window.m_shield.Raise();
+    }
+    ~SolveScope() {
+        m_window.ShowWorking(false);
+        m_window.m_solving = false;
+        m_window.m_shield.Lower();
+    }
+    SolveScope(const SolveScope&) = delete;
+    SolveScope& operator=(const SolveScope&) = delete;
+    SolveScope(SolveScope&&) = delete;
+    SolveScope& operator=(SolveScope&&) = delete;
+
+  private:
+    frmMain& m_window;
+};
+
+void frmMain::Design(const std::function<void()>& solve, const char* report) {
+    RunCommand([&] {
+        const SolveScope scope(*this);
+        LastDesign.reset();
+        RunEvent(solve);
+        m_marks.NoteReport(report);
+    });
+}
+
+void frmMain::Solve(int shifts) {
+    Design([&] { cmdContinuous_Click(*this, static_cast<std::int16_t>(shifts)); }, kRunReport);
+}
+
+void frmMain::SolveStochastic() {
+    m_ui->statusBar->clearMessage();
+    Design([&] { cmdStoch_Click(*this); }, kProductionReport);
+}
+
+/// Hourglass, progress bar and text while a solve works, not while it asks.
+void frmMain::ShowWorking(bool working) {
+    if (working == m_progress->isVisibleTo(m_ui->statusBar)) {
+        return;
+    }
+    SetBusy(working);
+    m_progress->setVisible(working);
+    m_ui->statusBar->showMessage(working ? QStringLiteral("Designing the line...") : QString());
+    DoEvents();
+}
+
+}  // namespace quarnel02
