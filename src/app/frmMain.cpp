@@ -101,16 +101,11 @@ void frmMain::changeEvent(QEvent* event) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (m_solving) {
-        event->ignore();
-        return;
+    bool leaving = false;
+    if (!m_solving && SaveFocusedBox()) {
+        RunEvent([&] { leaving = m_commands.Exit(); });
     }
-    if (!SaveFocusedBox()) {
-        event->ignore();
-        return;
-    }
-    RunEvent([this] { m_commands.AskToSave(); });
-    event->accept();
+    event->setAccepted(leaving);
 }
 
 }  // namespace quarnel02

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/FileCommands.h"
 #include "app/InputShield.h"
@@ -116,6 +117,7 @@ class frmMain : public QMainWindow, public MainForm {
     void ShowSumColour();
     void EnableDemandButtons();
     void OpeningFileMenu();
+    void FillRecoverMenu(const std::vector<KeptModel>& models);
     void ShowGuide();
     void ShowAbout();
 

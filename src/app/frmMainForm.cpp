@@ -30,8 +30,14 @@ void frmMain::SetText(TextBox box, const std::string& text) {
     Box(box).setCursorPosition(0);
 }
 
+/// A star stands behind the file's name while the model differs from the file.
 void frmMain::SetTitle(const std::string& title) {
-    setWindowTitle(QString::fromStdString(title));
+    const QString mark = QStringLiteral("[*]");
+    const QString application = QStringLiteral(" - ") + QString::fromLatin1(kApplicationTitle);
+    QString text = QString::fromStdString(title).replace(mark, mark + mark);
+    const bool names_file = text.endsWith(application);
+    text.insert(text.size() - (names_file ? application.size() : 0), mark);
+    setWindowTitle(text);
 }
 
 int frmMain::DemandCount() const {

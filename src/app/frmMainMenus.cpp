@@ -32,7 +32,7 @@ void frmMain::ConnectFileMenu() {
     on(m_ui->mnuFileOpen, [](FileCommands& commands) { commands.Open(); });
     on(m_ui->mnuFileSaveAs, [](FileCommands& commands) { commands.SaveAs(); });
     on(m_ui->mnuFileSave, [this](FileCommands& commands) {
-        if (Changed) {
+        if (Changed || commands.HasUnsavedWork()) {
             commands.Save();
         }
     });
@@ -46,13 +46,28 @@ void frmMain::ConnectFileMenu() {
     connect(m_ui->mnuFileExit, &QAction::triggered, this, &QWidget::close);
     connect(m_ui->mnuFile, &QMenu::aboutToShow, this,
             [this] { RunEvent([&] { OpeningFileMenu(); }); });
+    connect(m_ui->mnuFileRecover, &QMenu::aboutToShow, this,
+            [this] { RunEvent([&] { FillRecoverMenu(m_commands.KeptModels()); }); });
+    FillRecoverMenu({});
     connect(m_ui->mnuFile, &QMenu::aboutToHide, this,
             [this] { m_ui->mnuFileSave->setEnabled(true); });
 }
 
+void frmMain::FillRecoverMenu(const std::vector<KeptModel>& models) {
+    QMenu& menu = *m_ui->mnuFileRecover;
+    menu.clear();
+    for (const KeptModel& kept : models) {
+        connect(menu.addAction(LiteralCaption(kept.Caption)), &QAction::triggered, this,
+                [this, kept] { RunCommand([&] { m_commands.Recover(kept); }); });
+    }
+    if (menu.isEmpty()) {
+        menu.addAction(QStringLiteral("No work has been kept"))->setEnabled(false);
+    }
+}
+
 void frmMain::OpeningFileMenu() {
     SaveFocusedBox();
-    m_ui->mnuFileSave->setEnabled(Changed);
+    m_ui->mnuFileSave->setEnabled(Changed || m_commands.HasUnsavedWork());
     m_commands.Recent().FillMenu(m_recentItems);
     const std::array recent = {m_ui->mnuFileRecent_1, m_ui->mnuFileRecent_2, m_ui->mnuFileRecent_3,
                                m_ui->mnuFileRecent_4};

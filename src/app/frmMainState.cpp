@@ -36,6 +36,8 @@ QString MarkOf(Standing standing) {
 
 /// A store that cannot be read says so when it is used; the marks then stay as they are.
 void frmMain::ShowState() {
+    EnableDemandButtons();
+    setWindowModified(m_commands.HasUnsavedWork());
     try {
         m_marks.Look();
     } catch (const std::exception&) {
@@ -43,7 +45,6 @@ void frmMain::ShowState() {
     }
     ShowMarks();
     ShowDesign();
-    EnableDemandButtons();
 }
 
 void frmMain::ShowMarks() {

@@ -71,4 +71,12 @@ std::string WindowTest::FocusName() const {
     return focus == nullptr ? "" : focus->objectName().toStdString();
 }
 
+std::string WindowTest::Title() const {
+    return Window->windowTitle().remove(QStringLiteral("[*]")).toStdString();
+}
+
+void WindowTest::NoteDesignNow(const std::string& caption) {
+    ASSERT_TRUE(Window->RunEvent([&] { NoteDesign(*Window, caption); }));
+}
+
 }  // namespace quarnel02::test

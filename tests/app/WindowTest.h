@@ -53,6 +53,14 @@ class WindowTest : public ::testing::Test {
     [[nodiscard]] std::string Gen() const;
     [[nodiscard]] std::vector<std::string> DemandRows() const;
     [[nodiscard]] std::string FocusName() const;
+    /// Title without the mark of unsaved work, and whether the window carries the mark.
+    [[nodiscard]] std::string Title() const;
+    [[nodiscard]] bool IsStarred() const { return Window->isWindowModified(); }
+    [[nodiscard]] std::string Caption(const std::string& item) const {
+        return Item(item).text().toStdString();
+    }
+    /// Counts the results that are shown as made from the working copy as it is.
+    void NoteDesignNow(const std::string& caption = "2 shifts, 60,000 units a year");
 
     std::unique_ptr<TestModel> Copy;
     std::unique_ptr<frmMain> Window;

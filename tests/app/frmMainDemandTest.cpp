@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <algorithm>
+#include <cmath>
 
 #include "app/WindowTest.h"
 
@@ -47,7 +49,9 @@ TEST_F(frmMainDemand, IsTypedWithTheKeyboardAlone) {
     PressKey(Qt::Key_Return);
     EXPECT_EQ(FocusName(), "cmdAdd");
     EXPECT_EQ(Text("txtProb"), "25%");
+    EXPECT_THAT(DemandRows(), IsEmpty());
     PressKey(Qt::Key_Return);
+    EXPECT_EQ(FocusName(), "txtVolume");
     EXPECT_THAT(DemandRows(), ElementsAre("12500|25"));
     EXPECT_THAT(DemandLines(), ElementsAre("12,500:  25%"));
     EXPECT_EQ(Text("txtVolume"), "");
@@ -114,7 +118,7 @@ TEST_F(frmMainDemand, TheArrowKeysShowRowsToo) {
 
 TEST_F(frmMainDemand, TabbingIntoTheListSelectsNothing) {
     Start(kTwoRows);
-    Button("cmdDelete").setFocus();
+    Button("cmdAdd").setFocus();
     PressKey(Qt::Key_Tab);
     EXPECT_EQ(FocusName(), "lstDemand");
     EXPECT_EQ(Window->SelectedDemand(), -1);
@@ -150,14 +154,77 @@ TEST_F(frmMainDemand, DeletingTheLastRowEmptiesTheListButKeepsTheSum) {
     EXPECT_EQ(Sum().text().toStdString(), "100%");
 }
 
-TEST_F(frmMainDemand, TheSumIsReadableOnADarkWindow) {
-    Start(kTwoRows);
-    QPalette dark(QColor(40, 40, 40));
-    Window->setPalette(dark);
-    const QColor paper = Sum().palette().color(Sum().backgroundRole());
-    EXPECT_GT(paper.lightness() - SumColour().lightness(), 128);
-    EXPECT_TRUE(Sum().autoFillBackground());
+TEST_F(frmMainDemand, AfterAClickOnAddTheVolumeBoxHasTheFocus) {
+    Start();
+    Type("txtVolume", "100");
+    Type("txtProb", "25");
+    Click("cmdAdd");
+    EXPECT_THAT(DemandRows(), ElementsAre("100|25"));
+    EXPECT_EQ(FocusName(), "txtVolume");
 }
+
+TEST_F(frmMainDemand, AddWithoutAProbabilityGoesToItsBox) {
+    Start();
+    Type("txtVolume", "100");
+    Click("cmdAdd");
+    EXPECT_EQ(FocusName(), "txtProb");
+}
+
+TEST_F(frmMainDemand, UpdateAndDeleteAreGreyWhenTheyCanDoNothing) {
+    Start(kTwoRows);
+    const auto enabled = [&] {
+        return std::pair(Button("cmdUpdate").isEnabled(), Button("cmdDelete").isEnabled());
+    };
+    EXPECT_EQ(enabled(), std::pair(false, false));
+    Type("txtVolume", "100");
+    Type("txtProb", "25");
+    EXPECT_EQ(enabled(), std::pair(false, false));
+    ClickLine(0);
+    EXPECT_EQ(enabled(), std::pair(true, true));
+    Type("txtVolume", "");
+    EXPECT_EQ(enabled(), std::pair(false, true));
+    Type("txtVolume", "4000");
+    EXPECT_EQ(enabled(), std::pair(true, true));
+    Click("cmdUpdate");
+    EXPECT_EQ(enabled(), std::pair(false, false));
+    EXPECT_EQ(FocusName(), "lstDemand");
+    ClickLine(0);
+    Click("cmdDelete");
+    EXPECT_EQ(enabled(), std::pair(false, false));
+    EXPECT_EQ(FocusName(), "lstDemand");
+}
+
+/// Ratio of luminances that makes text readable: 4.5 and more.
+double Contrast(const QColor& a, const QColor& b) {
+    const auto luminance = [](const QColor& colour) {
+        const auto linear = [](double part) {
+            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+               0.0722 * linear(colour.blueF());
+    };
+    const double lighter = std::max(luminance(a), luminance(b));
+    return (lighter + 0.05) / (std::min(luminance(a), luminance(b)) + 0.05);
+}
+
+class SumOnADarkWindow : public frmMainDemand, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(SumOnADarkWindow, IsReadableWithoutPaperOfItsOwn) {
+    Start(GetParam());
+    const QColor before = SumColour();
+    Window->setPalette(QPalette(QColor(53, 53, 53)));
+    const QColor paper = Window->palette().color(QPalette::Window);
+    EXPECT_GE(Contrast(SumColour(), paper), 4.5);
+    EXPECT_LT(Contrast(before, paper), 4.5);
+    EXPECT_EQ(SumColour().hslHue(), before.hslHue());
+    EXPECT_EQ(Sum().palette().color(QPalette::Window), paper);
+    Window->setPalette(QPalette(QColor(239, 239, 239)));
+    EXPECT_EQ(SumColour(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sums, SumOnADarkWindow,
+                         ::testing::Values(kTwoRows, "INSERT INTO Demand VALUES (5, 70);"),
+                         [](const auto& each) { return each.index == 0 ? "Complete" : "Short"; });
 
 }  // namespace
 }  // namespace quarnel02

@@ -21,11 +21,6 @@ constexpr const char* kAskToSave = "information: Do you want to save your change
 
 class frmMainMenus : public test::WindowTest {
   protected:
-    [[nodiscard]] std::string Title() const { return Window->windowTitle().toStdString(); }
-    [[nodiscard]] std::string Caption(const char* item) const {
-        return Item(item).text().toStdString();
-    }
-
     /// Answers the file dialog: types a name and presses Enter.
     void TypeFile(const std::string& name) { Dialogs.Type(name); }
 

@@ -1,6 +1,8 @@
 // The parameter boxes: what a focus, Enter and leaving do.
 #include <gmock/gmock.h>
 
+#include <new>
+
 #include "app/WindowTest.h"
 
 namespace quarnel02 {
@@ -106,9 +108,9 @@ TEST_F(frmMainParameters, OtherBoxesAreSavedTogether) {
     Start();
     Box("txtPenalty").setText("8");
     Box("txtACF").setText("0.3");
-    Type("txtDays", "1,240");
+    Type("txtLaborCost", "1,240");
     PressKey(Qt::Key_Return);
-    EXPECT_EQ(Gen(), "0|0|1240|0.3|20|5|8|Untitled");
+    EXPECT_EQ(Gen(), "0|0|250|0.3|1240|5|8|Untitled");
 }
 
 TEST_F(frmMainParameters, ARefusedTextBringsOneMessageAndChangesNothing) {
@@ -118,7 +120,7 @@ TEST_F(frmMainParameters, ARefusedTextBringsOneMessageAndChangesNothing) {
     PressKey(Qt::Key_Return);
     ASSERT_EQ(Dialogs.Seen.size(), 1U);
     EXPECT_THAT(Dialogs.Seen[0], HasSubstr("critical: "));
-    EXPECT_THAT(Dialogs.Seen[0], HasSubstr("Days"));
+    EXPECT_THAT(Dialogs.Seen[0], HasSubstr("Working days per year"));
     EXPECT_EQ(Gen(), "0|0|250|0.25|20|5|0|Untitled");
     EXPECT_FALSE(Window->Changed);
 }
@@ -140,6 +142,47 @@ TEST_F(frmMainParameters, ARefusedTextGetsTheFocusBackWithoutAStormOfMessages) {
     EXPECT_EQ(Gen(), "0|0|200|0.25|20|5|0|Untitled");
 }
 
+TEST_F(frmMainParameters, AFigureThatCannotBeIsRefusedByItsCaption) {
+    Start();
+    Type("txtDays", "367");
+    Dialogs.Press(QMessageBox::Ok);
+    PressKey(Qt::Key_Tab);
+    EXPECT_THAT(Dialogs.Seen,
+                ElementsAre("critical: Working days per year is 367; it must be above 0 and at "
+                            "most 366."));
+    EXPECT_EQ(Gen(), "0|0|250|0.25|20|5|0|Untitled");
+    EXPECT_FALSE(Window->Changed);
+    QTest::qWait(0);
+    Activate();
+    EXPECT_EQ(FocusName(), "txtDays");
+}
+
+TEST_F(frmMainParameters, TheBoxAtFaultGetsTheFocusEvenIfAnotherWasLeft) {
+    Start();
+    Box("txtACF").setText("-1");
+    Type("txtLaborCost", "30");
+    Dialogs.Press(QMessageBox::Ok);
+    PressKey(Qt::Key_Tab);
+    EXPECT_THAT(Dialogs.Seen, ElementsAre("critical: Annual capital factor (ACF) is -1; it must be "
+                                          "at least 0."));
+    EXPECT_EQ(Gen(), "0|0|250|0.25|20|5|0|Untitled");
+    QTest::qWait(0);
+    Activate();
+    EXPECT_EQ(FocusName(), "txtACF");
+    Type("txtACF", "0.3");
+    PressKey(Qt::Key_Tab);
+    EXPECT_EQ(Gen(), "0|0|250|0.3|30|5|0|Untitled");
+    EXPECT_EQ(Dialogs.Seen.size(), 1U);
+}
+
+TEST_F(frmMainParameters, LowMemoryIsSaidInWords) {
+    Start();
+    Dialogs.Press(QMessageBox::Ok);
+    EXPECT_FALSE(Window->RunEvent([] { throw std::bad_alloc(); }));
+    ASSERT_EQ(Dialogs.Seen.size(), 1U);
+    EXPECT_THAT(Dialogs.Seen[0], HasSubstr("critical: There is not enough memory"));
+}
+
 TEST_F(frmMainParameters, AMenuDoesNotTakeTheFocusFromABox) {
     Start();
     Box("txtDays").setFocus(Qt::TabFocusReason);
@@ -149,7 +192,8 @@ TEST_F(frmMainParameters, AMenuDoesNotTakeTheFocusFromABox) {
 }
 
 TEST_F(frmMainParameters, TabGoesThroughTheFieldsInTheOrderOfTheWindow) {
-    Start();
+    Start("INSERT INTO Demand VALUES (5000, 100);");
+    Window->SelectDemand(0);
     Box("txtProduct").setFocus(Qt::TabFocusReason);
     std::vector<std::string> order;
     for (int i = 0; i < 13; ++i) {
