@@ -76,72 +76,71 @@ std::string FigureColumns::ObjectionTo(const RecordSet& row) const {
     return objection;
 }
 
-/// The tasks or the resources: their texts by number, in a table that begins with both.
+/// The tasks or the resources by number, of which Gen says how many count.
 class NumberedRows {
   public:
-    /// Reads the table and checks its rows; `kind` is "task" or "resource".
-    NumberedRows(const Database& database, const char* table, std::string kind);
+    /// `kind` is "task" or "resource".
+    NumberedRows(std::string kind, double count) : m_kind(std::move(kind)), m_count(count) {}
 
-    /// Checks that the rows are those that `count`, read from Gen, says.
-    void RequireCount(const RecordSet& gen, const char* field);
-
-    [[nodiscard]] bool Holds(double number) const { return number >= 1 && number <= m_count; }
+    /// Enters a row; false when its number is taken.
+    bool Enter(double number, const std::string& text) {
+        return m_texts.emplace(number, text).second;
+    }
+    /// Whether a design considers that number.
+    [[nodiscard]] bool Counts(double number) const { return number >= 1 && number <= m_count; }
+    [[nodiscard]] bool Has(double number) const { return m_texts.contains(number); }
     [[nodiscard]] std::string NameOf(double number) const;
 
   private:
-    void Add(const RecordSet& row, const FigureColumns& figures);
-
     std::string m_kind;
     std::map<double, std::string> m_texts;
-    double m_count = 0;
+    double m_count;
 };
 
-NumberedRows::NumberedRows(const Database& database, const char* table, std::string kind)
-    : m_kind(std::move(kind)) {
-    const FigureColumns figures(table);
-    RecordSet rows = database.OpenRecordSet("SELECT * FROM " + std::string(table) + ";");
-    for (; !rows.Eof(); rows.MoveNext()) {
-        Add(rows, figures);
-    }
+std::string NumberedRows::NameOf(double number) const {
+    const auto text = m_texts.find(number);
+    return Named(m_kind, number, text == m_texts.end() ? "" : text->second);
 }
 
-void NumberedRows::Add(const RecordSet& row, const FigureColumns& figures) {
+double CountIn(const RecordSet& gen, const char* field) {
+    return IsNull(gen.Field(field)) ? 0 : gen.Number(field);
+}
+
+/// Task texts are only names: they may be missing, and a number typed by hand may stand twice.
+NumberedRows ReadTasks(const Database& database, double count) {
+    NumberedRows tasks("task", count);
+    RecordSet rows = database.OpenRecordSet("SELECT * FROM Tasks;");
+    for (; !rows.Eof(); rows.MoveNext()) {
+        if (!IsNull(rows.Field(0))) {
+            tasks.Enter(rows.Number(0), rows.Text(1));
+        }
+    }
+    return tasks;
+}
+
+void EnterResource(const RecordSet& row, const FigureColumns& figures, NumberedRows& resources) {
     if (IsNull(row.Field(0))) {
-        Refuse("A " + m_kind + " has no number. Delete it in the " + m_kind +
-               " editor and add it again.");
+        Refuse("A resource has no number. Delete it in the resource editor and add it again.");
     }
     const double number = row.Number(0);
-    const std::string name = Named(Capitalised(m_kind), number, row.Text(1));
-    if (!m_texts.emplace(number, row.Text(1)).second) {
-        Refuse(name + ": " + NameOf(number) + " has the same number. Delete one of them in the " +
-               m_kind + " editor.");
+    const std::string name = Named("Resource", number, row.Text(1));
+    if (!resources.Enter(number, row.Text(1))) {
+        Refuse(name + ": " + resources.NameOf(number) +
+               " has the same number. Delete one of them in the resource editor.");
     }
     if (const std::string objection = figures.ObjectionTo(row); !objection.empty()) {
         Refuse(name + ": " + objection);
     }
 }
 
-void NumberedRows::RequireCount(const RecordSet& gen, const char* field) {
-    const double count = IsNull(gen.Field(field)) ? 0 : gen.Number(field);
-    const auto rows = static_cast<int>(m_texts.size());
-    if (!m_texts.empty() && count != rows) {
-        Refuse("Number of " + m_kind + "s is " + NumberText(count) + ", but " + NumberText(rows) +
-               (rows == 1 ? " is" : " are") + " entered. Open the " + m_kind +
-               " editor and close it, which counts them again.");
+NumberedRows ReadResources(const Database& database, double count) {
+    NumberedRows resources("resource", count);
+    const FigureColumns figures("Resources");
+    RecordSet rows = database.OpenRecordSet("SELECT * FROM Resources;");
+    for (; !rows.Eof(); rows.MoveNext()) {
+        EnterResource(rows, figures, resources);
     }
-    m_count = count;
-    for (const auto& [number, text] : m_texts) {
-        if (number < 1 || number > count) {
-            Refuse(Capitalised(NameOf(number)) + ": the " + m_kind +
-                   "s must be numbered from 1 to " + NumberText(count) + ". Delete it in the " +
-                   m_kind + " editor and add it again.");
-        }
-    }
-}
-
-std::string NumberedRows::NameOf(double number) const {
-    const auto text = m_texts.find(number);
-    return Named(m_kind, number, text == m_texts.end() ? "" : text->second);
+    return resources;
 }
 
 /// The rows of the matrix, each checked against tasks, resources and the rows before it.
@@ -182,12 +181,15 @@ void MatrixCheck::RequirePair(const RecordSet& row) const {
     }
     const double task = row.Number(kTask);
     const double resource = row.Number(kResource);
-    const bool known_task = m_tasks.Holds(task);
-    if (!known_task || !m_resources.Holds(resource)) {
-        const std::string kind = known_task ? "resource" : "task";
+    if (!m_tasks.Counts(task)) {
         Refuse(NameOf(task, resource) + ": the matrix has figures of them, but the model has no " +
-               (known_task ? m_resources.NameOf(resource) : m_tasks.NameOf(task)) + ". Add a " +
-               kind + " in the " + kind + " editor and delete it again, which drops them.");
+               m_tasks.NameOf(task) +
+               ". Add a task in the task editor and delete it again, which "
+               "drops them.");
+    }
+    if (!m_resources.Has(resource)) {
+        Refuse(NameOf(task, resource) + ": the matrix has figures of them, but the model has no " +
+               m_resources.NameOf(resource) + ". Add it in the resource editor.");
     }
 }
 
@@ -218,7 +220,11 @@ void MatrixCheck::RequireFigures(const RecordSet& row) const {
     }
 }
 
+/// Rows of a resource beyond the counted ones, as a deletion leaves them, are never considered.
 void MatrixCheck::Check(const RecordSet& row) {
+    if (!IsNull(row.Field(kResource)) && !m_resources.Counts(row.Number(kResource))) {
+        return;
+    }
     RequirePair(row);
     EnterPair(row.Number(kTask), row.Number(kResource));
     RequireFigures(row);
@@ -253,10 +259,8 @@ void RequireUsableModel(const Database& database) {
     if (const std::string objection = FigureColumns("Gen").ObjectionTo(gen); !objection.empty()) {
         Refuse(Capitalised(objection));
     }
-    NumberedRows tasks(database, "Tasks", "task");
-    NumberedRows resources(database, "Resources", "resource");
-    tasks.RequireCount(gen, "Tasks");
-    resources.RequireCount(gen, "Resources");
+    const NumberedRows tasks = ReadTasks(database, CountIn(gen, "Tasks"));
+    const NumberedRows resources = ReadResources(database, CountIn(gen, "Resources"));
     MatrixCheck matrix(tasks, resources);
     RecordSet rows = database.OpenRecordSet("SELECT * FROM Matrix;");
     for (; !rows.Eof(); rows.MoveNext()) {

@@ -10,11 +10,12 @@ namespace quarnel02 {
 bool HasTasksAndResources(MainForm& form);
 
 /// Checks that a solve can be made of the model, the demand distribution aside: every figure in its
-/// range, tasks and resources numbered from 1 as they are counted, every pair of task and resource
-/// only once and of a task and a resource that there are. Nothing is changed. Throws NotAModel with
-/// one line that names the first record at fault as the user sees it
+/// range, every resource and every pair of task and resource only once, no pair of a task or a
+/// resource that is missing. Nothing is changed. Throws NotAModel with one line that names the
+/// first record at fault as the user sees it
 /// ("Resource 3 (Robot): uptime is 0 %; it must be above 0 and at most 100.").
-/// Task texts may be missing altogether, and a matrix row without a time needs no tool.
+/// Task texts may be missing altogether, and a matrix row without a time needs no tool; rows of a
+/// resource beyond the number of resources do not count.
 void RequireUsableModel(const Database& database);
 
 /// The same for the rows of the demand distribution, which are counted by volume as the list shows
