@@ -27,10 +27,16 @@ constexpr DeadEnd kUnreachedStart{"There is no feasible solution.", MessageIcon:
 constexpr DeadEnd kUnlabelledWayIn{"There is no feasible solution.", MessageIcon::Critical};
 constexpr DeadEnd kBrokenChain{"There is no feasible solution!", MessageIcon::Critical};
 
+/// Least cost of reaching a node that has a label.
 std::optional<float> LabelOf(MainForm& form, std::int16_t node) {
     const RecordSet label = form.OpenWorkingCopy().OpenRecordSet(
         "SELECT PathCost FROM BestPaths WHERE ThisPath = " + NumberText(int{node}) + ";");
     return label.RecordCount() != 0 ? std::optional(label.Single(0)) : std::nullopt;
+}
+
+/// Cost of reaching a node by this way in, from a start node with this label.
+float CostFrom(std::optional<float> start, const RecordSet& ways) {
+    return ToSingle(static_cast<double>(start.value_or(0.0F)) + ways.Number(3), "PathCost");
 }
 
 /// One search: the label of the node in hand, and the labels written so far.
@@ -48,8 +54,6 @@ class PathSearch {
     void ReadWayIn(const RecordSet& ways);
     std::optional<DeadEnd> BeginNode(const RecordSet& ways);
     std::optional<DeadEnd> TryOtherWayIn(const RecordSet& ways);
-    [[nodiscard]] float CostThrough(const RecordSet& ways) const;
-    [[nodiscard]] bool HasLabel(std::int16_t node) const;
     void AppendLabel();
     void Mark(std::int16_t pathway) const;
 
@@ -93,15 +97,6 @@ void PathSearch::AppendLabel() {
     m_labels.MoveToLastModified();
 }
 
-float PathSearch::CostThrough(const RecordSet& ways) const {
-    const float start = GetPathCost(m_form, ways.Integer(2));
-    return ToSingle(static_cast<double>(start) + ways.Number(3), "PathCost");
-}
-
-bool PathSearch::HasLabel(std::int16_t node) const {
-    return LabelOf(m_form, node).has_value();
-}
-
 std::optional<DeadEnd> PathSearch::LabelNodes() {
     RecordSet ways = m_form.Model.OpenRecordSet(
         "SELECT Pathways.PathId, Arcs.TaskEnd, Arcs.TaskStart, Pathways.Cost FROM Arcs INNER JOIN "
@@ -129,19 +124,22 @@ std::optional<DeadEnd> PathSearch::BeginNode(const RecordSet& ways) {
         m_label = ways.Single(3);
         return std::nullopt;
     }
-    m_label = CostThrough(ways);
+    const auto start = LabelOf(m_form, m_taskStart);
+    m_label = CostFrom(start, ways);
     // Meant: a start node without a label ends the search, even if a later way in would do.
-    return HasLabel(m_taskStart) ? std::nullopt : std::optional(kUnreachedStart);
+    return start ? std::nullopt : std::optional(kUnreachedStart);
 }
 
 std::optional<DeadEnd> PathSearch::TryOtherWayIn(const RecordSet& ways) {
-    if (!(CostThrough(ways) < m_label)) {
+    const auto start = LabelOf(m_form, ways.Integer(2));
+    const float cost = CostFrom(start, ways);
+    if (!(cost < m_label)) {
         return std::nullopt;
     }
     ReadWayIn(ways);
-    m_label = CostThrough(ways);
+    m_label = cost;
     // Meant: a way in from node 1 ends here too, because node 1 has no label.
-    return HasLabel(m_taskStart) ? std::nullopt : std::optional(kUnlabelledWayIn);
+    return start ? std::nullopt : std::optional(kUnlabelledWayIn);
 }
 
 std::optional<DeadEnd> PathSearch::MarkChain() {

