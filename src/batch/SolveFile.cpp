@@ -1,17 +1,15 @@
 #include "batch/SolveFile.h"
 
-#include <functional>
-#include <system_error>
-
 #include "basic/Files.h"
 #include "basic/NumberFormat.h"
 #include "basic/RunTimeError.h"
+#include "batch/Interruption.h"
+#include "batch/Results.h"
 #include "fixed/LoadModel.h"
 #include "fixed/cmdContinuous.h"
-#include "model/ModelFile.h"
+#include "model/ReadModel.h"
 #include "shell/Demand.h"
 #include "shell/Reports.h"
-#include "shell/SvgWriter.h"
 #include "stoch/cmdStoch.h"
 
 namespace fs = std::filesystem;
@@ -19,15 +17,6 @@ namespace fs = std::filesystem;
 namespace quarnel02 {
 
 namespace {
-
-void RefuseToOverwriteModel(const SolveRequest& request) {
-    std::error_code ignored;
-    if (request.SaveAs && fs::equivalent(*request.SaveAs, request.Model, ignored)) {
-        throw RunTimeError(ErrorKind::FileAccess,
-                           "--save " + PathText(*request.SaveAs) +
-                               " is the model itself, which is never changed. Name another file.");
-    }
-}
 
 std::string VolumesOf(const Database& database) {
     RecordSet demand = database.OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");
@@ -71,16 +60,6 @@ void RequireDemand(BatchForm& form, const SolveRequest& request) {
                            " Say which annual demand to design for with --demand.");
 }
 
-/// Makes a directory where there is none. `option` names it in the error.
-void MakeDirectory(const char* option, const fs::path& directory) {
-    std::error_code error;
-    fs::create_directories(directory, error);
-    if (KindOfFile(directory) != FileKind::Directory) {
-        throw RunTimeError(ErrorKind::FileAccess, std::string(option) + " " + PathText(directory) +
-                                                      " cannot be made a directory. Name another.");
-    }
-}
-
 /// What a solve has printed, and the report file that it has left.
 struct Printed {
     std::string Text;
@@ -91,17 +70,6 @@ Printed SolveFixedDemand(BatchForm& form, const SolveRequest& request) {
     RequireDemand(form, request);
     cmdContinuous_Click(form, request.Shifts);
     return {"", kRunReport};
-}
-
-/// Run files by their names in the directory to keep them in; none without such a directory.
-std::function<void(const fs::path&)> RunFileKeeper(const SolveRequest& request) {
-    if (!request.KeepRunFiles) {
-        return {};
-    }
-    MakeDirectory("--keep-run-files", *request.KeepRunFiles);
-    return [&request](const fs::path& file) {
-        WriteFile(*request.KeepRunFiles / file.filename(), ReadFile(file));
-    };
 }
 
 Printed SolveStochastic(BatchForm& form, const SolveRequest& request) {
@@ -116,57 +84,25 @@ Printed SolveStochastic(BatchForm& form, const SolveRequest& request) {
     return printed;
 }
 
-void WritePicture(const fs::path& directory, const char* name, const Picture& picture) {
-    WriteFile(directory / name, ToSvg(picture));
-}
-
-void WriteResults(const BatchForm& form, const SolveRequest& request, const std::string& name,
-                  const std::string& report) {
-    if (!request.OutDirectory) {
-        return;
-    }
-    const fs::path& directory = *request.OutDirectory;
-    MakeDirectory("--out", directory);
-    WriteFile(directory / name, report);
-    if (!request.Pictures) {
-        return;
-    }
-    WritePicture(directory, "network.svg", form.picArc);
-    WritePicture(directory, "summary.svg", form.picGraph[0]);
-    WritePicture(directory, "line.svg", form.picGraph[2]);
-    if (request.Stochastic) {
-        WritePicture(directory, "demand.svg", form.picGraph[1]);
-        WritePicture(directory, "costs.svg", form.picGraph[3]);
-    }
-}
-
 }  // namespace
 
 SolveOutcome SolveFile(const SolveRequest& request) {
-    CheckModelFile(request.Model, PathText(request.Model));
-    RefuseToOverwriteModel(request);
+    RequireModelSpared(request);
     RequireStationLimit(request);
-    const TemporaryDirectory application;
+    const ScratchDirectory application;
     BatchForm form(application.Path(), request.Answers);
-    const fs::path working_copy = form.InApplicationDirectory("working.seq");
-    CopyWhole(request.Model, working_copy);
-    fs::permissions(working_copy, fs::perms::owner_read | fs::perms::owner_write);
+    ReadModel(request.Model, form.WorkingCopy(), PathText(request.Model));
 
     LoadModel(form);
     ListDemand(form);
     const Printed printed =
         request.Stochastic ? SolveStochastic(form, request) : SolveFixedDemand(form, request);
     form.CloseModel();
-    const fs::path report_file = form.InApplicationDirectory(printed.ReportFile);
-    if (!form.Messages().empty() || KindOfFile(report_file) == FileKind::Missing) {
-        return {"", form.Messages()};
+    SolveOutcome outcome = TakeOutcome(form, request, printed.ReportFile);
+    if (!outcome.Report.empty()) {
+        outcome.Report.insert(0, printed.Text);
     }
-    const std::string report = ReadFile(report_file);
-    WriteResults(form, request, printed.ReportFile, report);
-    if (request.SaveAs) {
-        CopyWhole(working_copy, *request.SaveAs);
-    }
-    return {printed.Text + report, {}};
+    return outcome;
 }
 
 }  // namespace quarnel02

@@ -23,13 +23,15 @@ struct SolveRequest {
 };
 
 struct SolveOutcome {
-    std::string Report;                 ///< empty when the line was not designed
-    std::vector<std::string> Messages;  ///< what the system said that ended the solve
+    std::string Report;                 ///< empty when no line was designed
+    std::vector<std::string> Messages;  ///< what the system said: why there is no line, or what the
+                                        ///< line in the report lacks; empty for a whole line
 };
 
 /// Designs the line of a model file for a fixed demand or for its demand distribution, on a
-/// private working copy; the model is not changed. Files asked for are written only when a line was
-/// designed. Throws RunTimeError with one line that names the file or field and the remedy.
+/// private working copy; the model is not changed, by no option. Report and pictures are written
+/// only when a line was designed, and the solved model only when nothing was said against the line.
+/// Throws RunTimeError with one line that names the file or field and the remedy.
 SolveOutcome SolveFile(const SolveRequest& request);
 
 }  // namespace quarnel02

@@ -6,7 +6,9 @@
 #include <iostream>
 #include <string>
 
+#include "basic/FailureText.h"
 #include "basic/Version.h"
+#include "batch/Interruption.h"
 #include "batch/SolveFile.h"
 
 namespace {
@@ -21,7 +23,8 @@ constexpr const char* kFooter =
     "      --out results --pictures\n"
     "\n"
     "Exit status: 0 solved; 1 error (one line on standard error); 2 the model has no\n"
-    "solution or is not complete (the system's message on standard error).";
+    "solution, is not complete, or its line leaves tasks out, in which case there is a\n"
+    "report (the system's message on standard error); 128 + N ended by signal N.";
 
 /// Options as the command line gives them.
 struct Options {
@@ -70,7 +73,8 @@ void Describe(CLI::App& app, Options& options) {
                     ->type_name("DIR");
     app.add_flag("--pictures", options.Pictures, "Leave the pictures there too, as SVG files")
         ->needs(out);
-    app.add_option("--save", options.SaveAs, "Write the solved model to this file")
+    app.add_option("--save", options.SaveAs,
+                   "Write the solved model to this file, never over MODEL")
         ->type_name("FILE");
 }
 
@@ -99,20 +103,22 @@ quarnel02::SolveRequest ToRequest(const CLI::App& app, const Options& options) {
     return request;
 }
 
+quarnel02::SolveOutcome SolveUnlessInterrupted(const quarnel02::SolveRequest& request) {
+    const quarnel02::EndOnSignals ending;
+    return quarnel02::SolveFile(request);
+}
+
 int Solve(const quarnel02::SolveRequest& request) {
-    const auto outcome = quarnel02::SolveFile(request);
-    if (outcome.Report.empty()) {
-        for (const std::string& message : outcome.Messages) {
-            std::cerr << message << '\n';
-        }
-        return kNotSolved;
-    }
+    const auto outcome = SolveUnlessInterrupted(request);
     std::cout << outcome.Report << std::flush;
+    for (const std::string& message : outcome.Messages) {
+        std::cerr << message << '\n';
+    }
     if (!std::cout) {
         std::cerr << "quarnel02-solve: the report cannot be written to standard output.\n";
         return kError;
     }
-    return 0;
+    return outcome.Report.empty() || !outcome.Messages.empty() ? kNotSolved : 0;
 }
 
 int Run(int argc, char* argv[]) {
@@ -126,7 +132,7 @@ int Run(int argc, char* argv[]) {
     try {
         return Solve(ToRequest(app, options));
     } catch (const std::exception& error) {
-        std::cerr << "quarnel02-solve: " << error.what() << '\n';
+        std::cerr << "quarnel02-solve: " << quarnel02::FailureText(error) << '\n';
         return kError;
     }
 }

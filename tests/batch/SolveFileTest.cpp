@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "batch/Results.h"
+#include "shell/Reports.h"
 #include "support/RunTimeErrors.h"
 #include "support/SolveRun.h"
 
@@ -51,6 +53,60 @@ TEST(SolveFile, NamesTheFileThatIsNoModel) {
     const auto message = test::ExpectRunTimeError(
         ErrorKind::NotAModel, [&] { SolveFile(RequestFor(PathText(run.File("notes.mdb")), "5")); });
     EXPECT_NE(message.find("notes.mdb"), std::string::npos) << message;
+}
+
+constexpr const char* kEndsEarly =
+    "This line ends after task 11: no resource can do tasks 12 to 12 within the limits.";
+
+/// A solve that has left a report.
+class Outcome : public testing::Test {
+  protected:
+    Outcome() {
+        MakeEmptyModel(Form.WorkingCopy());
+        WriteFile(Form.InApplicationDirectory(kRunReport), "Solution\n");
+        Request.OutDirectory = Run.File("out");
+        Request.SaveAs = Run.File("solved.mdb");
+    }
+
+    const SolveRun Run;
+    const TemporaryDirectory Directory;
+    BatchForm Form{Directory.Path(), {}};
+    SolveRequest Request = RequestFor("line.mdb", "5");
+};
+
+TEST_F(Outcome, OfAWholeLineIsItsReport) {
+    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport);
+    EXPECT_EQ(outcome.Report, "Solution\n");
+    EXPECT_TRUE(outcome.Messages.empty());
+    EXPECT_EQ(ReadFile(Run.File("out/RunRpt.txt")), "Solution\n");
+    EXPECT_NO_THROW(CheckModelFile(Run.File("solved.mdb"), "solved.mdb"));
+}
+
+TEST_F(Outcome, OfALineThatEndsEarlyIsItsReportAndTheMessage) {
+    Form.ShowMessage(kEndsEarly, MessageIcon::Information);
+    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport);
+    EXPECT_EQ(outcome.Report, "Solution\n");
+    EXPECT_EQ(outcome.Messages, std::vector<std::string>{kEndsEarly});
+    EXPECT_EQ(ReadFile(Run.File("out/RunRpt.txt")), "Solution\n");
+    EXPECT_FALSE(std::filesystem::exists(Run.File("solved.mdb")));
+}
+
+TEST_F(Outcome, OfNoLineIsTheMessageAlone) {
+    std::filesystem::remove(Form.InApplicationDirectory(kRunReport));
+    Form.ShowMessage("There is no feasible solution!", MessageIcon::Information);
+    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport);
+    EXPECT_EQ(outcome.Report, "");
+    EXPECT_EQ(outcome.Messages, std::vector<std::string>{"There is no feasible solution!"});
+    EXPECT_EQ(test::NamesIn(Run.File("")), std::vector<std::string>{"tmp"});
+}
+
+TEST(BatchForm, SaysAWarningAndSolvesAnyway) {
+    const TemporaryDirectory directory;
+    BatchForm form(directory.Path(), {});
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(form.SolveAnyway("The probabilities add up to 85%."));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "The probabilities add up to 85%.\n");
+    EXPECT_TRUE(form.Messages().empty());
 }
 
 TEST(BatchForm, AnswersFromTheCommandLine) {

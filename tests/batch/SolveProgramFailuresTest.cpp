@@ -116,7 +116,7 @@ TEST_F(BadFile, LacksTheRowOfGen) {
 TEST(SolveProgramErrors, NamesADemandThatIsNoPositiveNumber) {
     const SolveRun run;
     const auto model = run.Make("line.mdb", WorkedExample());
-    for (const char* demand : {"abc", "0", "-5", "12,5", "1e400"}) {
+    for (const char* demand : {"abc", "0", "-5", "12,5", "0,250", "1e400"}) {
         SCOPED_TRACE(demand);
         ExpectError(Solve(run, model, demand), {"Demand"});
     }

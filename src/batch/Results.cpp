@@ -1,0 +1,162 @@
+#include "batch/Results.h"
+
+#include <regex>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "basic/Files.h"
+#include "basic/RunTimeError.h"
+#include "model/SaveModel.h"
+#include "shell/Reports.h"
+#include "shell/SvgWriter.h"
+
+namespace fs = std::filesystem;
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr const char* kOut = "--out";
+constexpr const char* kKeep = "--keep-run-files";
+constexpr const char* kSave = "--save";
+
+using Pictures = std::vector<std::pair<const char*, const Picture*>>;
+
+Pictures PicturesOf(const BatchForm& form, bool stochastic) {
+    Pictures pictures = {{"network.svg", &form.picArc},
+                         {"summary.svg", &form.picGraph[0]},
+                         {"line.svg", &form.picGraph[2]}};
+    if (stochastic) {
+        pictures.emplace_back("demand.svg", &form.picGraph[1]);
+        pictures.emplace_back("costs.svg", &form.picGraph[3]);
+    }
+    return pictures;
+}
+
+/// Links and further names of a file are the file.
+void RequireOther(const char* option, const fs::path& file, const SolveRequest& request) {
+    std::error_code ignored;
+    if (fs::equivalent(file, request.Model, ignored)) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           std::string(option) + " would write over " + PathText(file) +
+                               ", which is the model itself; a model is never changed. Name "
+                               "another place.");
+    }
+}
+
+void RequireDirectoryOrNothing(const char* option, const fs::path& directory) {
+    const FileKind kind = KindOfFile(directory);
+    if (kind != FileKind::Directory && kind != FileKind::Missing) {
+        throw RunTimeError(ErrorKind::FileAccess, std::string(option) + " " + PathText(directory) +
+                                                      " cannot be made a directory. Name another.");
+    }
+}
+
+/// Makes a directory where there is none. `option` names it in the error.
+void MakeDirectory(const char* option, const fs::path& directory) {
+    std::error_code error;
+    fs::create_directories(directory, error);
+    RequireDirectoryOrNothing(option, directory);
+    if (KindOfFile(directory) != FileKind::Directory) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           std::string(option) + " " + PathText(directory) +
+                               " cannot be made a directory: " + error.message() + ".");
+    }
+}
+
+void SpareModelFromReports(const SolveRequest& request) {
+    if (!request.OutDirectory) {
+        return;
+    }
+    RequireDirectoryOrNothing(kOut, *request.OutDirectory);
+    RequireOther(kOut,
+                 *request.OutDirectory / (request.Stochastic ? kProductionReport : kRunReport),
+                 request);
+    for (const char* picture :
+         {"network.svg", "summary.svg", "line.svg", "demand.svg", "costs.svg"}) {
+        if (request.Pictures) {
+            RequireOther(kOut, *request.OutDirectory / picture, request);
+        }
+    }
+}
+
+void SpareModelFromRunFiles(const SolveRequest& request) {
+    static const std::regex run_file(
+        R"((Temp|Final|IT)[0-9]+|EProd|EShift|F[0-9]+T[0-9]+\.R[0-9]+)",
+        std::regex::ECMAScript | std::regex::icase);
+    if (!request.KeepRunFiles) {
+        return;
+    }
+    RequireDirectoryOrNothing(kKeep, *request.KeepRunFiles);
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(*request.KeepRunFiles, ignored)) {
+        if (std::regex_match(PathText(entry.path().filename()), run_file)) {
+            RequireOther(kKeep, entry.path(), request);
+        }
+    }
+}
+
+/// Saving also removes journals, and what killed programs have left, beside the saved file.
+void SpareModelFromSaving(const SolveRequest& request) {
+    if (!request.SaveAs) {
+        return;
+    }
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
+        RequireOther(kSave, request.SaveAs->string() + suffix, request);
+    }
+    std::error_code ignored;
+    const fs::path real = fs::canonical(request.Model, ignored);
+    if (real.filename().string().starts_with(".quarnel02-")) {
+        throw RunTimeError(ErrorKind::FileAccess, PathText(request.Model) +
+                                                      " has the name of a temporary file, which "
+                                                      "--save may remove. Rename it first.");
+    }
+}
+
+void WriteResults(const BatchForm& form, const SolveRequest& request, const std::string& name,
+                  const std::string& report) {
+    if (!request.OutDirectory) {
+        return;
+    }
+    MakeDirectory(kOut, *request.OutDirectory);
+    WriteFile(*request.OutDirectory / name, report);
+    if (request.Pictures) {
+        for (const auto& [file, picture] : PicturesOf(form, request.Stochastic)) {
+            WriteFile(*request.OutDirectory / file, ToSvg(*picture));
+        }
+    }
+}
+
+}  // namespace
+
+void RequireModelSpared(const SolveRequest& request) {
+    SpareModelFromSaving(request);
+    SpareModelFromReports(request);
+    SpareModelFromRunFiles(request);
+}
+
+std::function<void(const fs::path&)> RunFileKeeper(const SolveRequest& request) {
+    if (!request.KeepRunFiles) {
+        return {};
+    }
+    MakeDirectory(kKeep, *request.KeepRunFiles);
+    return [&request](const fs::path& file) {
+        WriteFile(*request.KeepRunFiles / file.filename(), ReadFile(file));
+    };
+}
+
+SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std::string& report) {
+    const fs::path file = form.InApplicationDirectory(report);
+    if (KindOfFile(file) == FileKind::Missing) {
+        return {"", form.Messages()};
+    }
+    SolveOutcome outcome{ReadFile(file), form.Messages()};
+    WriteResults(form, request, report, outcome.Report);
+    if (request.SaveAs && outcome.Messages.empty()) {
+        SaveModel(form.WorkingCopy(), *request.SaveAs);
+    }
+    return outcome;
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "batch/BatchForm.h"
+#include "batch/SolveFile.h"
+
+namespace quarnel02 {
+
+/// Refuses options by which the solve would write over its own model, or over a link to it, and
+/// directories that cannot be any. Throws FileAccess naming the option; nothing is touched.
+void RequireModelSpared(const SolveRequest& request);
+
+/// Keeps copies of run files in the directory that was asked for, which is made; nothing without
+/// one.
+std::function<void(const std::filesystem::path&)> RunFileKeeper(const SolveRequest& request);
+
+/// What a solve has come to, from its messages and the report file `report` in the application
+/// directory: a report with messages is one of a line that is not whole. Leaves report and pictures
+/// of any line, and the solved model of a whole one, where they were asked for. Throws FileAccess.
+SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std::string& report);
+
+}  // namespace quarnel02
