@@ -62,6 +62,12 @@ void AppendArcs(const Database& database, std::int16_t nodes, double spacing) {
     }
 }
 
+/// Whether the file has failed, and not a row: a full disk, a lock, a damaged database.
+bool IsFailureOfFile(const RunTimeError& error) {
+    return error.Kind() == ErrorKind::FileAccess || error.Kind() == ErrorKind::FileNotFound ||
+           error.Kind() == ErrorKind::DatabaseLocked || error.Kind() == ErrorKind::NotAModel;
+}
+
 void RebuildArcs(MainForm& form, std::int16_t nodes, double spacing) {
     const Database& database = form.OpenWorkingCopy();
     Transaction transaction(database);
@@ -77,9 +83,12 @@ void CreateLinks(MainForm& form) {
     const double spacing = NodeSpacing(nodes);
     try {
         RebuildArcs(form, nodes, spacing);
-    } catch (const RunTimeError&) {  // NOLINT(bugprone-empty-catch)
-        // Meant: the rebuild reports nothing. A store that cannot be used fails again, and
-        // visibly, in GeneratePathways.
+    } catch (const RunTimeError& error) {
+        // Meant: the rebuild reports nothing of its own. But a full disk would come out in
+        // GeneratePathways as missing arcs, and so as the planner's fault.
+        if (IsFailureOfFile(error)) {
+            throw;
+        }
     }
     GeneratePathways(form);
 }

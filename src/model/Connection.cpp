@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <map>
+#include <new>
 #include <utility>
 
 #include "basic/Files.h"
@@ -256,11 +257,11 @@ RunTimeError Connection::Translated(const SQLite::Exception& error, const std::s
         case SQLITE_CORRUPT:
             return {ErrorKind::NotAModel, database + " is damaged. Use a saved copy of it."};
         case SQLITE_NOMEM:
-            return {ErrorKind::DatabaseFailure, "Not enough memory for the model database " + file +
-                                                    ". Close other programs and try again."};
+            throw std::bad_alloc();
         case SQLITE_FULL:
-            return {ErrorKind::FileAccess,
-                    database + " cannot be written: the disk is full. Free some space."};
+            return {
+                ErrorKind::FileAccess,
+                database + " cannot be written. The disk is full: free some space and try again."};
         case SQLITE_READONLY:
         case SQLITE_PERM:
         case SQLITE_CANTOPEN:

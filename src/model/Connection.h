@@ -105,6 +105,7 @@ class Connection {
         }
     }
 
+    /// What SQLite reports, in our words. Throws std::bad_alloc where memory is short.
     static RunTimeError Translated(const SQLite::Exception& error, const std::string& file);
 
   private:

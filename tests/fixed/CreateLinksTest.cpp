@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "support/LoadedModel.h"
 #include "support/RunTimeErrors.h"
+#include "support/Surroundings.h"
 
 namespace quarnel02 {
 namespace {
@@ -123,6 +125,19 @@ TEST(CreateLinks, RefusesOneTaskTooManyAndChangesNothing) {
     EXPECT_NE(message.find("255"), std::string::npos) << message;
     EXPECT_EQ(model.DerivedTables(), before);
     EXPECT_TRUE(model.Form.Events.empty());
+}
+
+TEST(CreateLinks, PassesOnThatTheStoreHasFailed) {
+    LoadedModel model(test::WorkedExample());
+    const auto before = model.DerivedTables();
+    model.Form.SetText(TextBox::txtTasks, "100");
+    {
+        const test::FileSizeLimit limit(std::filesystem::file_size(model.Copy.File()));
+        const std::string message =
+            ExpectRunTimeError(ErrorKind::FileAccess, [&] { CreateLinks(model.Form); });
+        EXPECT_NE(message.find("working.seq"), std::string::npos) << message;
+    }
+    EXPECT_EQ(model.DerivedTables(), before);
 }
 
 TEST(CreateLinks, RefusesATextThatIsNoNumberAndChangesNothing) {

@@ -1,14 +1,17 @@
 #include "model/Database.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <chrono>
 #include <functional>
+#include <new>
 #include <string>
 #include <thread>
 #include <utility>
 #include <vector>
 
+#include "model/Connection.h"
 #include "model/RawStore.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
@@ -255,6 +258,20 @@ TEST_F(LockedDatabase, HoldsNoLockBetweenCalls) {
     EXPECT_EQ(read.RecordCount(), 1);
     AddDemand(database, 1, 2);
     EXPECT_NO_THROW(Other.Run("BEGIN EXCLUSIVE; DELETE FROM Demand; COMMIT"));
+}
+
+TEST(Translated, SaysThatTheDiskIsFull) {
+    const RunTimeError error =
+        Connection::Translated(SQLite::Exception("full", SQLITE_FULL), "/a/line.mdb");
+    EXPECT_EQ(error.Kind(), ErrorKind::FileAccess);
+    EXPECT_EQ(std::string(error.what()),
+              "The model database /a/line.mdb cannot be written. The disk is full: free some space "
+              "and try again.");
+}
+
+TEST(Translated, PassesOnThatMemoryIsShort) {
+    EXPECT_THROW((void)Connection::Translated(SQLite::Exception("memory", SQLITE_NOMEM), "x"),
+                 std::bad_alloc);
 }
 
 }  // namespace
