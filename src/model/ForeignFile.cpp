@@ -22,6 +22,7 @@ namespace {
 constexpr int kBusyMilliseconds = 3000;
 constexpr int kSecondsOfWork = 3;
 constexpr int kStepsBetweenLooks = 1000;
+constexpr std::int64_t kRowsBetweenLooks = 10000;
 
 constexpr std::int64_t kMostRows = std::int64_t{1} << 20;    ///< 4,095 resources by 255 tasks
 constexpr std::size_t kMostText = std::size_t{128} << 10;    ///< what a box takes, in bytes
@@ -156,8 +157,12 @@ ForeignFile::ForeignFile(const fs::path& path, std::string_view name)
         m_database.exec("BEGIN");
         m_database.execAndGet("SELECT COUNT(*) FROM sqlite_master");
     });
-    m_until = std::clock() + kSecondsOfWork * CLOCKS_PER_SEC;
+    GiveTime();
     sqlite3_progress_handler(m_database.getHandle(), kStepsBetweenLooks, IsOverdue, &m_until);
+}
+
+void ForeignFile::GiveTime() {
+    m_until = std::clock() + kSecondsOfWork * CLOCKS_PER_SEC;
 }
 
 void ForeignFile::RequireKnownFormat() {
@@ -272,6 +277,9 @@ std::int64_t ForeignFile::ReadRows(const TableSchema& table,
         std::vector<Value> values(table.Columns.size());
         std::int64_t count = 0;
         while (rows.executeStep()) {
+            if (count % kRowsBetweenLooks == 0) {
+                GiveTime();
+            }
             if (++count > kMostRows) {
                 RefuseFile(m_name, "has more than 1,048,576 rows in table " +
                                        std::string(table.Name) + ", which no model has.");

@@ -17,8 +17,8 @@
 namespace quarnel02 {
 
 /// A database opened for reading only, in one state from its opening to its end. Nothing that it
-/// defines is run: views, triggers and computed columns are not read. Work that takes more than
-/// three seconds of processor time is given up. Every call throws RunTimeError in the name of the
+/// defines is run: views, triggers and computed columns are not read. It is given up when three
+/// seconds of processor time bring nothing. Every call throws RunTimeError in the name of the
 /// file: NotAModel, DatabaseLocked or FileAccess.
 class ForeignFile {
   public:
@@ -48,6 +48,7 @@ class ForeignFile {
     [[noreturn]] void Translate(const SQLite::Exception& error) const;
     Value ReadValue(const SQLite::Column& column, const TableSchema& table, std::size_t field,
                     std::int64_t row);
+    void GiveTime();
     void CountContent(std::size_t bytes);
 
     std::filesystem::path m_path;
