@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -193,7 +194,7 @@ void ForeignFile::RequireWhole() {
     });
 }
 
-void ForeignFile::RequireTable(const TableSchema& table) {
+void ForeignFile::RequireTable(const TableSchema& table) const {
     const std::string table_name(table.Name);
     Guarded([&] {
         SQLite::Statement find(m_database,
@@ -294,7 +295,7 @@ std::int64_t ForeignFile::ReadRows(const TableSchema& table,
     });
 }
 
-std::vector<std::string> ForeignFile::ObjectsBeyondModel() {
+std::vector<std::string> ForeignFile::ObjectsBeyondModel() const {
     return Guarded([&] {
         std::vector<std::string> objects;
         SQLite::Statement find(m_database,

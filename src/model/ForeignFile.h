@@ -31,7 +31,7 @@ class ForeignFile {
     void RequireWhole();
 
     /// Throws NotAModel unless the table is a plain one and has every column, wherever they stand.
-    void RequireTable(const TableSchema& table);
+    void RequireTable(const TableSchema& table) const;
 
     /// Rows of the table in the order in which they were added, fields in our order and of our
     /// types. Throws NotAModel for a value that a field cannot hold, and for more rows or longer
@@ -40,7 +40,7 @@ class ForeignFile {
                           const std::function<void(const std::vector<Value>&)>& action);
 
     /// Tables, views and triggers that a model does not have: "table Suppliers".
-    std::vector<std::string> ObjectsBeyondModel();
+    [[nodiscard]] std::vector<std::string> ObjectsBeyondModel() const;
 
   private:
     template <class Action>

@@ -87,7 +87,9 @@ TEST_F(WriteWholeTest, KeepsOwnerAndGroup) {
     SetPermissions(Target, 02664);
     ASSERT_EQ(::chown(Target.c_str(), 1234, 4321), 0);
     SetPermissions(Target, 02664);
+    const auto before = StatusOf(Target);
     WriteWhole(Target, "new");
+    EXPECT_NE(StatusOf(Target).st_ino, before.st_ino);
     EXPECT_EQ(StatusOf(Target).st_uid, 1234U);
     EXPECT_EQ(StatusOf(Target).st_gid, 4321U);
     EXPECT_EQ(PermissionsOf(Target), 02664U);
