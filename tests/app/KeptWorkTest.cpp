@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/InputWatch.h"
 #include "app/KeptName.h"
 #include "app/SessionState.h"
 #include "model/ModelFile.h"
@@ -125,6 +126,29 @@ TEST_F(Keeping, SetsAsideAModelAsAModelAndAnythingElseAsItIs) {
     EXPECT_EQ(kept.extension(), ".mdb");
     EXPECT_FALSE(fs::exists(Model.File()));
     EXPECT_EQ(Work.List().size(), 1U);
+}
+
+/// File systems tell times apart only so finely.
+TEST_F(Keeping, SeesTwoWritesWithinOneTickOfTheFileSystem) {
+    InputWatch watch(Model.File());
+    SetDays(200);
+    const auto time = fs::last_write_time(Model.File());
+    const auto first = watch.Digest();
+    SetDays(201);
+    fs::last_write_time(Model.File(), time);
+    EXPECT_NE(watch.Digest(), first);
+}
+
+TEST_F(Keeping, DoesNotReadAModelAgainThatNobodyWrote) {
+    InputWatch watch(Model.File());
+    const auto time = fs::last_write_time(Model.File()) - 1h;
+    fs::last_write_time(Model.File(), time);
+    const auto first = watch.Digest();
+    SetDays(201);
+    fs::last_write_time(Model.File(), time);  // as if it had never been written
+    EXPECT_EQ(watch.Digest(), first);
+    fs::last_write_time(Model.File(), time + 1s);
+    EXPECT_NE(watch.Digest(), first);
 }
 
 TEST(KeptNames, HoldProductsOfEveryKind) {

@@ -10,7 +10,9 @@
 #include <utility>
 #include <vector>
 
+#include "app/IncomingModel.h"
 #include "app/Parameters.h"
+#include "basic/RunTimeError.h"
 #include "support/CommandDesk.h"
 
 namespace quarnel02 {
@@ -122,6 +124,18 @@ TEST_F(HasUnsavedWork, IsFalseForAModelJustOpened) {
     UserModel("pump.mdb", kPump);
     Open("pump.mdb");
     EXPECT_FALSE(Commands().HasUnsavedWork());
+}
+
+/// A failed New forgets the file, but what is on screen is still the model it had.
+TEST_F(HasUnsavedWork, IsTrueForAModelThatAFailedNewLeftWithoutItsFile) {
+    UserModel("pump.mdb", kPump);
+    Open("pump.mdb");
+    fs::remove(Application.File("blank.seq"));
+    Commands().New();
+    EXPECT_TRUE(Form().Events.back().starts_with("message[critical]: Error creating working file"));
+    EXPECT_EQ(Form().CurrentFile, "");
+    EXPECT_EQ(Task(), "Insert shaft");
+    EXPECT_TRUE(Commands().HasUnsavedWork());
 }
 
 TEST_F(HasUnsavedWork, SaysYesWhenItCannotTell) {
@@ -250,6 +264,38 @@ TEST_F(Leaving, OpenStaysWhenThePlannerDoesNotGiveWorkUp) {
     EXPECT_EQ(Task(), "Insert shaft");
 }
 
+/// A form whose boxes cannot be filled, once.
+class StubbornForm : public ScriptedForm {
+  public:
+    using ScriptedForm::ScriptedForm;
+    bool Refuse = false;
+
+    void SetText(TextBox box, const std::string& text) override {
+        if (std::exchange(Refuse, false)) {
+            throw RunTimeError(ErrorKind::DatabaseFailure, "The disk is full.");
+        }
+        ScriptedForm::SetText(box, text);
+    }
+};
+
+TEST_F(Leaving, AnIncomingModelThatCannotBeShownGivesItsPlaceBack) {
+    EnterTask("Mine");
+    Kill();
+    StubbornForm form(Application.Directory());
+    form.Refuse = true;
+    {
+        IncomingModel incoming(form);
+        CopyWhole(Application.File("blank.seq"), incoming.Path());
+        EXPECT_THROW(incoming.TakePlace(), RunTimeError);
+    }
+    EXPECT_FALSE(form.Refuse);
+    EXPECT_EQ(form.Text(TextBox::txtDays), "250");
+    form.CloseModel();
+    EXPECT_EQ(Task(), "Mine");
+    EXPECT_FALSE(fs::exists(Application.File("working.old")));
+    EXPECT_FALSE(fs::exists(Application.File("Incoming")));
+}
+
 TEST_F(Restart, OffersTheWorkOfAKilledProgram) {
     EnterTask("Insert shaft");
     Start({true});
@@ -373,7 +419,9 @@ TEST_F(Restart, FindsAWorkingCopyThatWasBeingReplaced) {
 TEST_F(Restart, ReplacesADamagedTemplate) {
     Kill();
     WriteFile(Application.File("blank.seq"), "");
+    fs::remove(Application.File("session.state"));
     Start();
+    EXPECT_EQ(Kept().size(), 0U) << "the working copy is still the template";
     EXPECT_EQ(Form().Text(TextBox::txtDays), "250");
     CheckModelFile(Application.File("blank.seq"), "blank.seq");
 }
