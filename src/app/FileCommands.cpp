@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "app/FailureText.h"
 #include "app/ModelPath.h"
 #include "app/Template.h"
+#include "basic/FailureText.h"
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "model/InputDigest.h"
@@ -144,7 +144,7 @@ bool FileCommands::Leave() {
 void FileCommands::LoadTemplate() {
     RepairTemplate(Template());
     IncomingModel incoming(m_form);
-    CopyWhole(Template(), incoming.Path());
+    CopyPrivate(Template(), incoming.Path());
     incoming.TakePlace();
     m_form.Changed = false;
     NoteBaseline(DigestOf(m_form.WorkingCopy()));

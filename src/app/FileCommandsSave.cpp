@@ -1,9 +1,9 @@
 // Save and Save As of the File menu.
 #include <exception>
 
-#include "app/FailureText.h"
 #include "app/FileCommands.h"
 #include "app/ModelPath.h"
+#include "basic/FailureText.h"
 #include "basic/Files.h"
 #include "model/InputDigest.h"
 #include "model/SaveModel.h"

@@ -4,7 +4,6 @@
 #include <exception>
 #include <system_error>
 
-#include "app/FailureText.h"
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "fixed/LoadModel.h"
@@ -131,8 +130,6 @@ void IncomingModel::Try(const std::string& name) const {
 void IncomingModel::TakePlace() {
     const fs::path place = m_form.WorkingCopy();
     const fs::path old = m_form.InApplicationDirectory(kOldWorkingCopy);
-    std::error_code ignored;
-    fs::permissions(Path(), fs::perms::owner_read | fs::perms::owner_write, ignored);
     m_form.CloseModel();
     const bool had_old = IsThere(place);
     if (had_old) {

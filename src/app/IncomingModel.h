@@ -9,7 +9,7 @@ namespace quarnel02 {
 
 /// A model on its way to become the working copy. It is made in a directory of its own beside the
 /// working copy, tried there, and only then takes the working copy's place. The directory goes with
-/// the object. The files can be read by their owner only.
+/// the object; only its owner can enter it.
 class IncomingModel {
   public:
     /// Throws FileAccess when the directory cannot be made.
@@ -20,7 +20,7 @@ class IncomingModel {
     IncomingModel(IncomingModel&&) = delete;
     IncomingModel& operator=(IncomingModel&&) = delete;
 
-    /// Where the model is to be made.
+    /// Where the model is to be made, as a file that only its owner can read.
     [[nodiscard]] std::filesystem::path Path() const;
 
     /// Loads the model into a form that nobody sees. Throws what loading throws, in the name of

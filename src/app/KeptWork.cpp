@@ -12,6 +12,7 @@
 #include "basic/RunTimeError.h"
 #include "model/Database.h"
 #include "model/InputDigest.h"
+#include "model/ModelFile.h"
 #include "model/SaveModel.h"
 
 namespace fs = std::filesystem;
@@ -107,6 +108,7 @@ std::string ProductOf(const Database& model) {
 /// None for a file that cannot be read as a model.
 std::optional<std::string> ProductOfFile(const fs::path& file) {
     try {
+        CheckModelFile(file, PathText(file));
         return ProductOf(Database::Open(file));
     } catch (const RunTimeError&) {
         return std::nullopt;
@@ -170,8 +172,7 @@ fs::path KeptWork::Keep(const fs::path& workingCopy, Clock::time_point now) cons
         product = ProductOf(work);
     }
     fs::path place = FreePlace(m_directory, product, kModel, now);
-    SaveModel(workingCopy, place);
-    MakePrivate(place);
+    KeepModel(workingCopy, place);
     RemoveOldest(m_directory, place);
     return place;
 }

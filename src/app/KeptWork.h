@@ -24,7 +24,7 @@ class KeptWork {
     explicit KeptWork(std::filesystem::path directory);
 
     /// Keeps the model of the working copy, unless the newest kept model has the same inputs.
-    /// Gives the file that holds the work. Throws what SaveModel and the store report.
+    /// Gives the file that holds the work. Throws what KeepModel and the store report.
     std::filesystem::path Keep(const std::filesystem::path& workingCopy,
                                Clock::time_point now = Clock::now()) const;
 

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "basic/Files.h"
-#include "basic/RunTimeError.h"
 
 namespace fs = std::filesystem;
 
@@ -71,15 +70,7 @@ void WriteSessionState(const fs::path& file, const SessionState& state) {
     }
     text << "\norderly " << state.Orderly << "\noffer " << state.OfferKept << "\n";
 
-    fs::path neighbour = file;
-    neighbour += ".new";
-    WriteFile(neighbour, text.str());
-    std::error_code failure;
-    fs::rename(neighbour, file, failure);
-    if (failure) {
-        throw RunTimeError(ErrorKind::FileAccess,
-                           "Cannot replace " + PathText(file) + ": " + failure.message() + ".");
-    }
+    WritePrivate(file, text.str());
 }
 
 }  // namespace quarnel02

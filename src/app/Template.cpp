@@ -2,10 +2,10 @@
 
 #include <system_error>
 
-#include "app/EmbeddedSchema.h"
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "model/ModelFile.h"
+#include "model/SchemaScript.h"
 
 namespace fs = std::filesystem;
 
@@ -14,7 +14,7 @@ namespace quarnel02 {
 void MakeTemplate(const fs::path& file) {
     fs::path neighbour = file;
     neighbour += ".new";
-    MakeModelFile(neighbour, kEmbeddedSchema);
+    MakeModelFile(neighbour, SchemaScript());
     std::error_code failure;
     fs::rename(neighbour, file, failure);
     if (failure) {

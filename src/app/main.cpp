@@ -7,11 +7,11 @@
 #include <string_view>
 
 #include "app/ApplicationDirectory.h"
-#include "app/FailureText.h"
 #include "app/ProgramLock.h"
 #include "app/QtPaths.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
+#include "basic/FailureText.h"
 #include "basic/Version.h"
 #include "editors/Dialogs.h"
 

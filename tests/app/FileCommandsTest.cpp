@@ -103,7 +103,7 @@ TEST(AskToSave, SavesAfterYes) {
     desk.Form.YesNoAnswers = {true};
     desk.Commands.AskToSave();
     EXPECT_EQ(desk.Form.Events, Lines{kAsked + std::string("yes")});
-    EXPECT_EQ(ReadFile(desk.UserFile("line.mdb")), ReadFile(desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(desk.UserFile("line.mdb")), desk.WorkingInputs());
     EXPECT_FALSE(desk.Form.Changed);
 }
 
@@ -142,12 +142,12 @@ TEST(New, GoesOnWithoutSavingAfterNo) {
 
 TEST(New, SavesFirstAfterYes) {
     CommandDesk desk(kTwoVolumes);
-    const std::string before = ReadFile(desk.Application.File());
+    const auto before = desk.WorkingInputs();
     desk.UseFile("line.mdb");
     desk.Form.Changed = true;
     desk.Form.YesNoAnswers = {true};
     desk.Commands.New();
-    EXPECT_EQ(ReadFile(desk.UserFile("line.mdb")), before);
+    EXPECT_EQ(CommandDesk::InputsOf(desk.UserFile("line.mdb")), before);
     EXPECT_EQ(desk.WorkingDays(), "250");
 }
 
@@ -361,7 +361,7 @@ TEST_P(BrokenRecentList, NeverStopsACommand) {
     desk.Commands.Save();
     EXPECT_FALSE(desk.Form.Changed);
     EXPECT_EQ(desk.Form.Events.back(), message);
-    EXPECT_EQ(ReadFile(path), ReadFile(desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(path), desk.WorkingInputs());
 }
 
 INSTANTIATE_TEST_SUITE_P(Open, BrokenRecentList, ::testing::Values("a directory", "a pipe"));

@@ -1,11 +1,8 @@
-// Names that no file can have, and what failures say.
+// Names that no file can have.
 #include <gtest/gtest.h>
 
-#include <new>
-#include <stdexcept>
 #include <string>
 
-#include "app/FailureText.h"
 #include "app/FileDialog.h"
 #include "basic/Files.h"
 
@@ -45,12 +42,6 @@ TEST_F(FileName, IsMoreThanPointsAndBlanks) {
     for (const char* name : {".mdb", "..mdb", "...mdb", " .mdb", " . .mdb"}) {
         EXPECT_NE(Objection(name).find("points and blanks"), std::string::npos) << name;
     }
-}
-
-TEST(FailureText, SaysALackOfMemoryInWords) {
-    EXPECT_EQ(FailureText(std::bad_alloc()),
-              "There is not enough memory. Close other programs and try again.");
-    EXPECT_EQ(FailureText(std::runtime_error("The disk is full.")), "The disk is full.");
 }
 
 }  // namespace

@@ -285,7 +285,7 @@ TEST_F(Leaving, AnIncomingModelThatCannotBeShownGivesItsPlaceBack) {
     form.Refuse = true;
     {
         IncomingModel incoming(form);
-        CopyWhole(Application.File("blank.seq"), incoming.Path());
+        CopyPrivate(Application.File("blank.seq"), incoming.Path());
         EXPECT_THROW(incoming.TakePlace(), RunTimeError);
     }
     EXPECT_FALSE(form.Refuse);

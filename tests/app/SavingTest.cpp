@@ -8,6 +8,7 @@
 
 #include "app/FileCommands.h"
 #include "app/Parameters.h"
+#include "model/SaveModel.h"
 #include "support/CommandDesk.h"
 
 namespace quarnel02 {
@@ -51,7 +52,7 @@ TEST_F(Save, CopiesTheWorkingCopyWithoutReloading) {
     Desk.UseFile("Förder band.mdb");
     Desk.Commands.Save();
     EXPECT_EQ(Desk.Form.Events, Lines{});
-    EXPECT_EQ(ReadFile(Desk.UserFile("Förder band.mdb")), ReadFile(Desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("Förder band.mdb")), Desk.WorkingInputs());
     EXPECT_EQ(Desk.RecentText(), PathText(Desk.UserFile("Förder band.mdb")) + "\n");
     EXPECT_FALSE(Desk.Form.Changed);
 }
@@ -82,7 +83,7 @@ TEST_F(Save, KeepsThePermissionsOfTheFile) {
     Desk.UseFile("line.mdb");
     Desk.Commands.Save();
     EXPECT_EQ(fs::status(path).permissions(), rights);
-    EXPECT_EQ(ReadFile(path), ReadFile(Desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(path), Desk.WorkingInputs());
 }
 
 TEST_F(Save, FailsWithoutAWorkingCopyAndLeavesTheOldFileWhole) {
@@ -139,7 +140,7 @@ TEST_F(Save, WritesWithoutAskingAfterACancelledProposal) {
     Desk.Commands.Save();
     EXPECT_EQ(Desk.Form.Events, Lines{});
     EXPECT_FALSE(fs::exists(Desk.Application.File("Pump")));
-    EXPECT_EQ(ReadFile(Desk.Application.File("Pump.mdb")), ReadFile(Desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(Desk.Application.File("Pump.mdb")), Desk.WorkingInputs());
     EXPECT_EQ(Desk.RecentText(), PathText(Desk.Application.File("Pump.mdb")) + "\n");
 }
 
@@ -156,14 +157,55 @@ TEST_F(Save, AsksBeforeAProposalReplacesAFile) {
     EXPECT_TRUE(Desk.Form.Changed);
     EXPECT_EQ(ReadFile(Desk.Application.File("Pump.mdb")), "another pump");
     Desk.Commands.Save();
-    EXPECT_EQ(ReadFile(Desk.Application.File("Pump.mdb")), ReadFile(Desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(Desk.Application.File("Pump.mdb")), Desk.WorkingInputs());
+}
+
+/// Saving over a database that somebody uses for more than a model.
+struct SavingOverMore : Saving {
+    SavingOverMore() : Path(Desk.MakeUserModel("line.mdb", "CREATE TABLE Suppliers (Name TEXT);")) {
+        Desk.UseFile("line.mdb");
+    }
+    [[nodiscard]] std::string Asked() const {
+        return "ask[question]: " + Path +
+               " holds more than a model: table Suppliers. Saving removes it. Replace the file? "
+               "-> ";
+    }
+    std::string Path;
+};
+
+TEST_F(SavingOverMore, ReplacesNothingAfterNo) {
+    const std::string content = ReadFile(Path);
+    Desk.Form.YesNoAnswers = {false};
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Form.Events, Lines{Asked() + "no"});
+    EXPECT_EQ(Desk.Form.ProposedAnswers, std::vector{Answer::No});
+    EXPECT_EQ(ReadFile(Path), content);
+    EXPECT_TRUE(Desk.Form.Changed);
+}
+
+TEST_F(SavingOverMore, EndsTheCommandThatAskedToSaveAfterNo) {
+    Desk.Form.YesNoAnswers = {true, false};
+    Desk.Commands.New();
+    ASSERT_EQ(Desk.Form.Events.size(), 2U);
+    EXPECT_EQ(Desk.Form.Events[1], Asked() + "no");
+    EXPECT_EQ(Desk.WorkingDays(), "240");
+    EXPECT_EQ(Desk.Form.CurrentFile, "line.mdb");
+}
+
+TEST_F(SavingOverMore, ReplacesTheFileAfterYes) {
+    Desk.Form.YesNoAnswers = {true};
+    Desk.Commands.Save();
+    EXPECT_FALSE(Desk.Form.Changed);
+    EXPECT_TRUE(ForeignObjects(Path).empty());
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Form.Events.size(), 1U) << "asked although nothing would be lost";
 }
 
 TEST_F(Save, WritesAFileWithoutExtensionBackUnderItsName) {
     Desk.MakeUserModel("pump");
     Desk.UseFile("pump");
     Desk.Commands.Save();
-    EXPECT_EQ(ReadFile(Desk.UserFile("pump")), ReadFile(Desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("pump")), Desk.WorkingInputs());
     EXPECT_FALSE(fs::exists(Desk.UserFile("pump.mdb")));
 }
 
@@ -184,12 +226,12 @@ TEST_F(Save, AsksAgainWhileThereIsNoName) {
 }
 
 TEST_F(SaveAs, SavesReloadsAndLeavesTheTitle) {
-    const std::string before = ReadFile(Desk.Application.File());
+    const auto before = Desk.WorkingInputs();
     Desk.Dialog.Answers = {{Desk.UserDirectory(), "line.mdb"}};
     Desk.Commands.SaveAs();
     EXPECT_EQ(Desk.Form.Events,
               (Lines{Proposed(), "busy", "idle", "sum:  rgb(0,0,0)", "sum: 90% rgb(255,0,0)"}));
-    EXPECT_EQ(ReadFile(Desk.UserFile("line.mdb")), before);
+    EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("line.mdb")), before);
     EXPECT_EQ(Desk.Form.CurrentDir, Desk.UserDirectory());
     EXPECT_EQ(Desk.Form.CurrentFile, "line.mdb");
     EXPECT_EQ(Desk.RecentText(), PathText(Desk.UserFile("line.mdb")) + "\n");
@@ -233,7 +275,7 @@ TEST_F(SaveAs, IsOpenedAgainAsItWasSaved) {
     EXPECT_EQ(Desk.Form.Text(TextBox::txtProduct), "Pump");
     EXPECT_EQ(Desk.Form.DemandLine(0), "5,000:  90%");
     Desk.Commands.Save();
-    EXPECT_EQ(ReadFile(Desk.UserFile("line.mdb")), ReadFile(Desk.Application.File()));
+    EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("line.mdb")), Desk.WorkingInputs());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <filesystem>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "app/FileCommands.h"
 #include "app/ModelPath.h"
+#include "model/InputDigest.h"
 #include "model/ModelFile.h"
 #include "support/ScriptedForm.h"
 #include "support/TestModel.h"
@@ -85,6 +87,12 @@ struct CommandDesk {
 
     [[nodiscard]] std::string WorkingDays() const {
         return Application.RowsOf("SELECT Days FROM Gen;", 1).at(0);
+    }
+
+    /// What stands for the inputs of the working copy, or of a model file.
+    [[nodiscard]] std::uint64_t WorkingInputs() const { return InputDigest(Application.Open()); }
+    [[nodiscard]] static std::uint64_t InputsOf(const std::filesystem::path& model) {
+        return InputDigest(Database::Open(model));
     }
 
     TestModel Application;
