@@ -42,7 +42,8 @@ int TakeNumber(std::string_view& stem) {
 
 bool IsRefusedSomewhere(char c) {
     const auto code = static_cast<unsigned char>(c);
-    return code < 0x20 || code == 0x7F || std::string_view("/\\:*?\"<>|").find(c) < 9;
+    return code < 0x20 || code == 0x7F ||
+           std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos;
 }
 
 /// Cuts a text of UTF-8 after a whole character.
