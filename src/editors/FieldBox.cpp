@@ -84,7 +84,6 @@ void FieldBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     m_entering = false;
     if (!StaysTheFocus(event->reason())) {
-        deselect();
         emit Left();
     }
 }

@@ -9,16 +9,26 @@ namespace quarnel02 {
 
 NumberedRecords::NumberedRecords(MainForm& form, NumberedTable table)
     : m_form(form), m_table(std::move(table)), m_database(form.OpenWorkingCopy()), m_network(form) {
-    OpenRows();
     GoTo(1);
 }
 
-void NumberedRecords::OpenRows() {
-    m_records = m_database.OpenRecordSet("SELECT * FROM " + m_table.Name + ";");
+/// The rows, on the current one. Opening them can fail again and again: until it succeeds
+/// nothing can be written to a wrong row.
+RecordSet& NumberedRecords::Rows() {
+    if (m_mustOpen) {
+        m_records = m_database.OpenRecordSet("SELECT * FROM " + m_table.Name + ";");
+        MoveToPlace();
+        m_mustOpen = false;
+    }
+    return m_records;
 }
 
 void NumberedRecords::GoTo(int place) {
     m_place = std::min(place, Count());
+    MoveToPlace();
+}
+
+void NumberedRecords::MoveToPlace() {
     if (m_place > 0) {
         m_records.MoveFirst();
         m_records.Move(m_place - 1);
@@ -26,7 +36,7 @@ void NumberedRecords::GoTo(int place) {
 }
 
 void NumberedRecords::Next() {
-    m_records.MoveNext();
+    Rows().MoveNext();
     if (m_records.Eof()) {
         m_records.MovePrevious();
     } else {
@@ -35,7 +45,7 @@ void NumberedRecords::Next() {
 }
 
 void NumberedRecords::Previous() {
-    m_records.MovePrevious();
+    Rows().MovePrevious();
     if (m_records.Bof()) {
         m_records.MoveNext();
     } else {
@@ -57,13 +67,13 @@ void NumberedRecords::WriteDefaults(int number) {
 }
 
 void NumberedRecords::AddNew() {
-    m_records.AddNew();
+    Rows().AddNew();
     WriteDefaults(Count() + 1);
     m_place = Count();
 }
 
 void NumberedRecords::Save(const std::vector<FieldValue>& values) {
-    m_records.Edit();
+    Rows().Edit();
     Write(values);
 }
 
@@ -92,8 +102,7 @@ void NumberedRecords::Delete(const Afterwards& afterwards) {
         }
         transaction.Commit();
     } catch (...) {
-        OpenRows();
-        GoTo(place);
+        m_mustOpen = true;
         throw;
     }
     GoTo(place);

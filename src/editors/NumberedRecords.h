@@ -34,11 +34,11 @@ class NumberedRecords {
     NumberedRecords(MainForm& form, NumberedTable table);
 
     [[nodiscard]] const std::string& TableName() const { return m_table.Name; }
-    [[nodiscard]] int Count() const { return m_records.RecordCount(); }
+    [[nodiscard]] int Count() { return Rows().RecordCount(); }
     /// Place of the current row, from 1; 0 when the table is empty.
     [[nodiscard]] int Place() const { return m_place; }
     /// The current row's field as text, by position from 0; "" when it is empty.
-    [[nodiscard]] std::string Text(int position) const { return m_records.Text(position); }
+    [[nodiscard]] std::string Text(int position) { return Rows().Text(position); }
 
     /// Moves; the last and the first row stay where they are.
     void Next();
@@ -60,8 +60,9 @@ class NumberedRecords {
     [[nodiscard]] bool Changed() const { return m_network.Changed(); }
 
   private:
-    void OpenRows();
+    RecordSet& Rows();
     void GoTo(int place);
+    void MoveToPlace();
     void Write(const std::vector<FieldValue>& values);
     void WriteDefaults(int number);
     void Renumber();
@@ -73,6 +74,7 @@ class NumberedRecords {
     RecordSet m_records;
     NetworkUpkeep m_network;
     int m_place = 0;
+    bool m_mustOpen = true;  ///< the rows are not, or no longer, those of the store
 };
 
 }  // namespace quarnel02

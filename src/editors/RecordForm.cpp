@@ -60,7 +60,7 @@ void RecordForm::ShowSaveButton(bool unsaved) {
 
 void RecordForm::ShowState() {
     const bool any = m_records.Count() > 0;
-    const bool unsaved = any && IsUnsaved();
+    const bool unsaved = IsUnsaved();
     ShowSaveButton(unsaved);
     if (!any) {
         m_info->setText(QStringLiteral("There is no %1 yet. Press Add New.").arg(m_noun));

@@ -146,9 +146,9 @@ TEST_F(ClosedEditor, IsFinishedOnce) {
 class LockedStore : public ClosedEditor {
   protected:
     /// Runs the step while another program holds the working copy, and expects the message.
-    void WhileLocked(const Steps& step) {
+    void WhileLocked(const Steps& step, const std::string& lock = "IMMEDIATE") {
         test::RawStore other(Copy->File());
-        other.Run("BEGIN IMMEDIATE");
+        other.Run("BEGIN " + lock);
         Dialogs.Press(QMessageBox::Ok);
         step();
         EXPECT_TRUE(Dialogs.AllGiven());
@@ -188,19 +188,18 @@ TEST_F(LockedStore, KeepsTheMatrixOpenUntilTheNetworkIsRebuilt) {
 TEST_F(LockedStore, DropsNothingThatWasTyped) {
     StartMarked();
     EditResources([&] {
+        Press("cmdRes_1");
         Put("txtDescription", "Typed");
-        WhileLocked([&] { Press("cmdSave"); });
-        EXPECT_EQ(Shown("txtDescription"), "Typed");
-        WhileLocked([&] { Press("cmdAddNew"); });
-        EXPECT_EQ(Shown("txtDescription"), "Typed");
-        WhileLocked([&] { Press("cmdDelete"); });
-        EXPECT_EQ(Shown("txtDescription"), "Typed");
-        EXPECT_EQ(Command("cmdSave").text(), "&Save *");
+        for (const char* button : {"cmdSave", "cmdAddNew", "cmdDelete"}) {
+            WhileLocked([&] { Press(button); }, "EXCLUSIVE");
+            EXPECT_EQ(Shown("txtDescription"), "Typed") << button;
+            EXPECT_EQ(Command("cmdSave").text(), "&Save *") << button;
+        }
         Press("cmdSave");
         Press("cmdOK");
     });
     EXPECT_THAT(Resources(),
-                ElementsAre("1|Ben|Typed|0|0|0|100|1|1|1", "2|Prs|Press|1|0|0|100|1|1|1"));
+                ElementsAre("1|Ben|Bench|0|0|0|100|1|1|1", "2|Prs|Typed|1|0|0|100|1|1|1"));
 }
 
 TEST_F(LockedStore, KeepsTheCellEditorOpenWithItsTexts) {
