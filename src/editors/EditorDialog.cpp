@@ -21,6 +21,7 @@ bool MayPass(ErrorKind kind) {
 }  // namespace
 
 EditorDialog::EditorDialog(QWidget* parent) : QDialog(parent) {
+    WatchKeys();
     setModal(true);
 }
 
@@ -56,7 +57,7 @@ void EditorDialog::done(int result) {
 }
 
 void EditorDialog::keyPressEvent(QKeyEvent* event) {
-    if (event->isAutoRepeat() && (IsEnter(*event) || event->key() == Qt::Key_Escape)) {
+    if (IsRepeated(*event) && (IsEnter(*event) || event->key() == Qt::Key_Escape)) {
         return;
     }
     if (!IsEnter(*event)) {

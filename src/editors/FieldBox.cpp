@@ -66,6 +66,7 @@ class OneLineValidator : public QValidator {
 }  // namespace
 
 FieldBox::FieldBox(QWidget* parent) : QLineEdit(parent) {
+    WatchKeys();
     setValidator(new OneLineValidator(*this));
     // Cleaning a text makes it a new, unmodified one.
     connect(this, &QLineEdit::textEdited, this, [this] { setModified(true); });
@@ -93,7 +94,7 @@ void FieldBox::keyPressEvent(QKeyEvent* event) {
         QLineEdit::keyPressEvent(event);
         return;
     }
-    if (!event->isAutoRepeat()) {
+    if (!IsRepeated(*event)) {
         QLineEdit::keyPressEvent(event);
         emit Entered();
     }

@@ -8,6 +8,8 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "editors/HeldKeys.h"
+
 namespace quarnel02 {
 
 namespace {
@@ -140,12 +142,12 @@ void MatrixGrid::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (cell.isValid() && !event->isAutoRepeat()) {
+            if (cell.isValid() && !IsRepeated(*event)) {
                 emit Opened(cell);
             }
             break;
         case Qt::Key_Space:
-            if (cell.isValid() && !event->isAutoRepeat()) {
+            if (cell.isValid() && !IsRepeated(*event)) {
                 emit Toggled(cell);
             }
             break;

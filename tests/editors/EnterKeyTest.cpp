@@ -77,6 +77,29 @@ TEST_F(EnterKey, HeldDownMovesOnByOneBox) {
     });
 }
 
+TEST_F(EnterKey, HeldDownCountsOnceWhereThePlatformDoesNotMarkItsRepeats) {
+    Start(kTwoByTwo);
+    EditTasks([&] {
+        Part<QLineEdit>("txtTask").setFocus();
+        const auto send = [&](QEvent::Type type, quint64 moment) {
+            QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
+            event.setTimestamp(moment);
+            QCoreApplication::sendEvent(Form->focusWidget(), &event);
+        };
+        send(QEvent::KeyPress, 1000);
+        EXPECT_EQ(Focus(), "txtDescription");
+        for (const quint64 moment : {1660U, 1700U, 1740U}) {
+            send(QEvent::KeyRelease, moment);
+            send(QEvent::KeyPress, moment);
+            EXPECT_EQ(Focus(), "txtDescription");
+        }
+        send(QEvent::KeyRelease, 1750);
+        send(QEvent::KeyPress, 1900);
+        EXPECT_EQ(Focus(), "cmdSave");
+        Press("cmdOK");
+    });
+}
+
 TEST_F(EnterKey, PressesEveryFocusedButton) {
     Start(kTwoByTwo);
     EditTasks([&] {
