@@ -1,14 +1,17 @@
 #include "app/DemandCommands.h"
 
+#include <cctype>
+
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "shell/Demand.h"
+#include "shell/Figures.h"
 
 namespace quarnel02 {
 
 namespace {
 
-/// A row of Demand as it is found: by both its numbers.
+/// A row of Demand as it is entered.
 struct DemandRow {
     float Volume;
     float Prob;
@@ -19,35 +22,25 @@ std::string WithoutPercentSign(const std::string& text) {
     return text.substr(0, text.empty() ? 0 : text.size() - 1);
 }
 
-DemandRow RowInBoxes(const MainForm& form) {
-    return {TextToSingle(form.Text(TextBox::txtVolume), "Volume"),
-            TextToSingle(WithoutPercentSign(form.Text(TextBox::txtProb)), "Probability")};
+/// The number of a box, if it can be.
+float Checked(float value, const char* field) {
+    std::string objection = Objection(*FindFigure("Demand", field), DecimalOfSingle(value));
+    if (objection.empty()) {
+        return value;
+    }
+    objection.front() =
+        static_cast<char>(std::toupper(static_cast<unsigned char>(objection.front())));
+    throw RunTimeError(ErrorKind::Overflow, objection);
 }
 
-DemandRow RowInLine(const std::string& line) {
-    const std::string between = ":  ";
-    const auto colon = line.find(between);
-    return {TextToSingle(line.substr(0, colon), "Volume of the selected line"),
-            TextToSingle(WithoutPercentSign(line.substr(colon + between.size())),
-                         "Probability of the selected line")};
+DemandRow RowInBoxes(const MainForm& form) {
+    return {Checked(TextToSingle(form.Text(TextBox::txtVolume), "Volume"), "Volume"),
+            Checked(TextToSingle(WithoutPercentSign(form.Text(TextBox::txtProb)), "Probability"),
+                    "Prob")};
 }
 
 bool BothBoxesFilled(const MainForm& form) {
     return !form.Text(TextBox::txtVolume).empty() && !form.Text(TextBox::txtProb).empty();
-}
-
-RecordSet RowsLike(MainForm& form, const DemandRow& row) {
-    RecordSet demand = form.OpenWorkingCopy().OpenRecordSet(
-        "SELECT * FROM Demand WHERE Volume = " + NumberText(row.Volume) +
-        " AND Prob = " + NumberText(row.Prob) + ";");
-    if (demand.Eof()) {
-        throw RunTimeError(ErrorKind::NoCurrentRecord,
-                           "No demand row has volume " + NumberText(row.Volume) +
-                               " and probability " + NumberText(row.Prob) +
-                               "%. Put the row's exact numbers into the boxes, delete it and "
-                               "add it again.");
-    }
-    return demand;
 }
 
 void Write(RecordSet& demand, const DemandRow& row) {
@@ -67,8 +60,8 @@ void ShowChanged(MainForm& form) {
     form.Changed = true;
 }
 
-void DeleteRowInBoxes(MainForm& form) {
-    RowsLike(form, RowInBoxes(form)).Delete();
+void DeleteSelectedRow(MainForm& form) {
+    DemandRowOfLine(form, form.SelectedDemand()).Delete();
     EmptyBoxes(form);
     if (form.SelectedDemand() >= 0) {
         form.RemoveDemandLine(form.SelectedDemand());
@@ -86,9 +79,10 @@ void cmdAdd_Click(MainForm& form) {
     if (!BothBoxesFilled(form)) {
         return;
     }
+    const DemandRow row = RowInBoxes(form);
     RecordSet demand = form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Demand;");
     demand.AddNew();
-    Write(demand, RowInBoxes(form));
+    Write(demand, row);
     EmptyBoxes(form);
     ShowChanged(form);
 }
@@ -97,9 +91,10 @@ void cmdUpdate_Click(MainForm& form) {
     if (form.SelectedDemand() < 0 || !BothBoxesFilled(form)) {
         return;
     }
-    RecordSet demand = RowsLike(form, RowInLine(form.DemandLine(form.SelectedDemand())));
+    const DemandRow row = RowInBoxes(form);
+    RecordSet demand = DemandRowOfLine(form, form.SelectedDemand());
     demand.Edit();
-    Write(demand, RowInBoxes(form));
+    Write(demand, row);
     EmptyBoxes(form);
     ShowChanged(form);
 }
@@ -109,8 +104,8 @@ void cmdDelete_Click(MainForm& form) {
         return;
     }
     try {
-        DeleteRowInBoxes(form);
-    } catch (const RunTimeError&) {  // no such row: nothing is deleted, and nothing said
+        DeleteSelectedRow(form);
+    } catch (const RunTimeError&) {  // no such line: nothing is deleted, and nothing said
         return;
     }
 }

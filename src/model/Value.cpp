@@ -1,5 +1,9 @@
 #include "model/Value.h"
 
+#include <array>
+#include <charconv>
+#include <cmath>
+
 #include "basic/Numbers.h"
 
 namespace quarnel02 {
@@ -16,10 +20,6 @@ double ToDouble(const Value& value, const std::string& field) {
     return std::get<double>(value);
 }
 
-double DecimalOfSingle(double value, const std::string& field) {
-    return TextToDouble(NumberText(ToSingle(value, field)), field);
-}
-
 std::string ToText(const Value& value) {
     if (const auto* whole = std::get_if<std::int64_t>(&value)) {
         return NumberText(*whole);
@@ -32,6 +32,18 @@ std::string ToText(const Value& value) {
 
 }  // namespace
 
+double DecimalOfSingle(float single) {
+    if (single == std::trunc(single)) {
+        return static_cast<double>(single);
+    }
+    std::array<char, 32> text{};
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), single);
+    double decimal = 0;
+    std::from_chars(text.data(), written.ptr, decimal);
+    // Rounded to a double first, a decimal next to the middle of two singles may read as the other.
+    return static_cast<float>(decimal) == single ? decimal : static_cast<double>(single);
+}
+
 Value ConvertTo(FieldType type, const Value& value, const std::string& field) {
     if (IsNull(value)) {
         return value;
@@ -42,7 +54,7 @@ Value ConvertTo(FieldType type, const Value& value, const std::string& field) {
         case FieldType::Real:
             return ToDouble(value, field);
         case FieldType::Single:
-            return DecimalOfSingle(ToDouble(value, field), field);
+            return DecimalOfSingle(ToSingle(ToDouble(value, field), field));
         case FieldType::Text:
             break;
     }

@@ -13,9 +13,13 @@ inline bool IsNull(const Value& value) {
     return std::holds_alternative<std::monostate>(value);
 }
 
-/// What a field takes. A Single is kept as the decimal text of its 7 digits says it, so that a
-/// row is found again by that text: 33.3 is 33.3 and not 33.2999992.
+/// What a field takes. A Single is kept as DecimalOfSingle says it, so that a row is found again by
+/// the text that was entered: 33.3 is 33.3 and not 33.2999992.
 enum class FieldType { Integer, Real, Single, Text };
+
+/// The decimal number that stands for a single: a whole one as it is (12,345,678), any other as the
+/// shortest decimal that reads back to it (33.3).
+double DecimalOfSingle(float single);
 
 /// `value` as a field of the given type stores it: texts become numbers, numbers become texts,
 /// an integer field rounds half to even. Null stays Null. `field` names the field in errors.

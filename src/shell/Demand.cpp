@@ -1,5 +1,8 @@
 #include "shell/Demand.h"
 
+#include <cmath>
+#include <limits>
+
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
@@ -10,9 +13,26 @@ namespace {
 
 constexpr Colour kComplete{0, 0, 128};
 constexpr Colour kIncomplete{255, 0, 0};
+constexpr double kWhole = 100;
 
 std::string VolumeText(double volume) {
     return Format(volume, "#,###,###");
+}
+
+double VolumeOf(const RecordSet& demand) {
+    return static_cast<double>(demand.Single("Volume"));
+}
+
+/// As the design takes it: 33.3 also where a file holds 33.2999992370605.
+std::string ProbabilityText(const RecordSet& demand) {
+    return NumberText(DecimalOfSingle(demand.Single("Prob")));
+}
+
+bool IsSingle(const Value& value) {
+    constexpr auto largest = static_cast<double>(std::numeric_limits<float>::max());
+    const auto* const real = std::get_if<double>(&value);
+    return std::holds_alternative<std::int64_t>(value) ||
+           (real != nullptr && std::fabs(*real) <= largest);
 }
 
 /// The demand rows in ascending order of volume, at the first one; throws when there is none.
@@ -24,25 +44,66 @@ RecordSet RowsByVolume(MainForm& form) {
     return demand;
 }
 
-void ShowSum(MainForm& form) {
-    const RecordSet total = form.Model.OpenRecordSet("SELECT SUM(Prob) FROM Demand;");
-    const double sum = total.Number(0);
-    form.ShowDemandSum(NumberText(sum) + "%", sum == 100 ? kComplete : kIncomplete);
+/// "85% (15% missing)", "110% (10% too much)".
+std::string SumText(double percent) {
+    if (IsComplete(percent)) {
+        return PercentText(kWhole);
+    }
+    return PercentText(percent) + " (" + PercentText(std::fabs(kWhole - percent)) +
+           (percent < kWhole ? " missing)" : " too much)");
+}
+
+std::string LeftOutText(int rows) {
+    if (rows == 0) {
+        return {};
+    }
+    return rows == 1 ? "; 1 row without a number is left out"
+                     : "; " + NumberText(rows) + " rows without a number are left out";
 }
 
 void Refill(MainForm& form) {
     RecordSet demand = RowsByVolume(form);
     form.ClearDemand();
+    int left_out = 0;
     for (; !demand.Eof(); demand.MoveNext()) {
-        form.AddDemandLine(DemandLineText(demand.Number("Volume"), demand.Text("Prob")));
+        if (IsDemandPoint(demand)) {
+            form.AddDemandLine(DemandLineText(VolumeOf(demand), ProbabilityText(demand)));
+        } else {
+            ++left_out;
+        }
     }
-    ShowSum(form);
+    const double sum = SumOfProbabilities(form.Model);
+    form.ShowDemandSum(SumText(sum) + LeftOutText(left_out),
+                       IsComplete(sum) ? kComplete : kIncomplete);
 }
 
 }  // namespace
 
 std::string DemandLineText(double volume, const std::string& probability) {
     return VolumeText(volume) + ":  " + probability + "%";
+}
+
+bool IsDemandPoint(const RecordSet& demand) {
+    return IsSingle(demand.Field("Volume")) && IsSingle(demand.Field("Prob"));
+}
+
+double SumOfProbabilities(const Database& database) {
+    double sum = 0;
+    RecordSet demand = database.OpenRecordSet("SELECT Volume, Prob FROM Demand ORDER BY Volume;");
+    for (; !demand.Eof(); demand.MoveNext()) {
+        sum += IsDemandPoint(demand) ? DecimalOfSingle(demand.Single("Prob")) : 0;
+    }
+    return sum;
+}
+
+bool IsComplete(double percent) {
+    constexpr double half_a_hundredth = 0.005;
+    return std::fabs(percent - kWhole) < half_a_hundredth;
+}
+
+std::string PercentText(double percent) {
+    constexpr double hundredths = 100;
+    return NumberText(std::round(percent * hundredths) / hundredths) + "%";
 }
 
 void ListDemand(MainForm& form) {
@@ -53,11 +114,23 @@ void ListDemand(MainForm& form) {
     }
 }
 
-void ShowDemandRow(MainForm& form, int line) {
+RecordSet DemandRowOfLine(MainForm& form, int line) {
     RecordSet demand = RowsByVolume(form);
-    demand.Move(line);
-    form.SetText(TextBox::txtVolume, VolumeText(demand.Number("Volume")));
-    form.SetText(TextBox::txtProb, demand.Text("Prob") + "%");
+    for (int point = 0;; demand.MoveNext()) {
+        if (!IsDemandPoint(demand)) {
+            continue;
+        }
+        if (point == line) {
+            return demand;
+        }
+        ++point;
+    }
+}
+
+void ShowDemandRow(MainForm& form, int line) {
+    const RecordSet demand = DemandRowOfLine(form, line);
+    form.SetText(TextBox::txtVolume, VolumeText(VolumeOf(demand)));
+    form.SetText(TextBox::txtProb, ProbabilityText(demand) + "%");
 }
 
 }  // namespace quarnel02

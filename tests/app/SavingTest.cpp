@@ -229,8 +229,8 @@ TEST_F(SaveAs, SavesReloadsAndLeavesTheTitle) {
     const auto before = Desk.WorkingInputs();
     Desk.Dialog.Answers = {{Desk.UserDirectory(), "line.mdb"}};
     Desk.Commands.SaveAs();
-    EXPECT_EQ(Desk.Form.Events,
-              (Lines{Proposed(), "busy", "idle", "sum:  rgb(0,0,0)", "sum: 90% rgb(255,0,0)"}));
+    EXPECT_EQ(Desk.Form.Events, (Lines{Proposed(), "busy", "idle", "sum:  rgb(0,0,0)",
+                                       "sum: 90% (10% missing) rgb(255,0,0)"}));
     EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("line.mdb")), before);
     EXPECT_EQ(Desk.Form.CurrentDir, Desk.UserDirectory());
     EXPECT_EQ(Desk.Form.CurrentFile, "line.mdb");

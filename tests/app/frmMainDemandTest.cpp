@@ -56,7 +56,7 @@ TEST_F(frmMainDemand, IsTypedWithTheKeyboardAlone) {
     EXPECT_THAT(DemandLines(), ElementsAre("12,500:  25%"));
     EXPECT_EQ(Text("txtVolume"), "");
     EXPECT_EQ(Text("txtProb"), "");
-    EXPECT_EQ(Sum().text().toStdString(), "25%");
+    EXPECT_EQ(Sum().text().toStdString(), "25% (75% missing)");
     EXPECT_EQ(SumColour(), QColor(255, 0, 0));
     EXPECT_TRUE(Window->Changed);
 }
@@ -142,7 +142,7 @@ TEST_F(frmMainDemand, DeleteRemovesTheRowInTheBoxes) {
     Click("cmdDelete");
     EXPECT_THAT(DemandRows(), ElementsAre("12500|25"));
     EXPECT_THAT(DemandLines(), ElementsAre("12,500:  25%"));
-    EXPECT_EQ(Sum().text().toStdString(), "25%");
+    EXPECT_EQ(Sum().text().toStdString(), "25% (75% missing)");
 }
 
 TEST_F(frmMainDemand, DeletingTheLastRowEmptiesTheListButKeepsTheSum) {

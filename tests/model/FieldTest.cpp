@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -54,10 +56,25 @@ TEST(ConvertTo, TakesWholeNumbersIntoReals) {
     EXPECT_EQ(Written(FieldType::Single, std::int64_t{3}), Value(3.0));
 }
 
-TEST(ConvertTo, KeepsASingleAsItsDecimalText) {
+TEST(ConvertTo, KeepsASingleAsItsShortestDecimal) {
     EXPECT_EQ(Written(FieldType::Single, double{33.3F}), Value(33.3));
-    EXPECT_EQ(Written(FieldType::Single, 12345678.0), Value(12345680.0));
-    EXPECT_EQ(Written(FieldType::Single, 1.0 / 3), Value(0.3333333));
+    EXPECT_EQ(Written(FieldType::Single, 1.0 / 3), Value(0.33333334));
+    EXPECT_EQ(Written(FieldType::Single, 33.33333333), Value(33.333332));
+}
+
+TEST(ConvertTo, KeepsEveryUnitOfAWholeSingle) {
+    EXPECT_EQ(Written(FieldType::Single, 12345678.0), Value(12345678.0));
+    EXPECT_EQ(Written(FieldType::Single, 16777217.0), Value(16777216.0));  // no single of its own
+    EXPECT_EQ(Written(FieldType::Single, 100000008.0), Value(100000008.0));
+}
+
+TEST(ConvertTo, AStoredSingleReadsBack) {
+    constexpr std::uint32_t infinity = 0x7F800000;
+    rc::check([] {
+        const auto single = std::bit_cast<float>(*rc::gen::inRange<std::uint32_t>(0, infinity));
+        RC_ASSERT(static_cast<float>(DecimalOfSingle(single)) == single);
+    });
+    EXPECT_FALSE(testing::Test::HasFailure());
 }
 
 TEST(ConvertTo, LeavesNull) {
