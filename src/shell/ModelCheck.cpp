@@ -14,6 +14,7 @@
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "model/Schema.h"
+#include "shell/Demand.h"
 #include "shell/Figures.h"
 
 namespace quarnel02 {
@@ -233,10 +234,8 @@ void MatrixCheck::Check(const RecordSet& row) {
 /// "Demand row 2 (5,000 units)".
 std::string DemandRowName(int number, const RecordSet& row) {
     constexpr int volume = 0;
-    const std::string name = "Demand row " + NumberText(number);
-    return IsNull(row.Field(volume))
-               ? name
-               : name + " (" + Format(row.Number(volume), "#,##0") + " units)";
+    return "Demand row " + NumberText(number) + " (" + Format(row.Number(volume), "#,##0") +
+           " units)";
 }
 
 }  // namespace
@@ -271,7 +270,12 @@ void RequireUsableModel(const Database& database) {
 void RequireUsableDemand(const Database& database) {
     const FigureColumns figures("Demand");
     RecordSet rows = database.OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");
-    for (int number = 1; !rows.Eof(); rows.MoveNext(), ++number) {
+    int number = 0;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        if (!IsDemandPoint(rows)) {
+            continue;
+        }
+        ++number;
         if (const std::string objection = figures.ObjectionTo(rows); !objection.empty()) {
             Refuse(DemandRowName(number, rows) + ": " + objection);
         }

@@ -20,7 +20,7 @@ void RequireUsableModel(const Database& database);
 
 /// The same for the rows of the demand distribution, which are counted by volume as the list shows
 /// them ("Demand row 2 (5,000 units): probability is 120 %; it must be at least 0 and at most
-/// 100.").
+/// 100."). Rows that are no demand points, which the list leaves out, are passed over.
 void RequireUsableDemand(const Database& database);
 
 }  // namespace quarnel02

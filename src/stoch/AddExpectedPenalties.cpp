@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
 #include "stoch/CurveFile.h"
 #include "stoch/ExpectedProduction.h"
 #include "stoch/Notices.h"
@@ -15,7 +16,7 @@ namespace {
 class PenaltyCurve {
   public:
     PenaltyCurve(const StochRun& run, float penalty)
-        : m_production(run.Files), m_mean(run.MeanDemand), m_penalty(penalty) {}
+        : m_production(run.Files), m_penalty(penalty) {}
 
     /// Last volume of the straight line that `volume` is on, at most `end`.
     [[nodiscard]] float LineEnd(float volume, float end) const {
@@ -24,14 +25,12 @@ class PenaltyCurve {
     }
 
     [[nodiscard]] float CostWithPenalty(const DesignSegment& design, float volume) const {
-        const double shortfall = static_cast<double>(m_mean) - m_production.At(volume);
-        return static_cast<float>(CostAt(design, volume) +
-                                  shortfall * static_cast<double>(m_penalty));
+        return static_cast<float>(CostAt(design, volume) + m_production.ShortfallAt(volume) *
+                                                               static_cast<double>(m_penalty));
     }
 
   private:
     ExpectedProduction m_production;
-    float m_mean;
     float m_penalty;
 };
 
@@ -50,10 +49,18 @@ void AddTo(const DesignSegment& design, const PenaltyCurve& penalties,
 
 }  // namespace
 
+float PenaltyPerUnit(const MainForm& form) {
+    const float penalty = TextToSingle(form.Text(TextBox::txtPenalty), "Penalty ($/unit)");
+    if (penalty < 0) {
+        throw RunTimeError(ErrorKind::Overflow, "Penalty ($/unit) is " + NumberText(penalty) +
+                                                    "; it must be at least 0.");
+    }
+    return penalty;
+}
+
 void AddExpectedPenalties(StochRun& run) {
     const int tasks = run.Form.Model.OpenRecordSet("SELECT Tasks FROM Gen;").Integer(0);
-    const PenaltyCurve penalties(
-        run, TextToSingle(run.Form.Text(TextBox::txtPenalty), "Penalty (txtPenalty)"));
+    const PenaltyCurve penalties(run, PenaltyPerUnit(run.Form));
     const auto table = run.Files.Final(tasks);
     const auto output = run.Files.Path("Final");
     CurveWriter<DesignSegment> file(output);

@@ -14,7 +14,7 @@ void BuildInitialTable(StochRun& run) {
     bool found = false;
     for (int resource = 1; resource <= resources; ++resource) {
         const auto file = run.Files.Resource(run.StartTask, run.EndTask, resource);
-        if (!std::filesystem::exists(file)) {
+        if (!IsRunFile(file)) {
             continue;
         }
         if (!found) {

@@ -21,11 +21,14 @@ void BuildResourceTables(StochRun& run) {
             continue;
         }
         const ResourceCurve curve(run, production, shifts, resource, *load);
-        if (curve.IsPossible()) {
-            CurveWriter<ArcSegment> file(path);
-            curve.Write(file);
-            NoticeEarlyEnd(run, path, file.Close());
+        if (!curve.IsPossible()) {
+            NoticeNoTable(run, path);
+            continue;
         }
+        CurveWriter<ArcSegment> file(path);
+        const auto end = curve.Write(file);
+        file.Close();  // never full: a segment per number of stations, a few per demand point
+        NoticeStationsEnd(run, path, end);
     }
 }
 

@@ -29,4 +29,9 @@ double ExpectedProduction::At(float capacity) const {
                   static_cast<double>(segment.EProdHigh));
 }
 
+double ExpectedProduction::ShortfallAt(float capacity) const {
+    const auto mean = static_cast<double>(m_segments.back().EProdHigh);
+    return std::max(0.0, mean - At(capacity));
+}
+
 }  // namespace quarnel02

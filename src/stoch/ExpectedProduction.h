@@ -15,6 +15,9 @@ class ExpectedProduction {
     explicit ExpectedProduction(const RunFiles& files);
 
     [[nodiscard]] double At(float capacity) const;
+    /// Expected demand that a capacity does not meet: mean demand less expected production, units
+    /// per year; never negative.
+    [[nodiscard]] double ShortfallAt(float capacity) const;
     /// The last volume, from `capacity` on, up to which the production is one straight line;
     /// kNoUpperEnd beyond the largest demand point.
     [[nodiscard]] float LineEnd(float capacity) const { return SegmentAt(capacity).VolHigh; }

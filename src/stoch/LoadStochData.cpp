@@ -1,5 +1,6 @@
 #include "stoch/LoadStochData.h"
 
+#include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "stoch/Records.h"
@@ -12,7 +13,8 @@ MatrixEntry FetchPair(const Database& database, int resource, int task) {
     const RecordSet pair = database.OpenRecordSet(
         "SELECT TaskTime, ToolNum, ToolCost FROM Matrix WHERE ResourceId = " +
         NumberText(resource) + " AND TaskId = " + NumberText(task) + ";");
-    if (pair.RecordCount() == 0) {
+    const bool can = pair.RecordCount() > 0 && !IsNull(pair.Field(0)) && pair.Number(0) > 0;
+    if (!can) {
         return {0, 0, 0};
     }
     return {pair.Number(0), pair.Integer(1), pair.Number(2)};
@@ -38,16 +40,13 @@ bool FetchResource(const Database& database, int resource, StochResource& data) 
     return true;
 }
 
-/// Without working days no line is possible at any capacity; a larger number of resources does not
-/// fit into the records of the run files.
-void RequireUsable(double days, int resources) {
-    if (!(days > 0)) {
-        throw RunTimeError(ErrorKind::DivisionByZero,
-                           "Gen.Days: there are no working days. Enter a number above 0.");
-    }
+/// A larger number of resources does not fit into the records of the run files.
+void RequireFitting(int resources) {
     if (resources > kMostInChoice) {
         throw RunTimeError(ErrorKind::Overflow,
-                           "Resources: the stochastic design takes at most 4,095 of them.");
+                           "Number of resources is " + Format(resources, "#,###") +
+                               "; the stochastic design takes at most 4,095 of them. Delete some "
+                               "in the resource editor.");
     }
 }
 
@@ -58,7 +57,7 @@ bool LoadStochData(StochRun& run) {
     const RecordSet gen = database.OpenRecordSet("SELECT * FROM GEN;");
     run.Tasks = gen.Integer("Tasks");
     run.Resources = gen.Integer("Resources");
-    RequireUsable(gen.Number("Days"), run.Resources);
+    RequireFitting(run.Resources);
     run.Matrix.clear();
     run.ResourceData.clear();
     const Transaction reading(database);

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "basic/Numbers.h"
 #include "fixed/ToolsText.h"
+#include "stoch/AddExpectedPenalties.h"
 #include "stoch/ArcCost.h"
 #include "stoch/ExpectedProduction.h"
 #include "stoch/ExpectedShifts.h"
@@ -65,11 +65,8 @@ ProductionFigures FiguresOf(const StochRun& run) {
         figures.Stations.push_back(StationOf(run, *entry, number));
         figures.CycleTime = std::max(figures.CycleTime, figures.Stations.back().Time);
     }
-    const auto penalty = static_cast<double>(
-        TextToSingle(run.Form.Text(TextBox::txtPenalty), "Penalty (txtPenalty)"));
-    const ExpectedProduction production(run.Files);
-    figures.ExpectedPenalty =
-        (static_cast<double>(run.MeanDemand) - production.At(run.Capacity)) * penalty;
+    const auto penalty = static_cast<double>(PenaltyPerUnit(run.Form));
+    figures.ExpectedPenalty = ExpectedProduction(run.Files).ShortfallAt(run.Capacity) * penalty;
     figures.SystemCosts = static_cast<double>(run.ExpectedCost);
     figures.FixedCosts = PartsOfLine(run, 0, 0).Capital;
     for (int point = 1; point <= run.DemandPoints; ++point) {

@@ -42,7 +42,7 @@ struct ProductionFigures {
     std::vector<DemandOutcome> Outcomes;  ///< in ascending volume
 };
 
-/// Throws TypeMismatch when txtPenalty is no number, and what the store reports.
+/// Throws as PenaltyPerUnit does, and what the store reports.
 ProductionFigures FiguresOf(const StochRun& run);
 
 }  // namespace quarnel02

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <array>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "stoch/Records.h"
+#include "stoch/RunFiles.h"
 
 namespace quarnel02 {
 
@@ -19,12 +23,27 @@ FileHandle OpenRunFile(const std::filesystem::path& path, const char* mode);
 
 [[noreturn]] void ThrowRunFileError(const std::filesystem::path& path, const char* doing);
 
-/// Writes a run file from record 1 on; a file of that name is replaced.
+/// Writes a run file from record 1 on; a run file of that name is replaced. What reaches the disk
+/// is whole records at any time, so that what a killed program leaves is known as a run file.
+/// Without Close the file goes again.
 template <class Record>
 class RecordWriter {
   public:
-    explicit RecordWriter(std::filesystem::path path)
-        : m_path(std::move(path)), m_file(OpenRunFile(m_path, "wb")) {}
+    /// Throws FileAccess, also where something else has the name.
+    explicit RecordWriter(std::filesystem::path path) : m_path(std::move(path)) {
+        RequireFree(m_path);
+        m_file = OpenRunFile(m_path, "wb");
+        std::setvbuf(m_file.get(), m_buffer.data(), _IOFBF, m_buffer.size());
+    }
+    ~RecordWriter() {
+        if (m_file) {
+            Discard();
+        }
+    }
+    RecordWriter(const RecordWriter&) = delete;
+    RecordWriter& operator=(const RecordWriter&) = delete;
+    RecordWriter(RecordWriter&&) = delete;
+    RecordWriter& operator=(RecordWriter&&) = delete;
 
     void Write(const Record& record) {
         const auto bytes = record.Pack();
@@ -33,15 +52,27 @@ class RecordWriter {
         }
     }
 
-    /// Ends the file; without it a failing write at the end goes unseen. Throws FileAccess.
+    /// Ends the file. Throws FileAccess when its end cannot be written.
     void Close() {
         if (std::fclose(m_file.release()) != 0) {
+            const int reason = errno;
+            Discard();
+            errno = reason;
             ThrowRunFileError(m_path, "written");
         }
     }
 
   private:
+    void Discard() noexcept {
+        m_file.reset();
+        std::error_code ignored;
+        std::filesystem::remove(m_path, ignored);
+    }
+
+    static constexpr std::size_t kRecordsInBuffer = 200;
+
     std::filesystem::path m_path;
+    std::array<char, Record::kSize * kRecordsInBuffer> m_buffer{};  ///< outlives the file
     FileHandle m_file;
 };
 

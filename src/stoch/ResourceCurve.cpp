@@ -2,6 +2,25 @@
 
 namespace quarnel02 {
 
+bool ResourceCurve::Enough(int stations, float volume) const {
+    if (CycleTimeAt(m_run.Parameters, volume) >= StationTime(m_load, stations)) {
+        return true;
+    }
+    const auto meant =
+        std::lower_bound(m_run.MeantVolumes.begin(), m_run.MeantVolumes.end(), volume);
+    return meant != m_run.MeantVolumes.end() &&
+           StationsFit(m_load.WorkTime, stations, CycleTimeAt(m_run.Parameters, *meant));
+}
+
+int ResourceCurve::StationsFrom(int stations, float volume) const {
+    const float cycle_time = CycleTimeAt(m_run.Parameters, volume);
+    int enough = std::max<int>(stations, FitStations(m_load.WorkTime, cycle_time).Stations);
+    while (!Enough(enough, volume)) {
+        ++enough;
+    }
+    return enough;
+}
+
 float ResourceCurve::CostAtVolume(float volume, int stations) const {
     return AnnualCost(AnnualPartsOfArc(m_run, m_resource, m_load, stations, m_production.At(volume),
                                        m_shifts.At(volume)));

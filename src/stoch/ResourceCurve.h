@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <optional>
 
 #include "stoch/ArcCost.h"
 #include "stoch/Curves.h"
@@ -22,31 +23,34 @@ class ResourceCurve {
           m_resource(resource),
           m_load(load) {}
 
-    /// Whether so many stations are enough at a capacity.
-    [[nodiscard]] bool Enough(int stations, float volume) const {
-        return StationsFit(m_load.WorkTime, stations, CycleTimeAt(m_run.Parameters, volume));
-    }
+    /// Whether so many stations are enough at a capacity. Up to a volume that the planner means, a
+    /// station may be exactly full (StationsFit); no other capacity makes use of that tolerance, so
+    /// that a curve bends at the very capacity of its stations.
+    [[nodiscard]] bool Enough(int stations, float volume) const;
 
     /// The curve has no segment when even its first volume needs too many stations.
     [[nodiscard]] bool IsPossible() const { return Enough(kMostInChoice, m_run.FirstVolume); }
 
-    /// Writes the segments in ascending volume to anything that takes them.
+    /// Writes the segments in ascending volume to anything that takes them. The volume at which the
+    /// curve ends because more stations than a segment can hold would be needed, if it does.
     template <class Writer>
-    void Write(Writer& file) const {
+    std::optional<float> Write(Writer& file) const {
+        float end = m_run.FirstVolume;
         float start = m_run.FirstVolume;
         int stations = 1;
         while (start <= m_run.LastVolume && Enough(kMostInChoice, start)) {
-            stations = std::max<int>(
-                stations,
-                FitStations(m_load.WorkTime, CycleTimeAt(m_run.Parameters, start)).Stations);
-            const float end = SegmentEnd(start, stations);
+            stations = StationsFrom(stations, start);
+            end = SegmentEnd(start, stations);
             file.Write({start, end, CostAtVolume(start, stations), CostAtVolume(end, stations),
                         ToChoice(m_resource, stations)});
             start = NextSingle(end);
         }
+        return end < m_run.LastVolume ? std::optional(end) : std::nullopt;
     }
 
   private:
+    /// The least number of stations, from `stations` up, that is enough.
+    [[nodiscard]] int StationsFrom(int stations, float volume) const;
     [[nodiscard]] float CostAtVolume(float volume, int stations) const;
     [[nodiscard]] float SegmentEnd(float start, int stations) const;
     /// The last volume, within the run's range, for which so many stations are enough.

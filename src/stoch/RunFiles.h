@@ -23,8 +23,8 @@ class RunFiles {
     [[nodiscard]] std::filesystem::path Candidate(int number) const;
     [[nodiscard]] std::filesystem::path Final(int end) const;
 
-    /// Deletes every run file, also those of an earlier run. Spares directories, model files, the
-    /// template, the working copy, the configuration and the reports. Never fails.
+    /// Deletes every run file (IsRunFile), also those of an earlier run, and nothing else. Never
+    /// fails.
     void DeleteAll() const noexcept;
 
     /// Calls `action` for every run file that there is.
@@ -34,10 +34,18 @@ class RunFiles {
     std::filesystem::path m_directory;
 };
 
+/// Whether a file that is there is a run file: an ordinary one of whole records, whose name is that
+/// of a table, letter case aside. Directories, links and other files of such names are none.
+[[nodiscard]] bool IsRunFile(const std::filesystem::path& path);
+
+/// Refuses to make a run file where something stands that is none. Throws FileAccess naming it.
+void RequireFree(const std::filesystem::path& path);
+
 /// Deletes a run file if there is one. Throws FileAccess.
 void DeleteRunFile(const std::filesystem::path& path);
 
-/// Renames a run file over whatever has the new name. Throws FileAccess.
+/// Renames a run file over another one of the new name. Throws FileAccess, also where the new name
+/// is not free.
 void RenameRunFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 }  // namespace quarnel02

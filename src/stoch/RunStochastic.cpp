@@ -3,6 +3,7 @@
 #include <string>
 
 #include "basic/Numbers.h"
+#include "shell/Reports.h"
 #include "stoch/AddExpectedPenalties.h"
 #include "stoch/BuildDemandTable.h"
 #include "stoch/BuildFinalTable.h"
@@ -55,7 +56,7 @@ void ShowResourceTables(const StochRun& run, const RunListener& listener) {
     }
     for (int resource = 1; resource <= run.Resources; ++resource) {
         const auto table = run.Files.Resource(run.StartTask, run.EndTask, resource);
-        if (std::filesystem::exists(table)) {
+        if (IsRunFile(table)) {
             listener.RunFile(table);
         }
     }
@@ -108,6 +109,7 @@ void RunStochastic(MainForm& form, const RunListener& listener) {
                          MessageIcon::Information);
         return;
     }
+    RemoveReport(form, kProductionReport);
     BuildTables(run, listener);
     const std::string summary = WriteProductionReport(run);
     if (listener.Summary) {

@@ -20,8 +20,8 @@ struct RunListener {
 /// run files, takes the capacity of lowest expected cost, reports and draws it. Run files of an
 /// earlier run are deleted first, its own at the end, also when it fails. The status window is
 /// shown meanwhile.
-/// Says so, and stops, when a resource has no row. Throws what the stages throw; the model is
-/// then unchanged.
+/// Says so, and stops, when a resource has no row. From then on the report of an earlier run is
+/// gone. Throws what the stages throw; the model is then unchanged.
 void RunStochastic(MainForm& form, const RunListener& listener = {});
 
 }  // namespace quarnel02

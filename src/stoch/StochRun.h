@@ -46,9 +46,12 @@ struct StochRun {
     std::array<float, kMostDemandPoints + 1> Volume{};
     std::array<float, kMostDemandPoints + 1> Prob{};  ///< percent
     int DemandPoints = 0;
-    float MeanDemand = 0;   ///< expected production at the largest demand volume
     float FirstVolume = 0;  ///< all curves start here: the lowest volume above 0
     float LastVolume = 0;   ///< and end here: 3 times the largest volume
+
+    /// The volumes that the planner means, ascending: those above 0 of the demand points, and 1.5
+    /// and 3 times them.
+    std::vector<float> MeantVolumes;
 
     int EndTask = 0;    ///< i: last task of the arc being built
     int StartTask = 0;  ///< j: its first task

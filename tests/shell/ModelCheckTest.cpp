@@ -184,13 +184,21 @@ TEST(RequireUsableDemand, NamesTheRowByItsPlaceInTheList) {
                 "most 100."},
           Fault{"UPDATE Demand SET Volume = -3 WHERE Volume = 5000;",
                 "Demand row 1 (-3 units): volume is -3; it must be at least 0."},
-          Fault{"UPDATE Demand SET Volume = NULL WHERE Volume = 5000;",
-                "Demand row 1: volume is empty; it must be at least 0."}}) {
+          Fault{
+              "INSERT INTO Demand VALUES (NULL, 7), (1e39, 8); UPDATE Demand SET Prob = 120 WHERE "
+              "Volume = 1000;",
+              "Demand row 1 (1,000 units): probability is 120 %; it must be at least 0 and at "
+              "most 100."}}) {
         const TestModel model(Sound() + change);
         EXPECT_EQ(
             ExpectRunTimeError(ErrorKind::NotAModel, [&] { RequireUsableDemand(model.Open()); }),
             message);
     }
+}
+
+TEST(RequireUsableDemand, PassesOverRowsThatTheListLeavesOut) {
+    const TestModel model(Sound() + "INSERT INTO Demand VALUES (NULL, 120), (-5, NULL);");
+    EXPECT_NO_THROW(RequireUsableDemand(model.Open()));
 }
 
 bool HasBoth(const std::string& script, Lines& events) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "stoch/Records.h"
 #include "support/StochDesk.h"
 #include "support/StochModels.h"
 
@@ -15,7 +16,13 @@ using test::StochDesk;
 
 class BuildInitialTableTest : public testing::Test {
   protected:
-    void Make(const std::string& name) const { WriteFile(Desk.Copy.File(name), "made as " + name); }
+    /// A table of one record, which tells the name that it was made under.
+    static std::string Record(const std::string& name) {
+        std::string bytes = "made as " + name;
+        bytes.resize(ArcSegment::kSize, ' ');
+        return bytes;
+    }
+    void Make(const std::string& name) const { WriteFile(Desk.Copy.File(name), Record(name)); }
     [[nodiscard]] bool Has(const std::string& name) const {
         return std::filesystem::exists(Desk.Copy.File(name));
     }
@@ -37,7 +44,7 @@ TEST_F(BuildInitialTableTest, RenamesTheOnlyTable) {
     Make("F1T2.R3");
     Make("TempA");
     Build(1, 2);
-    EXPECT_EQ(ReadFile(Desk.Copy.File("IT12")), "made as F1T2.R3");
+    EXPECT_EQ(ReadFile(Desk.Copy.File("IT12")), Record("F1T2.R3"));
     EXPECT_FALSE(Has("F1T2.R3") || Has("TempA") || Has("TempC"));
 }
 
@@ -45,7 +52,7 @@ TEST_F(BuildInitialTableTest, ReplacesTheTableOfAnArcOfTheSameName) {
     Make("IT1112");  // of the arc from 11 to 12
     Make("F1T112.R1");
     Build(1, 112);
-    EXPECT_EQ(ReadFile(Desk.Copy.File("IT1112")), "made as F1T112.R1");
+    EXPECT_EQ(ReadFile(Desk.Copy.File("IT1112")), Record("F1T112.R1"));
 }
 
 TEST_F(BuildInitialTableTest, AnArcWithoutTablesHasNoneAndTakesNoOthers) {

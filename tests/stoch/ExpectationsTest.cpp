@@ -55,12 +55,11 @@ struct Distribution {
 };
 
 TEST(ExpectedProduction, TakesProbabilitiesAsTheyStand) {
-    // 0.5 x 100 + 0.2 x 200 + 0.1 x 200 = 110, 0.5 x 100 + 0.2 x 200 + 0.1 x 400 = 130; the
-    // first value is the lowest volume itself
+    // 0.8 x 100 = 80, 0.5 x 100 + 0.2 x 200 + 0.1 x 200 = 110, 0.5 x 100 + 0.2 x 200 + 0.1 x 400
+    // = 130
     const Distribution demand({{200, 20}, {400, 10}, {100, 50}});
     EXPECT_EQ(demand.Production(),
-              (Rows{{100, 200, 100, 110}, {200, 400, 110, 130}, {400, -1, 130, 130}}));
-    EXPECT_EQ(demand.Desk.Run.MeanDemand, 130);
+              (Rows{{100, 200, 80, 110}, {200, 400, 110, 130}, {400, -1, 130, 130}}));
     EXPECT_EQ(demand.Desk.Run.LastVolume, 1200);
 }
 
@@ -68,10 +67,13 @@ TEST(ExpectedProduction, IsStraightBetweenPointsAndFlatBeyond) {
     const Distribution demand({{100, 50}, {200, 20}, {400, 10}});
     const ExpectedProduction production(demand.Desk.Run.Files);
     for (const auto& [capacity, expected] :
-         {std::pair(100.0F, 100.0), std::pair(150.0F, 105.0), std::pair(200.0F, 110.0),
+         {std::pair(100.0F, 80.0), std::pair(150.0F, 95.0), std::pair(200.0F, 110.0),
           std::pair(300.0F, 120.0), std::pair(400.0F, 130.0), std::pair(1200.0F, 130.0)}) {
         EXPECT_DOUBLE_EQ(production.At(capacity), expected) << capacity;
     }
+    EXPECT_DOUBLE_EQ(production.ShortfallAt(100), 50);
+    EXPECT_DOUBLE_EQ(production.ShortfallAt(300), 10);
+    EXPECT_EQ(production.ShortfallAt(400), 0);
     EXPECT_EQ(production.LineEnd(100), 200);
     EXPECT_EQ(production.LineEnd(200), 200);
     EXPECT_EQ(production.LineEnd(201), 400);

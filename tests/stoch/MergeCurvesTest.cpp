@@ -34,13 +34,12 @@ float After(float volume) {
 class Merging {
   public:
     Curve operator()(const Curve& first, const Curve& second, double (*key)(double) = Plain) {
-        WriteCurve("first", first);
-        WriteCurve("second", second);
-        EndedAt =
-            MergeCurves<ArcSegment>(m_directory.Path() / "first", m_directory.Path() / "second",
-                                    m_directory.Path() / "merged", key);
+        WriteCurve("TempA", first);
+        WriteCurve("IT11", second);
+        EndedAt = MergeCurves<ArcSegment>(m_directory.Path() / "TempA", m_directory.Path() / "IT11",
+                                          m_directory.Path() / "TempC", key);
         Curve merged;
-        for (CurveReader<ArcSegment> file(m_directory.Path() / "merged"); !file.AtEnd();
+        for (CurveReader<ArcSegment> file(m_directory.Path() / "TempC"); !file.AtEnd();
              file.Advance()) {
             merged.push_back(file.Current());
         }

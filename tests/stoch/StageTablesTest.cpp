@@ -166,7 +166,6 @@ TEST_F(StageTables, DemandStage) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         EXPECT_EQ(file.Single(i * 4), fields[i]) << i;
     }
-    EXPECT_EQ(Desk.Run.MeanDemand, 160000);
     EXPECT_EQ(Desk.Run.FirstVolume, 100000);
     EXPECT_EQ(Desk.Run.LastVolume, 600000);
 }

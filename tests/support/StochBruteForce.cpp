@@ -93,7 +93,16 @@ StochBruteForce::StochBruteForce(const ModelScript& model, double penaltyPerUnit
             m_first = at.first;
         }
     }
-    m_production.front() = m_demand.front().first;  // as it stands, whatever the sum
+    double sum = 0;
+    for (const auto& [volume, percent] : m_demand) {
+        sum += Wide(percent);
+    }
+    if (std::fabs(sum - 100) < 0.005) {  // complete: certain up to the lowest demand
+        m_production.front() = m_demand.front().first;
+        for (float& production : m_production) {
+            production = std::max(production, m_demand.front().first);
+        }
+    }
     m_last = Single(3 * Wide(m_demand.back().first));
     if (Wide(m_last) < 3 * Wide(m_demand.back().first)) {
         m_last = Up(m_last);
@@ -176,10 +185,24 @@ float StochBruteForce::CycleTime(float capacity) const {
     return Single(m_model.Days * 3 * 8 * 3600 / Wide(capacity));
 }
 
+/// Up to a demand volume, 1.5 or 3 times it, a station may be exactly full: one part in a million
+/// over what there is.
 int StochBruteForce::StationsFor(float work, float capacity) const {
     const float available = CycleTime(capacity);
+    float meant = 0;  // the next such volume
+    for (const auto& [volume, percent] : m_demand) {
+        for (const double factor : {1.0, 1.5, 3.0}) {
+            const float exact = Single(factor * Wide(volume));
+            const float marked = Wide(exact) < factor * Wide(volume) ? Up(exact) : exact;
+            if (marked >= capacity && (meant == 0 || marked < meant)) {
+                meant = marked;
+            }
+        }
+    }
+    const double full = meant == 0 ? 0 : Wide(CycleTime(meant)) * (1 + 1e-6);
     int stations = 1;
-    while (available < Single(Wide(work) / stations)) {
+    while (available < Single(Wide(work) / stations) &&
+           full < Wide(Single(Wide(work) / stations))) {
         ++stations;
     }
     return stations;

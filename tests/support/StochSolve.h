@@ -21,7 +21,11 @@ struct StochSolve : LoadedModel {
 
     void Press() { cmdStoch_Click(Form); }
 
-    void MakeFile(const std::string& name) const { WriteFile(Copy.File(name), "stale"); }
+    /// A file of whole records, whatever their size.
+    void MakeFile(const std::string& name) const {
+        constexpr std::size_t records_of_all_sizes = 16 * 15 * 11;
+        WriteFile(Copy.File(name), std::string(records_of_all_sizes, 's'));
+    }
 
     /// Files of the application directory without template and working copy.
     [[nodiscard]] std::vector<std::string> Files() const {
