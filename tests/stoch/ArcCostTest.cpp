@@ -12,6 +12,7 @@
 #include "stoch/CurveFile.h"
 #include "support/StochBruteForce.h"
 #include "support/StochDesk.h"
+#include "support/StochModels.h"
 
 namespace quarnel02 {
 namespace {
@@ -90,6 +91,82 @@ TEST(ArcCost, OfTheWorkedExample) {
     const ArcSegment segment = SegmentAt(desk.Run.Files.Initial(1, 2), 300000);
     EXPECT_NEAR(CostAt(segment, 300000), 64335.55, 0.01);
     EXPECT_EQ(StationsOf(segment.Choice), 1);
+}
+
+TEST(ArcCost, ASharedToolIsPaidAtTheCostOfTheFirstTaskWhateverTheOrderOfEntry) {
+    ModelScript model = test::WorkedExample();
+    model.Tasks = 4;
+    model.Matrix = {{1, 1, 30, 2, 500}, {1, 2, 20, 1, 300}, {1, 3, 10, 2, 900}, {1, 4, 5, 1, 40}};
+    model.Demand = {{100000, 50}, {200000, 50}};
+    const auto by_task = [](const test::MatrixRow& a, const test::MatrixRow& b) {
+        return a.Task < b.Task;
+    };
+    do {
+        StochDesk desk(model);
+        desk.BuildDemandTables();
+        EXPECT_EQ(LoadOfArc(desk.Run, 1, 1, 4)->ToolCostSum, 800);
+        EXPECT_EQ(LoadOfArc(desk.Run, 1, 2, 4)->ToolCostSum, 1200);
+        EXPECT_EQ(LoadOfArc(desk.Run, 1, 3, 4)->ToolCostSum, 940);
+    } while (std::next_permutation(model.Matrix.begin(), model.Matrix.end(), by_task));
+}
+
+TEST(ArcCost, APairWithoutATimeCannotBeDone) {
+    const ModelScript model = test::WorkedExample();
+    for (const char* nothing : {"0", "NULL"}) {
+        const std::string sql = model.Sql() + "UPDATE Matrix SET TaskTime = " + nothing +
+                                ", ToolNum = NULL, ToolCost = NULL WHERE TaskId = 2;";
+        StochDesk desk(sql);
+        LoadStochData(desk.Run);
+        EXPECT_TRUE(LoadOfArc(desk.Run, 1, 1, 1).has_value());
+        EXPECT_FALSE(LoadOfArc(desk.Run, 1, 2, 2).has_value()) << nothing;
+        EXPECT_FALSE(LoadOfArc(desk.Run, 1, 1, 2).has_value()) << nothing;
+    }
+}
+
+/// Times in tenths of a second that fill a cycle of a round time exactly.
+std::vector<double> FillingTimes(Dice& dice, int tenths) {
+    std::vector<double> times;
+    for (const int parts = dice(2, 6); static_cast<int>(times.size()) < parts - 1;) {
+        const int share = dice(1, tenths - (parts - static_cast<int>(times.size())));
+        times.push_back(share / 10.0);
+        tenths -= share;
+    }
+    times.push_back(tenths / 10.0);
+    return times;
+}
+
+TEST(ArcCost, AStationThatIsExactlyFullIsFull) {
+    Dice dice(11);
+    for (int number = 0; number < 300; ++number) {
+        const int cycle = 60 * dice(1, 5);
+        const int stations = dice(1, 4);
+        ModelScript model = test::WorkedExample();
+        model.TransportTime = 0;
+        model.Resources[0].UpTime = 100;
+        model.Resources[0].ToolChange = 0;
+        model.Matrix.clear();
+        for (const double time : FillingTimes(dice, 10 * cycle * stations)) {
+            model.Matrix.push_back({1, static_cast<int>(model.Matrix.size()) + 1, time, 1, 500});
+        }
+        model.Tasks = static_cast<int>(model.Matrix.size());
+        const double volume = model.Days * 3 * 8 * 3600 / cycle;
+        model.Demand = {{volume / 3, 50}, {volume, 50}};
+        StochDesk desk(model);
+        desk.BuildDemandTables();
+        desk.BuildArc(1, model.Tasks);
+        const ArcSegment segment =
+            SegmentAt(desk.Run.Files.Initial(1, model.Tasks), static_cast<float>(volume));
+        EXPECT_EQ(StationsOf(segment.Choice), stations) << "model " << number;
+    }
+}
+
+TEST(ArcCost, OnlyVolumesThatAreMeantUseTheToleranceOfAFullStation) {
+    StochDesk desk(test::PenaltyModel());  // k stations serve 100,000 k units
+    desk.BuildDemandTables();
+    desk.BuildArc(1, 1);
+    const auto table = desk.Run.Files.Initial(1, 1);
+    EXPECT_EQ(StationsOf(SegmentAt(table, 400000).Choice), 4);
+    EXPECT_EQ(StationsOf(SegmentAt(table, 400000.0625F).Choice), 5);
 }
 
 TEST(ArcCost, APairNeedsATimeAboveZeroAndSoDoesEveryPairOfAnArc) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "stoch/Chart.h"
+#include "stoch/CurveFile.h"
 #include "stoch/DrawStochasticCosts.h"
 #include "support/FigureText.h"
 #include "support/StochBruteForce.h"
@@ -155,6 +156,67 @@ TEST(ChartDrawings, MarkTheChosenCapacity) {
     EXPECT_TRUE(discs[0].Filled);
     EXPECT_EQ(discs[0].X, desk.Form.picGraph[3].Width() * 0.96);  // the last volume is on the edge
     EXPECT_TRUE(HasText(desk.Form.picGraph[3], "600K: $178,400"));
+}
+
+/// Lines of a colour, from left to right as they are drawn.
+std::vector<LineFigure> LinesOf(const Picture& picture, Colour colour) {
+    std::vector<LineFigure> lines = test::FiguresOf<LineFigure>(picture);
+    std::erase_if(lines, [&](const LineFigure& line) { return !(line.Pen == colour); });
+    return lines;
+}
+
+/// The plot reaches from 16 to 96 % of the width and from 80 up to 16 % of the height.
+struct CostPlot {
+    explicit CostPlot(const Picture& paper) : Paper(paper) {}
+    [[nodiscard]] double X(double volume) const {
+        return Paper.Width() * (0.16 + 0.80 * (volume - 100000) / 500000);
+    }
+    [[nodiscard]] double Y(double cost, double low, double high) const {
+        return Paper.Height() * (0.80 - 0.64 * (cost - low) / (high - low));
+    }
+    const Picture& Paper;
+};
+
+TEST(ChartDrawings, DrawTheCostCurveSegmentBySegment) {
+    StochDesk desk(test::StagesModel(), "2");
+    desk.Solve();
+    DrawStochasticCosts(desk.Run);
+    const CostPlot plot(desk.Form.picGraph[3]);
+    const auto curve = LinesOf(plot.Paper, {0, 0, 127});
+    std::vector<DesignSegment> designs;
+    for (CurveReader<DesignSegment> file(desk.Run.Files.Final(2)); !file.AtEnd(); file.Advance()) {
+        designs.push_back(file.Current());
+    }
+    ASSERT_EQ(designs.size(), 10U);
+    ASSERT_EQ(curve.size(), designs.size());
+    // costs from 178,400 to 354,000, and a tenth of that below
+    const AxisScale scale = RoundScale(178400 - 17560, 354000, 6);
+    for (std::size_t i = 0; i < designs.size(); ++i) {
+        const auto y = [&](float cost) {
+            return plot.Y(static_cast<double>(cost), scale.Low, scale.High);
+        };
+        EXPECT_EQ(curve[i].Width, 2);
+        EXPECT_NEAR(curve[i].X1, plot.X(static_cast<double>(designs[i].SegStart)), 1) << i;
+        EXPECT_NEAR(curve[i].X2, plot.X(static_cast<double>(designs[i].SegEnd)), 1) << i;
+        EXPECT_NEAR(curve[i].Y1, y(designs[i].CostStart), 1) << i;
+        EXPECT_NEAR(curve[i].Y2, y(designs[i].CostEnd), 1) << i;
+    }
+}
+
+TEST(ChartDrawings, GuideToTheVolumesThatSaveAShift) {
+    StochDesk desk(test::StagesModel(), "2");
+    desk.Solve();
+    DrawStochasticCosts(desk.Run);
+    const CostPlot plot(desk.Form.picGraph[3]);
+    const auto guides = LinesOf(plot.Paper, {200, 215, 235});
+    const std::vector<double> volumes = {150000, 300000, 600000};
+    ASSERT_EQ(guides.size(), volumes.size());
+    for (std::size_t i = 0; i < volumes.size(); ++i) {
+        EXPECT_NEAR(guides[i].X1, plot.X(volumes[i]), 1);
+        EXPECT_EQ(guides[i].X1, guides[i].X2);
+        EXPECT_NEAR(std::min(guides[i].Y1, guides[i].Y2), plot.Paper.Height() * 0.16, 1);
+        EXPECT_NEAR(std::max(guides[i].Y1, guides[i].Y2), plot.Paper.Height() * 0.80, 1);
+    }
 }
 
 TEST(ChartDrawings, EqualVolumesShareABar) {

@@ -12,6 +12,7 @@
 #include "stoch/ExpectedShifts.h"
 #include "stoch/RecordFile.h"
 #include "support/RunTimeErrors.h"
+#include "support/StochBruteForce.h"
 #include "support/StochDesk.h"
 #include "support/StochModels.h"
 
@@ -80,6 +81,46 @@ TEST(ExpectedProduction, IsStraightBetweenPointsAndFlatBeyond) {
     EXPECT_EQ(production.LineEnd(401), kNoUpperEnd);
 }
 
+TEST(ExpectedProduction, BeginsWithTheLowestVolumeOfACompleteDistribution) {
+    // Singles of 14.3 and 14.2 add up to 100.0000009, their shares of 12,345.678 to a little more.
+    const std::vector<double> probabilities = {14.2, 14.3, 14.3, 14.3, 14.3, 14.3, 14.3};
+    std::vector<std::pair<double, double>> points;
+    for (const double probability : probabilities) {
+        points.emplace_back(12345.678 + 1000.0 * static_cast<double>(points.size()), probability);
+    }
+    EXPECT_EQ(Distribution(points).Production().front()[2], 12345.678F);
+    EXPECT_EQ(Distribution({{12345.678, 33.33333}, {20000, 66.66666}}).Production().front()[2],
+              12345.678F);
+}
+
+TEST(ExpectedProduction, LeavesNoNegativeShortfall) {
+    test::Dice dice(5);
+    for (int round = 0; round < 300; ++round) {
+        std::vector<std::pair<double, double>> points;
+        const int count = dice(2, 10);
+        const double volume = dice(1, 3000000) / 7.0;
+        for (int point = 0; point < count; ++point) {
+            const double percent =
+                dice.OneIn(2) ? dice(0, 400) / 10.0 : 100.0 / count - dice(0, 4) / 1000.0 / count;
+            points.emplace_back(volume + dice(0, dice.OneIn(2) ? 1 : 100000), percent);
+        }
+        const Distribution demand(points);
+        const ExpectedProduction production(demand.Desk.Run.Files);
+        float before = 0;
+        for (const auto& row : demand.Production()) {
+            EXPECT_GE(row[2], before) << "round " << round;
+            EXPECT_GE(row[3], row[2]) << "round " << round;
+            before = row[3];
+        }
+        const float last = demand.Desk.Run.Volume.at(static_cast<std::size_t>(count));
+        for (int step = 0; step <= 50; ++step) {
+            const float first = demand.Desk.Run.FirstVolume;
+            EXPECT_GE(
+                production.ShortfallAt(first + (last - first) * static_cast<float>(step) / 50), 0);
+        }
+    }
+}
+
 TEST(ExpectedProduction, OfEqualVolumes) {
     const Distribution demand({{100, 50}, {100, 20}, {200, 30}});
     // 0.5 x 100 + 0.2 x 100 + 0.3 x 100 = 100, 0.3 x 100 more at 200
@@ -132,6 +173,26 @@ TEST(ExpectedShifts, CountDoneStepsBeforeTheFirstVolume) {
     const Distribution demand({{0, 50}, {0, 25}, {100, 25}});
     // 0.75 x 1 + 0.25 x 3
     EXPECT_EQ(demand.Shifts().front(), (std::vector<float>{100, 150, 1.5F}));
+}
+
+/// 1.5 and 3 times a single are doubles without rounding.
+TEST(ShiftsAt, ComparesWithOneAndAHalfAndThreeTimesAnyVolume) {
+    test::Dice dice(9);
+    for (int round = 0; round < 200; ++round) {
+        const auto volume = static_cast<float>(dice(1, 2000000000) / 977.0);
+        const Distribution demand({{static_cast<double>(volume), 100}, {3e9, 0}});
+        const ExpectedShifts shifts(demand.Desk.Run.Files);
+        for (const double factor : {1.5, 3.0}) {
+            const double exact = factor * static_cast<double>(volume);
+            auto least = static_cast<float>(exact);
+            least = static_cast<double>(least) < exact ? std::nextafter(least, 1e30F) : least;
+            const int from = factor == 3 ? 1 : 2;
+            EXPECT_EQ(ShiftsAt(volume, least), from) << volume;
+            EXPECT_EQ(ShiftsAt(volume, std::nextafter(least, 0.0F)), from + 1) << volume;
+            EXPECT_EQ(shifts.At(least), from) << volume;
+            EXPECT_EQ(shifts.At(std::nextafter(least, 0.0F)), from + 1) << volume;
+        }
+    }
 }
 
 TEST(ShiftsAt, CountsTheShiftsThatADemandNeeds) {

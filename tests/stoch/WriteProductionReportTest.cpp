@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -151,6 +152,79 @@ TEST(WriteProductionReport, PrintsLargeNumbersWithoutExponent) {
                                             "Penalty:    15960000\n"),
               std::string::npos)
         << solve.ProductionReport();
+}
+
+/// The station lines of a summary.
+Lines StationLines(const std::string& summary) {
+    Lines lines;
+    bool below = false;
+    std::istringstream text(summary);
+    for (std::string line; std::getline(text, line) && !line.starts_with("Cycle Time");) {
+        if (below) {
+            lines.push_back(line);
+        }
+        below = below || line.starts_with("Sta.");
+    }
+    return lines;
+}
+
+TEST(WriteProductionReport, AFigureTooWideForItsColumnPushesTheNextOne) {
+    ModelScript model = PenaltyModel();
+    model.Resources[0].ShortName = "Oven of ten";
+    model.Resources[0].FixedCost = 123456789000;
+    model.Matrix[0].Time = 12345.678;
+    model.Demand = {{1000, 40}, {1001, 60}};
+    StochSolve solve(model, "100000000000");
+    const std::string summary = SummaryOf(solve);
+    EXPECT_EQ(StationLines(summary), Lines{" 1    Oven of ten 1     $37037035520 12345.68 1-1  7"});
+    EXPECT_EQ(PrintedText(solve.Form.picGraph[0]), summary);
+}
+
+TEST(WriteProductionReport, LongToolTextsGoOnBelow) {
+    ModelScript model = PenaltyModel();
+    model.Tasks = 14;
+    model.Matrix.clear();
+    for (int task = 1; task <= model.Tasks; ++task) {
+        model.Matrix.push_back({1, task, 10, 100 + task, 1000});
+    }
+    StochSolve solve(model, "0");
+    const std::string summary = SummaryOf(solve);
+    EXPECT_EQ(StationLines(summary),
+              (Lines{" 1    Oven       1      $33900    140.    1-14     101 102 103 104 105 106",
+                     "                                                   107 108 109 110 111 112",
+                     "                                                   113 114"}));
+    EXPECT_EQ(PrintedText(solve.Form.picGraph[0]), summary);
+    EXPECT_LE(solve.Form.picGraph[0].Drawn().Right, solve.Form.picGraph[0].Width());
+}
+
+TEST(WriteProductionReport, AnAmountThatRoundsToNothingIsZeroDollars) {
+    ModelScript model = PenaltyModel();
+    model.Resources[0].FixedCost = 0;
+    model.Matrix[0].ToolCost = 1;
+    model.Demand = {{100000, 40}, {100001, 60}};
+    StochSolve solve(model, "0.4");
+    const std::string summary = SummaryOf(solve);  // 0.3 a year; 0.6 x 0.4 of shortfall
+    EXPECT_EQ(StationLines(summary), Lines{" 1    Oven       1      $0        216.    1-1      7"});
+    EXPECT_NE(summary.find("\nExpected Penalty Cost: $0\n"), std::string::npos) << summary;
+    EXPECT_NE(summary.find("\nExpected Annualized Fixed Costs: $0\n"), std::string::npos)
+        << summary;
+    EXPECT_NE(solve.ProductionReport().find("\nTotal Cost: $0\n"), std::string::npos)
+        << solve.ProductionReport();
+    for (const std::string& text : {summary, solve.ProductionReport()}) {
+        EXPECT_EQ(text.find("$\n"), std::string::npos) << text;
+        EXPECT_EQ(text.find("$ "), std::string::npos) << text;
+    }
+}
+
+TEST(WriteProductionReport, KeepsEveryUnitOfAVolume) {
+    ModelScript model = PenaltyModel();
+    model.Matrix[0].Time = 1;
+    model.Demand = {{1234567.5, 40}, {12345678, 60}};
+    StochSolve solve(model, "0.25");
+    solve.Press();
+    EXPECT_NE(solve.ProductionReport().find("\nDemand:     1234567.5\n"), std::string::npos)
+        << solve.ProductionReport();
+    EXPECT_NE(solve.ProductionReport().find("\nDemand:     12345678\n"), std::string::npos);
 }
 
 TEST(WriteProductionReport, AFailureLeavesTheMarksAsTheyWere) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "shell/DesignMade.h"
 #include "support/StochModels.h"
 #include "support/StochSolve.h"
 
@@ -53,6 +54,83 @@ TEST(cmdStoch, TwoDemandsAreEnough) {
     solve.Press();
     EXPECT_EQ(solve.EventsOf({"message"}), Lines{});
     EXPECT_EQ(solve.Files(), Lines{"ProdRpt.txt"});
+}
+
+constexpr const char* kAsked = "ask[question]: The probabilities add up to 85%. Solve anyway? -> ";
+
+TEST(cmdStoch, AsksBeforeItTakesProbabilitiesThatDoNotAddUp) {
+    StochSolve solve(WithDemand({{100000, 50}, {200000, 35}}));
+    solve.MakeFile("ProdRpt.txt");
+    solve.MakeFile("Final1");
+    const std::string model = ReadFile(solve.Copy.File());
+    solve.Form.YesNoAnswers = {false};
+    solve.Press();
+    EXPECT_EQ(solve.Form.Events, Lines{kAsked + std::string("no")});
+    EXPECT_EQ(solve.Form.ProposedAnswers, std::vector<Answer>{Answer::No});
+    EXPECT_EQ(solve.Files(), (Lines{"Final1", "ProdRpt.txt"}));
+    EXPECT_EQ(ReadFile(solve.Copy.File()), model);
+    EXPECT_FALSE(solve.Form.LastDesign.has_value());
+
+    solve.Form.YesNoAnswers = {true};
+    solve.Press();
+    EXPECT_EQ(solve.EventsOf({"ask", "message"}),
+              (Lines{kAsked + std::string("no"), kAsked + std::string("yes")}));
+    EXPECT_EQ(solve.Files(), Lines{"ProdRpt.txt"});
+    EXPECT_TRUE(solve.Form.LastDesign.has_value());
+}
+
+TEST(cmdStoch, AsksFromMoreThanFiveHundredthsOn) {
+    for (const double last : {49.95, 50.05, 50.0}) {
+        StochSolve solve(WithDemand({{100000, 50}, {200000, last}}));
+        solve.Press();
+        EXPECT_EQ(solve.EventsOf({"ask"}), Lines{}) << last;
+    }
+    for (const auto& [last, sum] : {std::pair(49.94, "99.94"), std::pair(50.06, "100.06")}) {
+        StochSolve solve(WithDemand({{100000, 50}, {200000, last}}));
+        solve.Form.YesNoAnswers = {true};
+        solve.Press();
+        EXPECT_EQ(solve.EventsOf({"ask"}), Lines{"ask[question]: The probabilities add up to " +
+                                                 std::string(sum) + "%. Solve anyway? -> yes"});
+    }
+}
+
+TEST(cmdStoch, NotesTheDesignThatItShows) {
+    StochSolve solve(StagesModel(), "2");
+    solve.Form.SetText(TextBox::txtProduct, "Pump");
+    solve.Press();
+    ASSERT_TRUE(solve.Form.LastDesign.has_value());
+    EXPECT_EQ(solve.Form.LastDesign->Caption, "Capacity 600,000 units a year");
+    EXPECT_EQ(solve.Form.LastDesign->Product, "Pump");
+    EXPECT_FALSE(ResultsAreOutOfDate(solve.Form));
+    RecordSet demand = solve.Copy.Open().OpenRecordSet("SELECT * FROM Demand;");
+    demand.Edit();
+    demand.Set("Volume", 100001.0);
+    demand.Update();
+    EXPECT_TRUE(ResultsAreOutOfDate(solve.Form));
+}
+
+TEST(cmdStoch, ForgetsTheDesignThatItNoLongerShows) {
+    StochSolve solve(StagesModel(), "2");
+    solve.Press();
+    solve.Form.ClearDemand();
+    solve.Press();
+    EXPECT_FALSE(solve.Form.LastDesign.has_value());
+    EXPECT_TRUE(solve.Form.picGraph[0].Figures().empty());
+}
+
+TEST(cmdStoch, LeavesOutDemandRowsWithoutANumber) {
+    StochSolve whole(StagesModel(), "2");
+    whole.Press();
+    StochSolve one(StagesModel().Sql() + "INSERT INTO Demand VALUES (NULL, 50);", "2");
+    one.Press();
+    EXPECT_EQ(one.EventsOf({"notice", "ask", "message"}),
+              Lines{"notice: 1 demand row without a number left out."});
+    EXPECT_EQ(one.ProductionReport(), whole.ProductionReport());
+    StochSolve two(StagesModel().Sql() + "INSERT INTO Demand VALUES (NULL, 50), (7, NULL);", "2");
+    two.Press();
+    EXPECT_EQ(two.EventsOf({"notice", "ask", "message"}),
+              Lines{"notice: 2 demand rows without a number left out."});
+    EXPECT_EQ(two.ProductionReport(), whole.ProductionReport());
 }
 
 TEST(cmdStoch, ClosesTheModelAtTheEnd) {

@@ -22,7 +22,9 @@ namespace quarnel02::test {
 class StochDesk {
   public:
     explicit StochDesk(const ModelScript& model, const std::string& penalty = "0")
-        : Copy(model.Sql()), Form(Copy.Directory()), Run(Form) {
+        : StochDesk(model.Sql(), penalty) {}
+    explicit StochDesk(const std::string& sql, const std::string& penalty = "0")
+        : Copy(sql), Form(Copy.Directory()), Run(Form) {
         Form.SetText(TextBox::txtPenalty, penalty);
         Form.OpenWorkingCopy();
     }
