@@ -53,11 +53,6 @@ void SetVolumeRange(StochRun& run) {
         throw RunTimeError(ErrorKind::TypeMismatch,
                            "Demand has no volume above 0. Enter the volumes of the distribution.");
     }
-    if (*first < 0) {
-        throw RunTimeError(ErrorKind::TypeMismatch,
-                           "Demand: the volume " + NumberText(*first) +
-                               " is negative. Enter volumes of 0 or above.");
-    }
     run.FirstVolume = *positive;
     run.LastVolume = CeilingSingle(3.0 * static_cast<double>(*(last - 1)));
     run.MeantVolumes.clear();

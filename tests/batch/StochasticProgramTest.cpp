@@ -173,6 +173,15 @@ TEST_F(StochasticProgram, SaysOnStandardErrorThatATableWasFull) {
     EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), 1) << result.Err;
 }
 
+TEST_F(StochasticProgram, SaysThatProbabilitiesDoNotAddUpAndGoesOn) {
+    ModelScript model = StagesModel();
+    model.Demand = {{100000, 50}, {200000, 35}};
+    const auto result = Run({Run.Make("short.mdb", model), "--stochastic"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_TRUE(result.Out.starts_with("Final Solution\n")) << result.Out;
+    EXPECT_EQ(result.Err, "The probabilities add up to 85%.\n");
+}
+
 TEST_F(StochasticProgram, EndsOnATaskThatNoResourceCanDo) {
     ModelScript model = StagesModel();
     model.Matrix.pop_back();
@@ -181,7 +190,9 @@ TEST_F(StochasticProgram, EndsOnATaskThatNoResourceCanDo) {
                              "--save", File("solved.mdb")});
     EXPECT_EQ(result.Status, 2);
     EXPECT_EQ(result.Out, "");
-    EXPECT_EQ(result.Err, "Error creating intermediate task table\n");
+    EXPECT_EQ(result.Err,
+              "Error creating intermediate task table\n\nNo resource can do task 2: none has a "
+              "time for it. Enter one in the task-resource matrix.\n");
     EXPECT_EQ(NamesIn(Run.File("")), (Lines{"gap.mdb", "line.mdb", "tmp"}));
 }
 
@@ -209,7 +220,7 @@ TEST_F(StochasticProgram, ReportsAnErrorOnOneLine) {
     EXPECT_EQ(result.Status, 1);
     EXPECT_EQ(result.Out, "");
     EXPECT_EQ(result.Err,
-              "quarnel02-solve: Demand: the volume -5 is negative. Enter volumes of 0 or above.\n");
+              "quarnel02-solve: Demand row 1 (-5 units): volume is -5; it must be at least 0.\n");
 }
 
 TEST_F(StochasticProgram, RefusesAFileInPlaceOfTheDirectoryForRunFiles) {

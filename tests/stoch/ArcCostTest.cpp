@@ -137,7 +137,7 @@ std::vector<double> FillingTimes(Dice& dice, int tenths) {
 
 TEST(ArcCost, AStationThatIsExactlyFullIsFull) {
     Dice dice(11);
-    for (int number = 0; number < 300; ++number) {
+    for (int number = 0; number < 100; ++number) {
         const int cycle = 60 * dice(1, 5);
         const int stations = dice(1, 4);
         ModelScript model = test::WorkedExample();

@@ -95,7 +95,7 @@ TEST(ExpectedProduction, BeginsWithTheLowestVolumeOfACompleteDistribution) {
 
 TEST(ExpectedProduction, LeavesNoNegativeShortfall) {
     test::Dice dice(5);
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 80; ++round) {
         std::vector<std::pair<double, double>> points;
         const int count = dice(2, 10);
         const double volume = dice(1, 3000000) / 7.0;
@@ -178,7 +178,7 @@ TEST(ExpectedShifts, CountDoneStepsBeforeTheFirstVolume) {
 /// 1.5 and 3 times a single are doubles without rounding.
 TEST(ShiftsAt, ComparesWithOneAndAHalfAndThreeTimesAnyVolume) {
     test::Dice dice(9);
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 60; ++round) {
         const auto volume = static_cast<float>(dice(1, 2000000000) / 977.0);
         const Distribution demand({{static_cast<double>(volume), 100}, {3e9, 0}});
         const ExpectedShifts shifts(demand.Desk.Run.Files);
