@@ -76,12 +76,12 @@ void PictureBox::ShowProgress() {
     m_showingProgress = true;
     repaint();
     m_showingProgress = false;
-    if (m_painted < m_picture->Figures().size()) {
-        update();
-    }
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_pause = std::max(kProgressPause, kProgressShare * duration.elapsed());
     m_sinceProgress.restart();
+    if (m_painted < m_picture->Figures().size()) {
+        update();
+    }
 }
 
 /// A picture fitted into the box does without the empty lower part of its paper, so that the

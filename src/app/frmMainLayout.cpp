@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
+#include <algorithm>
 
 #include "app/frmMain.h"
 #include "ui_frmMain.h"
@@ -79,7 +80,7 @@ void frmMain::ChooseSize() {
     const QSize wanted(static_cast<int>(picArc.Width() / kTwipsPerPixel) + beside,
                        network + 40 * fontMetrics().lineSpacing());
     resize(wanted.boundedTo(screen()->availableSize() * 0.95));
-    const int upper = network + 3 * fontMetrics().lineSpacing();
+    const int upper = std::min(network + 3 * fontMetrics().lineSpacing(), 2 * height() / 5);
     m_ui->splRight->setStretchFactor(0, 0);
     m_ui->splRight->setStretchFactor(1, 1);
     m_ui->splRight->setSizes({upper, height() - upper});

@@ -21,7 +21,7 @@ const fs::path kPrograms = QUARNEL02_PROGRAMS;
 /// only notes what it was asked to open.
 class EndToEnd : public ::testing::Test {
   protected:
-    EndToEnd() {
+    explicit EndToEnd(test::WindowManager manager = test::WindowManager::None) : Display(manager) {
         fs::create_directory(Folder / "tools");
         fs::copy_file(kPrograms / "quarnel02", Folder / "quarnel02");
         fs::copy_file(kPrograms / "blank.seq", Folder / "blank.seq");
@@ -137,6 +137,62 @@ TEST_F(EndToEnd, ASecondStartLeavesTheFirstAlone) {
     EXPECT_EQ(second.exitCode(), 1);
     EXPECT_EQ(Program.state(), QProcess::Running);
     EXPECT_TRUE(Display.Shows("^pump.mdb - Quarnel02$"));
+}
+
+class UnderOpenbox : public EndToEnd {
+  protected:
+    UnderOpenbox() : EndToEnd(test::WindowManager::Openbox) {}
+};
+
+TEST_F(UnderOpenbox, AClickOnTheSplashLeavesTheKeyboardToTheMainWindow) {
+    Start(Program);
+    ASSERT_TRUE(test::WaitUntil([&] { return Display.Shows("^Welcome to Quarnel02$"); }));
+    Display.Click("^Welcome to Quarnel02$");
+    ASSERT_TRUE(test::WaitUntil([&] { return !Display.Shows("^Welcome to Quarnel02$"); }));
+    EXPECT_FALSE(Display.Shows("^Select a file to open"));
+    Display.Key("ctrl+o");
+    EXPECT_TRUE(test::WaitUntil([&] { return Display.Shows("^Select a file to open"); }));
+}
+
+/// Keeps a solve busy for seconds.
+void LengthenModel(const fs::path& file, int tasks) {
+    const Database model = Database::Open(file);
+    RecordSet gen = model.OpenRecordSet("SELECT * FROM Gen;");
+    const int before = static_cast<int>(gen.Number("Tasks"));
+    gen.Edit();
+    gen.Set("Tasks", tasks);
+    gen.Update();
+    RecordSet list = model.OpenRecordSet("SELECT * FROM Tasks;");
+    RecordSet matrix = model.OpenRecordSet("SELECT * FROM Matrix;");
+    Transaction transaction(model);
+    for (int task = before + 1; task <= tasks; ++task) {
+        list.AddNew();
+        list.Set("TaskId", task);
+        list.Update();
+        matrix.AddNew();
+        matrix.Set("ResourceId", 1);
+        matrix.Set("TaskId", task);
+        matrix.Set("TaskTime", 1);
+        matrix.Update();
+    }
+    transaction.Commit();
+}
+
+TEST_F(UnderOpenbox, AShortCutTypedDuringASolveNeverRuns) {
+    LengthenModel(Folder / "pump.mdb", 70);
+    StartAndOpenPump();
+    Display.Key("alt+1");
+    ASSERT_TRUE(Display.Focus("^Fixed Demand$"));
+    Display.Type("60000");
+    Display.Key("Return");
+    ASSERT_TRUE(Display.Focus("^Quarnel02$"));
+    Display.Tool({"key", "alt+n", "sleep", "0.3", "key", "ctrl+n"});
+    ASSERT_TRUE(test::WaitUntil([&] { return !NotesTaken().empty(); }));
+    EXPECT_FALSE(Program.waitForFinished(500));
+    EXPECT_TRUE(Display.Shows("^pump.mdb - Quarnel02$"));
+
+    Display.Key("ctrl+n");
+    EXPECT_TRUE(test::WaitUntil([&] { return Display.Shows("^Quarnel02$"); }));
 }
 
 }  // namespace

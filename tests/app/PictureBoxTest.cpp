@@ -1,9 +1,11 @@
 // The pixels of pictures: where figures stand, and that paper is white.
 #include <gmock/gmock.h>
 
+#include <QScreen>
 #include <QScrollArea>
 #include <QTest>
 #include <numbers>
+#include <utility>
 
 #include "app/PictureBox.h"
 
@@ -193,6 +195,48 @@ TEST_F(PictureBoxPixels, ALongDrawingIsShownWhileItGoesOn) {
     }
     EXPECT_GE(paints, 2);
     EXPECT_LE(paints, 400 / 50 + 1);
+}
+
+/// What the screen shows of the box, which asks nothing of the box itself.
+QImage Shown(const PictureBox& box) {
+    return box.screen()->grabWindow(box.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+/// Takes well over the time that a box may draw at once, and tells nobody.
+void DrawMuch(Picture& paper) {
+    constexpr int circles = 40000;
+    const auto tell = std::exchange(paper.OnChange, nullptr);
+    for (int i = 0; i < circles; ++i) {
+        paper.Circle(1500, 750, 600, {0, 0, 200});
+    }
+    paper.OnChange = tell;
+}
+
+TEST_F(PictureBoxPixels, ASlowPictureIsStretchedWhileResizingAndSharpOnceItSettles) {
+    DrawMuch(Paper);
+    Show(PictureBox::Sizing::FitBox);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Box));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Shown(Box) == Image(); }));
+
+    Box.resize(400, 200);
+    const QImage stretched = Image();
+    PictureBox fresh;
+    fresh.SetPicture(Paper);
+    fresh.resize(400, 200);
+    const QImage sharp = fresh.grab().toImage();
+    EXPECT_NE(stretched, sharp);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(Box) == sharp; }));
+}
+
+TEST_F(PictureBoxPixels, WhatIsShownAtTheEndIsTheWholePicture) {
+    Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Box));
+    DrawMuch(Paper);
+    Paper.DrawWidth = 4;
+    Paper.Line(0, 750, 3000, 750, kRed);
+    const auto has_line = [&] { return Shown(Box).pixelColor(100, 50) == QColor(200, 0, 0); };
+    EXPECT_FALSE(has_line());
+    EXPECT_TRUE(QTest::qWaitFor(has_line));
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ bool WaitUntil(const std::function<bool()>& holds) {
     return true;
 }
 
-Screen::Screen() {
+Screen::Screen(WindowManager manager) {
     Require("Xvfb");
     Require("xdotool");
     m_server.start(QStringLiteral("Xvfb"),
@@ -51,9 +51,30 @@ Screen::Screen() {
                                  m_server.readAllStandardError().toStdString());
     }
     m_display = QStringLiteral(":") + QString::fromLatin1(m_server.readLine()).trimmed();
+    Start(manager);
+}
+
+/// It is there once it has said so on the root window.
+void Screen::Start(WindowManager manager) {
+    if (manager == WindowManager::None) {
+        return;
+    }
+    Require("openbox");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), m_display);
+    environment.insert(QStringLiteral("HOME"), m_frame.path());
+    m_manager.setProcessEnvironment(environment);
+    m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    const bool there = m_manager.waitForStarted(kPatience) &&
+                       WaitUntil([&] { return !Tool({QStringLiteral("get_desktop")}).empty(); });
+    if (!there) {
+        throw std::runtime_error("openbox does not start");
+    }
 }
 
 Screen::~Screen() {
+    m_manager.terminate();
+    m_manager.waitForFinished(kPatience);
     m_server.terminate();
     m_server.waitForFinished(kPatience);
 }
@@ -78,10 +99,19 @@ bool Screen::Focus(const std::string& title) {
     if (!WaitUntil([&] { return Shows(title); })) {
         return false;
     }
-    const std::string found = Tool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                    QStringLiteral("--name"), QString::fromStdString(title)});
-    Tool({QStringLiteral("windowfocus"), QStringLiteral("--sync"), FirstOf(found)});
+    Tool({QStringLiteral("windowfocus"), QStringLiteral("--sync"), Window(title)});
     return true;
+}
+
+QString Screen::Window(const std::string& title) {
+    return FirstOf(Tool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                         QStringLiteral("--name"), QString::fromStdString(title)}));
+}
+
+void Screen::Click(const std::string& title) {
+    const QString window = Window(title);
+    Tool({QStringLiteral("mousemove"), QStringLiteral("--window"), window, QStringLiteral("60"),
+          QStringLiteral("60"), QStringLiteral("click"), QStringLiteral("1")});
 }
 
 void Screen::Key(const std::string& key) {

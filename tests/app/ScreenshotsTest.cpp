@@ -1,6 +1,10 @@
 // Pictures of the windows, kept beside the test program, and what must hold on each of them.
 #include <gmock/gmock.h>
 
+#include <QScreen>
+#include <QScrollArea>
+#include <algorithm>
+
 #include "app/PictureBox.h"
 #include "app/Screenshot.h"
 #include "app/WindowTest.h"
@@ -25,7 +29,7 @@ class Screenshots : public test::WindowTest {
         Dialogs.Press(QMessageBox::No);
         Click("cmdContinuous_2");
         ASSERT_TRUE(Dialogs.AllGiven());
-        QCoreApplication::processEvents();
+        Activate();
     }
 
     static QImage Keep(QWidget& widget, const std::string& name) {
@@ -63,13 +67,56 @@ TEST_F(Screenshots, MainWindowAsSmallAsItGets) {
     QCoreApplication::processEvents();
     ExpectNothingClipped(*Window);
     Keep(*Window, "main-small");
-    EXPECT_LE(Window->width(), 800);
-    EXPECT_LE(Window->height(), 700);
+    const QSize room = Window->screen()->availableSize();
+    EXPECT_EQ(Window->width(), std::min(800, room.width()));
+    EXPECT_LE(Window->height(), std::min(560, room.height()));
+}
+
+/// A screen of 960 x 540 logical pixels, less the title bar.
+TEST_F(Screenshots, EveryControlCanBeReachedOnASmallScreen) {
+    StartSolved();
+    NoteDesignNow();
+    Window->resize(960, 500);
+    QCoreApplication::processEvents();
+    Keep(*Window, "main-low");
+    auto& pane = Find<QScrollArea>("scrLeft");
+    EXPECT_LT(pane.viewport()->height(), pane.widget()->height());
+    EXPECT_LE(pane.widget()->width(), pane.viewport()->width());
+    for (QWidget* control : pane.widget()->findChildren<QWidget*>()) {
+        if (control->focusPolicy() == Qt::NoFocus || !control->isEnabled()) {
+            continue;
+        }
+        control->setFocus(Qt::ShortcutFocusReason);
+        const QRect place(control->mapTo(pane.viewport(), QPoint()), control->size());
+        EXPECT_TRUE(pane.viewport()->rect().contains(place)) << control->objectName().toStdString();
+    }
+    const QRect inside = Window->rect();
+    for (const char* name : {"scrArc", "picGraph_0", "picGraph_3", "chkFitWidth", "lblDesign"}) {
+        const auto& control = Find<QWidget>(name);
+        const QRect place(control.mapTo(Window.get(), QPoint()), control.size());
+        EXPECT_TRUE(inside.contains(place)) << name;
+        EXPECT_GT(place.height(), 10) << name;
+    }
+}
+
+TEST_F(Screenshots, MainWindowOutOfDate) {
+    StartSolved();
+    NoteDesignNow();
+    Type("txtDays", "199");
+    PressKey(Qt::Key_Return);
+    QCoreApplication::processEvents();
+    ExpectNothingClipped(*Window);
+    Keep(*Window, "main-out-of-date");
+    EXPECT_TRUE(Find<QLabel>("lblOutOfDate").isVisible());
 }
 
 TEST_F(Screenshots, MainWindowInADarkPalette) {
     QApplication::setPalette(test::DarkPalette());
     StartSolved();
+    NoteDesignNow();
+    Type("txtDays", "199");
+    PressKey(Qt::Key_Return);
+    QCoreApplication::processEvents();
     Keep(*Window, "main-dark");
     EXPECT_LT(Window->palette().color(QPalette::Window).lightness(), 80);
     for (const PictureBox* box : Window->findChildren<PictureBox*>()) {

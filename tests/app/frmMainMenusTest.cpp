@@ -75,6 +75,27 @@ TEST_F(frmMainMenus, NoMnemonicIsUsedTwice) {
     EXPECT_EQ(twice, keys.end()) << *twice;
 }
 
+TEST_F(frmMainMenus, EnterPressesEveryButtonThatHasTheFocus) {
+    Start("INSERT INTO Demand VALUES (5000, 100);");
+    Window->SelectDemand(0);
+    Window->RunEvent([] {});
+    for (QAbstractButton* button : Window->centralWidget()->findChildren<QAbstractButton*>()) {
+        if (!button->objectName().startsWith("cmd") && !button->objectName().startsWith("chk")) {
+            continue;
+        }
+        ASSERT_TRUE(button->isEnabled());
+        for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+            int pressed = 0;
+            QObject counter;
+            button->disconnect(SIGNAL(clicked(bool)));
+            QObject::connect(button, &QAbstractButton::clicked, &counter, [&] { ++pressed; });
+            button->setFocus();
+            QTest::keyClick(Window->windowHandle(), enter);
+            EXPECT_EQ(pressed, 1) << button->objectName().toStdString();
+        }
+    }
+}
+
 TEST_F(frmMainMenus, SaveIsEnabledExactlyWhenSomethingChanged) {
     Start();
     QMenu& file = Find<QMenu>("mnuFile");

@@ -66,6 +66,30 @@ TEST_F(frmSplashWindow, GoesOnAKeyForTheMainWindow) {
     EXPECT_TRUE(IsGone());
 }
 
+TEST_F(frmSplashWindow, NeverHasTheKeyboard) {
+    EXPECT_TRUE(Splash->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_TRUE(Splash->testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+TEST_F(frmSplashWindow, GivesTheKeyboardToTheMainWindowOnAClick) {
+    QMainWindow other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    QTest::mouseClick(Part("Label2"), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main));
+}
+
+TEST_F(frmSplashWindow, LeavesTheKeyboardWhereItIsWhenItsTimeIsUp) {
+    QMainWindow other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    Splash->findChild<QTimer*>(QStringLiteral("tmrQuitMe"))->start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsGone(); }));
+    EXPECT_TRUE(other.isActiveWindow());
+}
+
 class EveryPart : public frmSplashWindow, public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(EveryPart, GoesOnAClick) {
