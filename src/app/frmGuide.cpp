@@ -1,5 +1,7 @@
 #include "app/frmGuide.h"
 
+#include <QScreen>
+
 #include "app/AppIcon.h"
 #include "ui_frmGuide.h"
 
@@ -8,9 +10,12 @@ namespace quarnel02 {
 frmGuide::frmGuide(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmGuide>()) {
     constexpr int columns = 100;
     constexpr int lines = 36;
+    constexpr double share_of_screen = 0.85;
     m_ui->setupUi(this);
     m_ui->txtGuide->setMarkdown(ResourceText(QStringLiteral("guide.md")));
-    resize(columns * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing());
+    const QSize wanted(columns * fontMetrics().averageCharWidth(),
+                       lines * fontMetrics().lineSpacing());
+    resize(wanted.boundedTo(screen()->availableSize() * share_of_screen));
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &QWidget::close);
 }
 

@@ -56,7 +56,7 @@ void frmMain::LayOutMark() {
 }
 
 /// 800 x 560, or what a smaller screen has room for. The left pane scrolls where it is too low, and
-/// a control that gets the focus comes into view.
+/// a control to which the focus moves comes into view.
 void frmMain::LimitSize() {
     constexpr QSize smallest(800, 560);
     const QSize title_bar(0, 2 * fontMetrics().lineSpacing());
@@ -66,8 +66,8 @@ void frmMain::LimitSize() {
     m_ui->scrLeft->setMinimumWidth(m_ui->paneLeft->minimumSizeHint().width() +
                                    m_ui->scrLeft->verticalScrollBar()->sizeHint().width());
     setMinimumSize(smallest.boundedTo(screen()->availableSize() - title_bar));
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (now != nullptr && m_ui->paneLeft->isAncestorOf(now)) {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        if (before != nullptr && now != nullptr && m_ui->paneLeft->isAncestorOf(now)) {
             m_ui->scrLeft->ensureWidgetVisible(now);
         }
     });

@@ -3,11 +3,30 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QFontInfo>
+#include <QScreen>
 #include <utility>
 
 #include "ui_frmReport.h"
 
 namespace quarnel02 {
+
+namespace {
+
+constexpr double kShareOfScreen = 0.85;  ///< at most; the title bar needs room as well
+
+/// Some desktop themes name a proportional font here, which takes the columns apart.
+QFont FixedPitchFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(font).fixedPitch()) {
+        font.setFamilies({QStringLiteral("monospace"), QStringLiteral("Liberation Mono")});
+        font.setStyleHint(QFont::Monospace);
+        font.setFixedPitch(true);
+    }
+    return font;
+}
+
+}  // namespace
 
 frmReport::frmReport(QWidget* parent, QString file)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmReport>()), m_file(std::move(file)) {
@@ -16,10 +35,12 @@ frmReport::frmReport(QWidget* parent, QString file)
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QFileInfo(m_file).fileName());
-    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const QFont font = FixedPitchFont();
     m_ui->txtReport->setFont(font);
     const QFontMetrics metrics(font);
-    resize(columns * metrics.horizontalAdvance(QLatin1Char('0')), lines * metrics.lineSpacing());
+    const QSize wanted(columns * metrics.horizontalAdvance(QLatin1Char('0')),
+                       lines * metrics.lineSpacing());
+    resize(wanted.boundedTo(screen()->availableSize() * kShareOfScreen));
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &QWidget::close);
     Reload();
 }

@@ -1,8 +1,11 @@
 // Pictures of the windows, kept beside the test program, and what must hold on each of them.
 #include <gmock/gmock.h>
 
+#include <QFontInfo>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "app/PictureBox.h"
@@ -81,6 +84,7 @@ TEST_F(Screenshots, EveryControlCanBeReachedOnASmallScreen) {
     Keep(*Window, "main-low");
     auto& pane = Find<QScrollArea>("scrLeft");
     EXPECT_LT(pane.viewport()->height(), pane.widget()->height());
+    EXPECT_EQ(pane.verticalScrollBar()->value(), 0);
     EXPECT_LE(pane.widget()->width(), pane.viewport()->width());
     for (QWidget* control : pane.widget()->findChildren<QWidget*>()) {
         if (control->focusPolicy() == Qt::NoFocus || !control->isEnabled()) {
@@ -136,9 +140,17 @@ TEST_F(Screenshots, OtherWindows) {
     Item("mnuFileOpen").trigger();
 
     ShowReport(Window.get(), QString::fromStdString(Copy->File("RunRpt.txt").string()));
-    Keep(*Window->findChild<frmReport*>(), "report");
+    auto& report = *Window->findChild<frmReport*>();
+    Keep(report, "report");
+    EXPECT_TRUE(QFontInfo(report.findChild<QPlainTextEdit*>()->font()).fixedPitch());
     Item("mnuHelpGuide").trigger();
-    Keep(*Window->findChild<frmGuide*>(), "guide");
+    auto& guide = *Window->findChild<frmGuide*>();
+    Keep(guide, "guide");
+    for (const QWidget* window : {static_cast<QWidget*>(&report), static_cast<QWidget*>(&guide)}) {
+        const QSize room = Window->screen()->availableSize();
+        EXPECT_LT(window->width(), room.width());
+        EXPECT_LT(window->height(), room.height());
+    }
 
     frmStatus status(Window.get());
     status.show();
