@@ -6,6 +6,7 @@
 
 #include "app/WindowTest.h"
 #include "basic/Files.h"
+#include "support/ModelScript.h"
 
 namespace quarnel02 {
 namespace {
@@ -181,6 +182,90 @@ TEST_F(frmMainMarks, RecoverSaysThatNothingIsKept) {
     ASSERT_EQ(items.size(), 1);
     EXPECT_EQ(items[0]->text(), "No work has been kept");
     EXPECT_FALSE(items[0]->isEnabled());
+}
+
+class frmMainDesigns : public frmMainMarks {
+  protected:
+    void StartSolved() {
+        test::ModelScript model = test::WorkedExample();
+        model.Demand = {{100000, 100}};
+        Start(model.Sql() + "INSERT INTO Tasks VALUES (1, 'Press'), (2, 'Screw');");
+        Dialogs.Press(QMessageBox::No);
+        Click("cmdContinuous_1");
+        Activate();
+    }
+};
+
+TEST_F(frmMainDesigns, ASolveIsNamedInTheStatusLineAndIsCurrent) {
+    StartSolved();
+    EXPECT_THAT(Design(), HasSubstr("1 shift, 100,000 units a year - "));
+    EXPECT_FALSE(IsMarked());
+    EXPECT_EQ(Caption("mnuViewLastCont"), "&Solution summary");
+}
+
+TEST_F(frmMainDesigns, AChangeMarksPicturesAndReportUntilTheNextSolve) {
+    StartSolved();
+    Type("txtDays", "200");
+    PressKey(Qt::Key_Return);
+    EXPECT_TRUE(IsMarked());
+    EXPECT_EQ(Caption("mnuViewLastCont"), "&Solution summary (out of date)");
+    Dialogs.Press(QMessageBox::No);
+    Click("cmdContinuous_1");
+    EXPECT_FALSE(IsMarked());
+    EXPECT_EQ(Caption("mnuViewLastCont"), "&Solution summary");
+}
+
+TEST_F(frmMainDesigns, AnotherModelHasNoResultsAndEmptyBoxes) {
+    StartSolved();
+    EXPECT_NE(Box("txtVolume").text(), "");
+    Item("mnuFileNew").trigger();
+    EXPECT_EQ(Box("txtVolume").text(), "");
+    EXPECT_EQ(Box("txtProb").text(), "");
+    EXPECT_EQ(Design(), "");
+    EXPECT_FALSE(IsMarked());
+}
+
+TEST_F(frmMainDesigns, LookingIntoTheEditorsKeepsTheChosenLine) {
+    StartSolved();
+    const auto figures = Window->picArc.Figures();
+    for (const char* editor : {"mnuViewTasks", "mnuViewResources", "mnuViewMatrix"}) {
+        Edit(editor, [](QDialog&) {});
+        EXPECT_EQ(Window->picArc.Figures(), figures) << editor;
+        EXPECT_FALSE(IsMarked()) << editor;
+    }
+}
+
+TEST_F(frmMainMarks, TheSaveQuestionProposesYesAndOnlyItsButtonsAnswer) {
+    Start();
+    Type("txtDays", "200");
+    PressKey(Qt::Key_Return);
+    Dialogs.Add([](QDialog& dialog) {
+        const auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::Yes));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.close();
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton);
+    });
+    Item("mnuFileNew").trigger();
+    EXPECT_EQ(Box("txtDays").text(), "250");
+}
+
+TEST_F(frmMainMarks, RecoverBringsBackWorkThatWasNotSaved) {
+    Start();
+    Type("txtDays", "200");
+    PressKey(Qt::Key_Return);
+    Dialogs.Press(QMessageBox::No);
+    Item("mnuFileNew").trigger();
+    EXPECT_EQ(Box("txtDays").text(), "250");
+    OpenMenu("mnuFileRecover");
+    const auto items = Find<QMenu>("mnuFileRecover").actions();
+    ASSERT_EQ(items.size(), 1);
+    EXPECT_THAT(items[0]->text().toStdString(), HasSubstr("Untitled"));
+    items[0]->trigger();
+    EXPECT_EQ(Box("txtDays").text(), "200");
+    EXPECT_EQ(Title(), "Quarnel02");
 }
 
 }  // namespace
