@@ -205,7 +205,7 @@ void ForeignFile::RequireTable(const TableSchema& table) const {
             RefuseFile(m_name, "has no table " + table_name + ".");
         }
         const bool is_view = find.getColumn(0).getString() == "view";
-        if (is_view || find.getColumn(1).getInt64() == 0) {
+        if (find.getColumn(1).getInt64() == 0) {  // no pages of its own
             RefuseFile(m_name, "has no table " + table_name + ": a " +
                                    (is_view ? "view" : "virtual table") + " stands in its place.");
         }
