@@ -1,0 +1,46 @@
+#include "model/Defences.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <string>
+#include <utility>
+
+namespace quarnel02 {
+
+namespace {
+
+/// What a file may ask of SQLite, in place of limits that are meant for a program's own databases.
+constexpr std::array<std::pair<int, int>, 10> kLimits = {{
+    {SQLITE_LIMIT_LENGTH, 16 << 20},
+    {SQLITE_LIMIT_SQL_LENGTH, 100000},
+    {SQLITE_LIMIT_COLUMN, 200},
+    {SQLITE_LIMIT_EXPR_DEPTH, 100},
+    {SQLITE_LIMIT_COMPOUND_SELECT, 20},
+    {SQLITE_LIMIT_VDBE_OP, 25000},
+    {SQLITE_LIMIT_FUNCTION_ARG, 16},
+    {SQLITE_LIMIT_ATTACHED, 0},
+    {SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 100},
+    {SQLITE_LIMIT_TRIGGER_DEPTH, 10},
+}};
+
+}  // namespace
+
+void Defend(SQLite::Database& database) {
+    sqlite3* const handle = database.getHandle();
+    for (const auto& [limit, value] : kLimits) {
+        sqlite3_limit(handle, limit, value);
+    }
+    for (const auto& [option, value] :
+         {std::pair(SQLITE_DBCONFIG_DEFENSIVE, 1), std::pair(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0),
+          std::pair(SQLITE_DBCONFIG_ENABLE_TRIGGER, 0),
+          std::pair(SQLITE_DBCONFIG_ENABLE_VIEW, 0)}) {
+        sqlite3_db_config(handle, option, value, nullptr);
+    }
+    for (const char* setting : {"cell_size_check = ON", "mmap_size = 0", "query_only = ON",
+                                "temp_store = MEMORY", "ignore_check_constraints = ON"}) {
+        database.exec(std::string("PRAGMA ") + setting);
+    }
+}
+
+}  // namespace quarnel02
