@@ -16,6 +16,11 @@ FileHandle OpenRunFile(const std::filesystem::path& path, const char* mode) {
     return file;
 }
 
+FileHandle MakeRunFile(const std::filesystem::path& path) {
+    RequireFree(path);
+    return OpenRunFile(path, "wb");
+}
+
 void ThrowRunFileError(const std::filesystem::path& path, const char* doing) {
     throw RunTimeError(ErrorKind::FileAccess,
                        "The run file " + PathText(path) + " cannot be " + doing + ": " +

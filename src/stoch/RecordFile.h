@@ -21,6 +21,9 @@ using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 /// Opens a run file. Throws FileAccess naming it.
 FileHandle OpenRunFile(const std::filesystem::path& path, const char* mode);
 
+/// Makes a run file anew. Throws FileAccess, also where something else has its name.
+FileHandle MakeRunFile(const std::filesystem::path& path);
+
 [[noreturn]] void ThrowRunFileError(const std::filesystem::path& path, const char* doing);
 
 /// Writes a run file from record 1 on; a run file of that name is replaced. What reaches the disk
@@ -30,10 +33,9 @@ template <class Record>
 class RecordWriter {
   public:
     /// Throws FileAccess, also where something else has the name.
-    explicit RecordWriter(std::filesystem::path path) : m_path(std::move(path)) {
-        RequireFree(m_path);
-        m_file = OpenRunFile(m_path, "wb");
-        std::setvbuf(m_file.get(), m_buffer.data(), _IOFBF, m_buffer.size());
+    explicit RecordWriter(std::filesystem::path path)
+        : m_path(std::move(path)), m_file(MakeRunFile(m_path)) {
+        (void)std::setvbuf(m_file.get(), m_buffer.data(), _IOFBF, m_buffer.size());
     }
     ~RecordWriter() {
         if (m_file) {
