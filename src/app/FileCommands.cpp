@@ -156,7 +156,7 @@ bool FileCommands::Read(const fs::path& source) {
     try {
         RepairTemplate(Template());
         IncomingModel incoming(m_form);
-        ReadModel(source, Template(), incoming.Path(), PathText(source));
+        ReadModel(source, incoming.Path(), PathText(source));
         incoming.Try(PathText(source));
         if (!Leave()) {
             return false;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "basic/Files.h"
+#include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "model/Connection.h"
 #include "model/Defences.h"
@@ -73,6 +74,16 @@ std::string Fault(const SQLite::Column& column, FieldType type) {
         return "is infinite.";
     }
     return {};
+}
+
+/// Rounding would change a figure of the user's file in silence. Throws Overflow.
+void RequireWholeNumber(const Value& value, const std::string& field) {
+    const Value number = ConvertTo(FieldType::Real, value, field);
+    const auto* real = std::get_if<double>(&number);
+    if (real != nullptr && *real != std::trunc(*real)) {
+        throw RunTimeError(ErrorKind::Overflow, field + ": " + NumberText(*real) +
+                                                    " is no whole number. Correct it there.");
+    }
 }
 
 }  // namespace
@@ -225,7 +236,11 @@ Value ForeignFile::ReadValue(const SQLite::Column& column, const TableSchema& ta
         refuse(std::string(field_name) + " is longer than 128 KB. Shorten it there.");
     }
     try {
-        Value value = ConvertTo(type, Untyped(column), std::string(field_name));
+        const Value untyped = Untyped(column);
+        if (type == FieldType::Integer) {
+            RequireWholeNumber(untyped, std::string(field_name));
+        }
+        Value value = ConvertTo(type, untyped, std::string(field_name));
         const auto* text = std::get_if<std::string>(&value);
         CountContent(text == nullptr ? sizeof(double) : text->size());
         return value;

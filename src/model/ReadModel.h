@@ -18,11 +18,4 @@ namespace quarnel02 {
 void ReadModel(const std::filesystem::path& source, const std::filesystem::path& workingCopy,
                std::string_view name);
 
-/// The same. The template at `emptyModel` is not needed to make an empty working copy.
-inline void ReadModel(const std::filesystem::path& source,
-                      const std::filesystem::path& /*emptyModel*/,
-                      const std::filesystem::path& workingCopy, std::string_view name) {
-    ReadModel(source, workingCopy, name);
-}
-
 }  // namespace quarnel02

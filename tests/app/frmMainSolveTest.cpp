@@ -198,6 +198,11 @@ TEST_F(frmMainSolve, StochasticDesignFillsEveryPictureAndOpensTheReport) {
         EXPECT_FALSE(picture.Figures().empty());
     }
     EXPECT_THAT(ReadFile(Copy->File("ProdRpt.txt")), HasSubstr("Demand:     100000\n"));
+    EXPECT_THAT(Find<QLabel>("lblDesign").text().toStdString(), HasSubstr("units a year"));
+    EXPECT_FALSE(Find<QLabel>("lblOutOfDate").isVisible());
+    Type("txtDays", "125");
+    PressKey(Qt::Key_Return);
+    EXPECT_TRUE(Find<QLabel>("lblOutOfDate").isVisible());
     EXPECT_THAT(Started, ElementsAre("notepad.exe|" + Copy->File("ProdRpt.txt").string()));
     EXPECT_TRUE(Window->isEnabled());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -222,7 +227,9 @@ TEST_F(frmMainSolve, StochasticDesignShowsItsProgressInTheStatusWindow) {
 }
 
 TEST_F(frmMainSolve, FailingStochasticDesignLeavesTheWindowUsable) {
-    StartWith(std::vector<std::pair<double, double>>(11, {100000, 9}));  // one row too many
+    std::vector<std::pair<double, double>> demand(10, {100000, 9});
+    demand.emplace_back(110000, 10);  // one row too many
+    StartWith(demand);
     Dialogs.Press(QMessageBox::Ok);
     Click("cmdStoch");
     ASSERT_EQ(Dialogs.Seen.size(), 1U);

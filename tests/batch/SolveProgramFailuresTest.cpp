@@ -288,6 +288,18 @@ std::string WithTasks(const SolveRun& run, const std::vector<int>& tasks) {
     });
 }
 
+TEST(SolveProgramMessages, ReportsALineThatEndsEarlyAndSaysWhere) {
+    const SolveRun run;
+    const auto model = Spoilt(run, [](ModelScript& script) {
+        std::erase_if(script.Matrix, [](const auto& row) { return row.Task == 2; });
+    });
+    const auto result = Solve(run, model);
+    EXPECT_EQ(result.Status, 2);
+    EXPECT_TRUE(result.Out.starts_with("Solution\n")) << result.Out;
+    EXPECT_EQ(result.Err,
+              "This line ends after task 1: no resource can do tasks 2 to 2 within the limits.\n");
+}
+
 TEST(SolveProgramMessages, SaysThatANodeIsNotReached) {
     // Nothing ends at node 3, where the station for task 3 starts.
     const SolveRun run;

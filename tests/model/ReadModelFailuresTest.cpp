@@ -29,6 +29,8 @@ TEST_F(ReadModelFailures, NamesAValueThatAFieldCannotHold) {
     };
     for (const Wrong& wrong :
          {Wrong{"'abc'", "TaskId: \"abc\" is not a number"}, Wrong{"40000", "TaskId: 40000 is out"},
+          Wrong{"2.5", "TaskId: 2.5 is no whole number. Correct it there."},
+          Wrong{"'2.5'", "TaskId: 2.5 is no whole number. Correct it there."},
           Wrong{"x'0102'", "TaskId is no text or number"}, Wrong{"9e999", "TaskId is infinite"},
           Wrong{"hex(zeroblob(500000))", "TaskId is a text, not a number"}}) {
         Make(
