@@ -79,7 +79,7 @@ bool FileCommands::KeepLastSession(const std::optional<SessionState>& last) {
         if (m_inputs.Digest() == (known ? *last->Saved : DigestOf(Template()))) {
             return false;
         }
-        m_kept.Keep(m_form.WorkingCopy());
+        static_cast<void>(m_kept.Keep(m_form.WorkingCopy()));
         return true;
     } catch (const std::exception& error) {
         return SetWorkAside(error);
@@ -131,7 +131,7 @@ bool FileCommands::Leave() {
     try {
         if (!IsEmptyOrMissing(m_form.WorkingCopy()) && HasUnsavedWork()) {
             m_form.CloseModel();
-            m_kept.Keep(m_form.WorkingCopy());
+            static_cast<void>(m_kept.Keep(m_form.WorkingCopy()));
         }
         return true;
     } catch (const std::exception& error) {

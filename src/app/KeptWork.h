@@ -25,14 +25,14 @@ class KeptWork {
 
     /// Keeps the model of the working copy, unless the newest kept model has the same inputs.
     /// Gives the file that holds the work. Throws what KeepModel and the store report.
-    std::filesystem::path Keep(const std::filesystem::path& workingCopy,
-                               Clock::time_point now = Clock::now()) const;
+    [[nodiscard]] std::filesystem::path Keep(const std::filesystem::path& workingCopy,
+                                             Clock::time_point now = Clock::now()) const;
 
     /// Moves a working copy that cannot be copied, with its journal, into the directory as it is:
     /// as a model where it can be read as one, else with the extension ".seq", which List leaves
     /// out. Gives its new place. Throws FileAccess.
-    std::filesystem::path SetAside(const std::filesystem::path& file,
-                                   Clock::time_point now = Clock::now()) const;
+    [[nodiscard]] std::filesystem::path SetAside(const std::filesystem::path& file,
+                                                 Clock::time_point now = Clock::now()) const;
 
     /// Whether a file stands in the directory.
     [[nodiscard]] bool Holds(const std::filesystem::path& file) const;

@@ -66,7 +66,7 @@ TEST_F(Keeping, DoesNotKeepTheSameTwiceInARow) {
     SetDays(200);
     EXPECT_NE(Work.Keep(Model.File(), Now + 2min), first);
     SetDays(250);
-    Work.Keep(Model.File(), Now + 3min);
+    static_cast<void>(Work.Keep(Model.File(), Now + 3min));
     EXPECT_EQ(Work.List().size(), 3U);
 }
 
@@ -101,7 +101,7 @@ TEST_F(Keeping, StopsAtTheNewestTwentyAndSparesFilesOfOthers) {
 TEST_F(Keeping, NeverRemovesWhatItHasJustKept) {
     for (int work = 0; work < 20; ++work) {
         SetDays(100 + work);
-        Work.Keep(Model.File(), Now + work * 1min);
+        static_cast<void>(Work.Keep(Model.File(), Now + work * 1min));
     }
     SetDays(99);
     EXPECT_TRUE(fs::exists(Work.Keep(Model.File(), Now - 1h)));
