@@ -17,7 +17,10 @@ class BenchForm : public HeadlessForm {
     void ShowMessage(const std::string& text, MessageIcon /*icon*/) override {
         throw std::runtime_error(text);
     }
-    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/) override { return false; }
+    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/,
+                  Answer /*proposed*/) override {
+        return false;
+    }
     std::string InputBox(const std::string& /*prompt*/, const std::string& /*title*/,
                          const std::string& /*proposal*/) override {
         return kDemand;

@@ -25,7 +25,10 @@ namespace {
 class BenchWindow : public frmMain {
   public:
     using frmMain::frmMain;
-    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/) override { return false; }
+    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/,
+                  Answer /*proposed*/) override {
+        return false;
+    }
     std::string InputBox(const std::string& /*prompt*/, const std::string& /*title*/,
                          const std::string& /*proposal*/) override {
         return "60000";
