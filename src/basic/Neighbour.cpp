@@ -70,8 +70,8 @@ bool IsLeft(const Descriptor& file) {
 
 }  // namespace
 
-Neighbour::Neighbour(const fs::path& target, std::string_view content, const Ownership& ownership)
-    : m_target(target), m_ownership(ownership) {
+Neighbour::Neighbour(fs::path target, std::string_view content, const Ownership& ownership)
+    : m_target(std::move(target)), m_ownership(ownership) {
     try {
         if (!MakeNameless(content)) {
             MakeNamed(content);

@@ -27,8 +27,7 @@ struct Ownership {
 class Neighbour {
   public:
     /// Throws FileNotFound or FileAccess in the name of `target`; nothing is left then.
-    Neighbour(const std::filesystem::path& target, std::string_view content,
-              const Ownership& ownership);
+    Neighbour(std::filesystem::path target, std::string_view content, const Ownership& ownership);
     ~Neighbour();
     Neighbour(const Neighbour&) = delete;
     Neighbour& operator=(const Neighbour&) = delete;

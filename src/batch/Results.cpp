@@ -25,7 +25,7 @@ using Pictures = std::vector<std::pair<const char*, const Picture*>>;
 
 Pictures PicturesOf(const BatchForm& form, bool stochastic) {
     Pictures pictures = {{"network.svg", &form.picArc},
-                         {"summary.svg", &form.picGraph[0]},
+                         {"summary.svg", form.picGraph.data()},
                          {"line.svg", &form.picGraph[2]}};
     if (stochastic) {
         pictures.emplace_back("demand.svg", &form.picGraph[1]);

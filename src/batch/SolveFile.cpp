@@ -12,8 +12,6 @@
 #include "shell/Reports.h"
 #include "stoch/cmdStoch.h"
 
-namespace fs = std::filesystem;
-
 namespace quarnel02 {
 
 namespace {
