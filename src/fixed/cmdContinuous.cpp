@@ -20,7 +20,7 @@ std::string AskDemand(MainForm& form, const std::string& proposal) {
 
 /// The volume that the only demand row shows; "" when that is none, which the user is told.
 std::string VolumeOfOnlyRow(MainForm& form) {
-    const std::string volume = form.Text(TextBox::txtVolume);
+    std::string volume = form.Text(TextBox::txtVolume);
     if (volume.empty()) {
         form.ShowMessage(
             "The volume of the only demand row is 0. Enter a volume above 0 and press Update, or "

@@ -287,10 +287,10 @@ std::vector<std::string> ForeignFile::ObjectsBeyondModel() const {
                                "'view', 'trigger') AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' "
                                "ORDER BY type, name");
         while (find.executeStep()) {
-            const std::string type = find.getColumn(0).getString();
+            std::string object = find.getColumn(0).getString();
             const std::string name = find.getColumn(1).getString();
-            if (type != "table" || FindTable(name) == nullptr) {
-                objects.push_back(type + " " + name);
+            if (object != "table" || FindTable(name) == nullptr) {
+                objects.push_back(object.append(" ").append(name));
             }
         }
         return objects;

@@ -59,9 +59,10 @@ std::string Refusal(const Figure& figure, const std::string& what) {
 }  // namespace
 
 const Figure* FindFigure(std::string_view table, std::string_view field) {
-    const auto found = std::find_if(kFigures.begin(), kFigures.end(), [&](const Figure& figure) {
-        return SameName(figure.Table, table) && SameName(figure.Field, field);
-    });
+    const auto* const found =
+        std::find_if(kFigures.begin(), kFigures.end(), [&](const Figure& figure) {
+            return SameName(figure.Table, table) && SameName(figure.Field, field);
+        });
     return found == kFigures.end() ? nullptr : &*found;
 }
 

@@ -24,7 +24,7 @@ bool HasEveryResource(const Database& database) {
     }
     const RecordSet gen = database.OpenRecordSet("SELECT Resources FROM Gen;");
     std::int64_t number = gen.Integer(0);
-    while (number > 0 && numbers.count(Value(number)) > 0) {
+    while (number > 0 && numbers.contains(Value(number))) {
         --number;
     }
     return number == 0;
