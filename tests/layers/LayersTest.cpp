@@ -17,10 +17,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Floors from the lowest; `batch` and `app` stand on the same one and may not see each other.
-const std::map<std::string, int> kFloors = {{"basic", 0}, {"model", 1}, {"shell", 2},
-                                            {"fixed", 3}, {"stoch", 4}, {"editors", 5},
-                                            {"batch", 6}, {"app", 6}};
+/// Floors from the lowest; folders on the same one (`model` and `line`, `batch` and `app`) may not
+/// see each other.
+const std::map<std::string, int> kFloors = {{"basic", 0},   {"model", 1}, {"line", 1},
+                                            {"shell", 2},   {"fixed", 3}, {"stoch", 4},
+                                            {"editors", 5}, {"batch", 6}, {"app", 6}};
 
 struct Include {
     fs::path File;
