@@ -1,6 +1,8 @@
 #include "line/LineModel.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <utility>
 
 #include "basic/Numbers.h"
@@ -9,6 +11,9 @@
 namespace quarnel02 {
 
 namespace {
+
+constexpr std::size_t kMostTasks = 255;  ///< more would make over 32,767 arcs
+constexpr std::size_t kMostResources = std::numeric_limits<std::int16_t>::max();
 
 [[noreturn]] void Refuse(const std::string& message) {
     throw RunTimeError(ErrorKind::NotAModel, message);
@@ -31,6 +36,15 @@ std::string NameOf(const MatrixRow& row) {
     return "Task " + NumberText(row.Task) + " on resource " + NumberText(row.Resource);
 }
 
+void RequireAtMost(std::size_t most, std::size_t count, const std::string& plural) {
+    if (count > most) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "The model has " + NumberText(static_cast<int>(count)) + " " + plural +
+                               ", and at most " + NumberText(static_cast<int>(most)) +
+                               " are possible. Join or remove some.");
+    }
+}
+
 }  // namespace
 
 LineModel::LineModel(Production production, std::vector<Resource> resources,
@@ -39,10 +53,12 @@ LineModel::LineModel(Production production, std::vector<Resource> resources,
     : m_production(std::move(production)),
       m_resources(std::move(resources)),
       m_tasks(std::move(tasks)),
-      m_matrix(m_resources.size() * m_tasks.size()),
       m_demand(std::move(demand)) {
+    RequireAtMost(kMostResources, m_resources.size(), "resources");
+    RequireAtMost(kMostTasks, m_tasks.size(), "tasks");
     SortByNumber(m_resources, "Resource");
     SortByNumber(m_tasks, "Task");
+    m_matrix.resize(m_resources.size() * m_tasks.size());
     Enter(matrix);
 }
 

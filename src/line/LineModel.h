@@ -67,7 +67,8 @@ class LineModel {
 
     /// Resources, tasks and matrix rows may come in any order; the demand points keep theirs.
     /// Throws NotAModel, with a line that names the record, for a number twice or outside its
-    /// range, and for a matrix row of a missing resource or task or with a pair that came before.
+    /// range, and for a matrix row of a missing resource or task or with a pair that came before;
+    /// Overflow for more than 255 tasks or 32,767 resources.
     LineModel(Production production, std::vector<Resource> resources, std::vector<Task> tasks,
               std::span<const MatrixRow> matrix, std::vector<DemandPoint> demand);
 

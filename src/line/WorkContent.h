@@ -23,7 +23,7 @@ struct WorkContent {
 /// tool is not the first one, the longer of transport and tool change, over the uptime again.
 class StationContent {
   public:
-    /// The resource must outlive the object. Throws DivisionByZero when its uptime is 0.
+    /// Throws DivisionByZero when its uptime is 0.
     StationContent(const Resource& resource, double transportTime);
 
     /// Begins anew, without tasks.

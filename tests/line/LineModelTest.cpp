@@ -78,6 +78,13 @@ TEST(LineModel, RefusesNumbersWithGapsOrTwice) {
     EXPECT_NE(twice.find("Task 1"), std::string::npos) << twice;
 }
 
+TEST(LineModel, RefusesMoreTasksThanThereAreArcsFor) {
+    EXPECT_EQ(LineModel({}, {}, Tasks(255), {}, {}).TaskCount(), 255);
+    const auto message =
+        ExpectRunTimeError(ErrorKind::Overflow, [] { LineModel({}, {}, Tasks(256), {}, {}); });
+    EXPECT_NE(message.find("256 tasks, and at most 255"), std::string::npos) << message;
+}
+
 TEST(LineModel, RefusesMatrixRowsOfMissingRecordsAndPairsTwice) {
     const std::vector<MatrixRow> wrong_rows = {{0, 1, {}}, {3, 1, {}}, {1, 0, {}}, {1, 4, {}}};
     for (const MatrixRow& row : wrong_rows) {

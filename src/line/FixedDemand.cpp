@@ -1,0 +1,28 @@
+#include "line/FixedDemand.h"
+
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+
+namespace quarnel02 {
+
+Workload WorkloadOf(const FixedDemandRequest& request, const Production& production) {
+    constexpr double hours_per_shift = 8;
+    constexpr double seconds_per_hour = 3600;
+    if (request.Volume == 0) {
+        throw RunTimeError(ErrorKind::DivisionByZero,
+                           "Fixed Demand is 0. Enter an annual volume above 0.");
+    }
+    if (request.Volume < 0) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "Fixed Demand: " + NumberText(request.Volume) +
+                               " is negative. Enter an annual volume above 0.");
+    }
+    return {request.Volume, request.Shifts,
+            production.Days * request.Shifts * hours_per_shift * seconds_per_hour / request.Volume};
+}
+
+bool IsOverLimit(const PathwayCost& cost, const FixedDemandRequest& request) {
+    return cost.OverEveryLimit || (request.StationLimit && cost.Stations > *request.StationLimit);
+}
+
+}  // namespace quarnel02

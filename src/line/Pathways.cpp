@@ -1,0 +1,75 @@
+#include "line/Pathways.h"
+
+#include <limits>
+#include <utility>
+
+#include "basic/RunTimeError.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr std::size_t kMostPathways = std::numeric_limits<std::int16_t>::max();
+
+void RequireRoom(std::size_t count) {
+    if (count == kMostPathways) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "Pathways: the model has more than 32,767 pathways (a task range and a "
+                           "resource that can do it). Remove tasks, resources or matrix rows.");
+    }
+}
+
+/// Appends the pathways of a resource that begin with a task.
+void AppendChain(std::vector<Pathway>& pathways, const LineModel& model, int resource, int first) {
+    for (int last = first; last <= model.TaskCount() && model.CanDo(resource, last); ++last) {
+        RequireRoom(pathways.size());
+        pathways.push_back({static_cast<std::int16_t>(resource), static_cast<std::int16_t>(first),
+                            static_cast<std::int16_t>(last)});
+    }
+}
+
+/// Appends the contents of the pathways of one resource, which begin at `place`; returns the place
+/// behind them.
+std::size_t AppendContents(std::vector<WorkContent>& contents, const LineModel& model,
+                           std::span<const Pathway> pathways, std::size_t place) {
+    const int resource = pathways[place].Resource;
+    StationContent content(model.ResourceOf(resource), model.Parameters().TransportTime);
+    for (; place < pathways.size() && pathways[place].Resource == resource; ++place) {
+        const Pathway& pathway = pathways[place];
+        if (pathway.FirstTask == pathway.LastTask) {
+            content.Clear();
+        }
+        content.Add(model.Entry(resource, pathway.LastTask));
+        contents.push_back(content.Content());
+    }
+    return place;
+}
+
+}  // namespace
+
+std::vector<Pathway> PathwaysOf(const LineModel& model) {
+    std::vector<Pathway> pathways;
+    for (int resource = 1; resource <= model.ResourceCount(); ++resource) {
+        for (int first = 1; first <= model.TaskCount(); ++first) {
+            AppendChain(pathways, model, resource, first);
+        }
+    }
+    return pathways;
+}
+
+std::vector<WorkContent> ContentsOf(const LineModel& model, std::span<const Pathway> pathways) {
+    std::vector<WorkContent> contents;
+    contents.reserve(pathways.size());
+    for (std::size_t place = 0; place < pathways.size();) {
+        place = AppendContents(contents, model, pathways, place);
+    }
+    return contents;
+}
+
+PreparedLine Prepare(LineModel model) {
+    std::vector<Pathway> pathways = PathwaysOf(model);
+    std::vector<WorkContent> contents = ContentsOf(model, pathways);
+    return {std::move(model), std::move(pathways), std::move(contents)};
+}
+
+}  // namespace quarnel02
