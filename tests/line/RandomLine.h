@@ -12,13 +12,14 @@
 
 namespace quarnel02::test {
 
+/// Uniform from the first test case on.
 inline int Roll(int low, int high) {
-    return *rc::gen::inRange(low, high + 1);
+    return *rc::gen::resize(rc::kNominalSize, rc::gen::inRange(low, high + 1));
 }
 
 template <typename Value>
 Value OneOf(std::initializer_list<Value> values) {
-    return *rc::gen::elementOf(std::vector<Value>(values));
+    return *(values.begin() + Roll(0, static_cast<int>(values.size()) - 1));
 }
 
 /// The parts of a small random model before they become a LineModel, so that a test can change
