@@ -1,9 +1,15 @@
 #include "line/CostModel.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
 
+#include <cmath>
 #include <vector>
 
+#include "line/CostTwin.h"
+#include "line/FixedDemand.h"
+#include "line/RandomLine.h"
 #include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
@@ -130,6 +136,47 @@ TEST(CostOfGroup, RoundsRunningCostsBeforeTheCapitalChargeIsAdded) {
         CostOfGroup({1, 0, 1}, resource, Year(1, 1, 16777217.0 / 8, 0), {0, 1, 10});
     EXPECT_EQ(cost.AnnualLabor, 16777216.0F);
     EXPECT_EQ(cost.Cost, 16777216.0F);
+}
+
+/// A figure with two decimals.
+double Hundredths(int low, int high) {
+    return test::Roll(low * 100, high * 100) / 100.0;
+}
+
+Resource AnyResource() {
+    Resource resource;
+    resource.FixedCost = Hundredths(0, 200000);
+    resource.VarCost = Hundredths(0, 40);
+    resource.UpTime = Hundredths(1, 100);
+    resource.ICF = Hundredths(0, 3);
+    resource.StatPerWrk = Hundredths(1, 8);
+    return resource;
+}
+
+RC_GTEST_PROP(MachineCost, IsTheFormulaToTheLastBit, ()) {
+    const Resource resource = AnyResource();
+    const double units = Hundredths(1, 2000000);
+    const auto time = static_cast<float>(Hundredths(1, 500));
+    RC_ASSERT(MachineCost(units, time, resource) == (resource.VarCost / 3600) * units *
+                                                        static_cast<double>(time) *
+                                                        resource.UpTime * 0.01);
+}
+
+RC_GTEST_PROP(CostOfGroup, IsTheFormulaToTheLastBitAlsoWhereStationsAreJustFull, ()) {
+    const Resource resource = AnyResource();
+    const Production production = Year(Hundredths(1, 366), Hundredths(0, 1), Hundredths(0, 50), 0);
+    const WorkContent content{static_cast<float>(Hundredths(1, 900)),
+                              static_cast<float>(Hundredths(0, 90000)), 1};
+    FixedDemandRequest request{
+        Hundredths(1, 2000000), static_cast<std::int16_t>(test::Roll(1, 3)), {}};
+    if (test::Roll(0, 3) > 0) {
+        // So many stations are full to a millionth, give or take less than a single can tell.
+        const double full = static_cast<double>(content.WorkTime) / test::Roll(1, 30);
+        const double cycle = full / (1 + 1e-6) * (1 + test::Roll(-200, 200) * 1e-9);
+        request.Volume = production.Days * request.Shifts * 8 * 3600 / cycle;
+    }
+    RC_ASSERT(CostOfGroup(content, resource, production, WorkloadOf(request, production)) ==
+              test::CostTwin(content, resource, production, request));
 }
 
 }  // namespace
