@@ -108,8 +108,10 @@ class Connection {
     /// What SQLite reports, in our words. Throws std::bad_alloc where memory is short.
     static RunTimeError Translated(const SQLite::Exception& error, const std::string& file);
 
-  private:
+    /// What is known of a table.
     TableUse& UseOf(const std::string& table);
+
+  private:
     TableImage* ImageFor(Query& query);
     void TakeImage(TableUse& table);
     void FetchOthers(const TableUse& table, const UnfetchedSet* writer) const;

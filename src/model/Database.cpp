@@ -25,7 +25,11 @@ Database Database::Open(const std::filesystem::path& path) {
 }
 
 RecordSet Database::OpenRecordSet(std::string_view sql) const {
-    return RecordSet(std::make_unique<RecordSet::Impl>(RequireOpen(m_session), sql));
+    return RecordSet(std::make_unique<RecordSet::Impl>(OpenSession(), sql));
+}
+
+const std::shared_ptr<Session>& Database::OpenSession() const {
+    return RequireOpen(m_session);
 }
 
 void Database::Close() noexcept {
@@ -40,7 +44,7 @@ bool Database::IsOpen() const noexcept {
 }
 
 Transaction::Transaction(const Database& database)
-    : m_session(RequireOpen(database.m_session)), m_connection(m_session->Store) {
+    : m_session(database.OpenSession()), m_connection(m_session->Store) {
     m_connection->Begin();
 }
 

@@ -32,6 +32,12 @@ class Database {
 
   private:
     friend class Transaction;
+    friend class RowWriter;
+    friend void DeleteAllRows(const Database& database, std::string_view table);
+
+    /// The session of an open handle. Throws ObjectClosed on a closed one.
+    [[nodiscard]] const std::shared_ptr<Session>& OpenSession() const;
+
     std::shared_ptr<Session> m_session;
 };
 
