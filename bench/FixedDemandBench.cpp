@@ -5,16 +5,12 @@
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <chrono>
-#include <limits>
-#include <span>
-#include <vector>
+#include <optional>
 
 #include "BenchForm.h"
 #include "basic/Files.h"
 #include "basic/Numbers.h"
-#include "fixed/CostModel.h"
 #include "fixed/CostPathways.h"
 #include "fixed/DrawLinks.h"
 #include "fixed/FindBestPath.h"
@@ -23,7 +19,9 @@
 #include "fixed/WriteSolutionSummary.h"
 #include "fixed/cmdContinuous.h"
 #include "generate_model.h"
+#include "line/CheapestLine.h"
 #include "model/ModelFile.h"
+#include "shell/LoadLineModel.h"
 
 namespace quarnel02 {
 namespace {
@@ -60,55 +58,6 @@ double PeakMegabytes() {
     return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-/// Model data in plain vectors, for the bare limit.
-struct MemoryModel {
-    std::vector<ResourceCosts> Resources;
-    std::vector<std::vector<MatrixEntry>> Matrix;  ///< by resource, then task
-    Production Parameters{};
-};
-
-MemoryModel ReadModel(const Database& database) {
-    MemoryModel model;
-    const RecordSet gen = database.OpenRecordSet("SELECT * FROM Gen;");
-    model.Parameters = {gen.Number(2), gen.Number(3), gen.Number(4), gen.Number(5)};
-    RecordSet resources = database.OpenRecordSet("SELECT * FROM Resources;");
-    for (; !resources.Eof(); resources.MoveNext()) {
-        model.Resources.push_back({resources.Number(4), resources.Number(5), resources.Number(6),
-                                   resources.Number(7), resources.Number(8), resources.Number(9)});
-        RecordSet rows = database.OpenRecordSet(
-            "SELECT TaskTime, ToolNum, ToolCost FROM Matrix WHERE ResourceId = " +
-            NumberText(int{resources.Integer(0)}) + " ORDER BY TaskId;");
-        auto& entries = model.Matrix.emplace_back();
-        for (; !rows.Eof(); rows.MoveNext()) {
-            entries.push_back({rows.Number(0), rows.Integer(1), rows.Number(2)});
-        }
-    }
-    return model;
-}
-
-/// Costs every (arc, resource) pair with the same cost model and searches the cheapest chain.
-float CheapestLine(const MemoryModel& model, const Workload& workload) {
-    const std::size_t tasks = model.Matrix.front().size();
-    std::vector<float> label(tasks + 1, std::numeric_limits<float>::infinity());
-    label[0] = 0;
-    std::vector<MatrixEntry> by_tool;
-    for (std::size_t end = 1; end <= tasks; ++end) {
-        for (std::size_t start = 0; start < end; ++start) {
-            for (std::size_t resource = 0; resource < model.Resources.size(); ++resource) {
-                const std::span by_task(model.Matrix[resource].data() + start, end - start);
-                by_tool.assign(by_task.begin(), by_task.end());
-                std::stable_sort(by_tool.begin(), by_tool.end(), [](const auto& a, const auto& b) {
-                    return a.ToolNum < b.ToolNum;
-                });
-                const PathwayCost cost = CostOfPathway(by_tool, by_task, model.Resources[resource],
-                                                       model.Parameters, workload);
-                label[end] = std::min(label[end], label[start] + cost.Cost);
-            }
-        }
-    }
-    return label[tasks];
-}
-
 int Argument(const benchmark::State& state, std::size_t index) {
     return static_cast<int>(state.range(index));
 }
@@ -124,11 +73,10 @@ void WholeSolve(benchmark::State& state) {
     }
     const double seconds = solving / static_cast<double>(state.iterations());
 
-    const MemoryModel memory = ReadModel(model.Form().Model);
-    const Workload workload{TextToDouble(bench::kDemand, "demand"), kShifts,
-                            model.Form().FixedDemandSolve.AvailableCycleTime};
+    const PreparedLine line = Prepare(LoadLineModel(model.Form().Model));
+    const FixedDemandRequest request{TextToDouble(bench::kDemand, "demand"), kShifts, std::nullopt};
     const auto start = Clock::now();
-    benchmark::DoNotOptimize(CheapestLine(memory, workload));
+    benchmark::DoNotOptimize(CheapestLine(line, request));
     const double bare = std::chrono::duration<double>(Clock::now() - start).count();
 
     state.counters["pathways"] = model.Pathways();

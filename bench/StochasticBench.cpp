@@ -75,9 +75,9 @@ Table<ArcSegment> ArcTable(const StochRun& run, const ExpectedProduction& produc
                            const ExpectedShifts& shifts, int start, int end) {
     Table<ArcSegment> table;
     for (int resource = 1; resource <= run.Resources; ++resource) {
-        if (const auto load = LoadOfArc(run, resource, start, end)) {
+        if (const auto content = ContentOfArc(run, resource, start, end)) {
             TableWriter<ArcSegment> curve;
-            ResourceCurve(run, production, shifts, resource, *load).Write(curve);
+            ResourceCurve(run, production, shifts, resource, *content).Write(curve);
             MergeInto(table, curve.Segments, [](double cost) { return cost; });
         }
     }

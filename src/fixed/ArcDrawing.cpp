@@ -5,16 +5,6 @@
 
 namespace quarnel02 {
 
-namespace {
-
-// Positions in table Arcs.
-constexpr int kMidpoint = 3;
-constexpr int kRadius = 4;
-constexpr int kStart = 5;
-constexpr int kEnd = 6;
-
-}  // namespace
-
 double NodeSpacing(std::int16_t nodes) {
     if (nodes == -1) {
         throw RunTimeError(ErrorKind::DivisionByZero,
@@ -23,10 +13,9 @@ double NodeSpacing(std::int16_t nodes) {
     return ToInteger(kNetworkWidth / (nodes + 1), "Spacing");
 }
 
-void DrawArc(Picture& picture, const RecordSet& arc, Colour colour) {
+void DrawArc(Picture& picture, const Arc& arc, Colour colour) {
     constexpr double aspect = 0.25;
-    picture.Circle(arc.Number(kMidpoint), kNetworkAxis, arc.Number(kRadius), colour,
-                   arc.Number(kStart), arc.Number(kEnd), aspect);
+    picture.Circle(arc.Midpoint, kNetworkAxis, arc.Radius, colour, arc.Start, arc.End, aspect);
 }
 
 }  // namespace quarnel02

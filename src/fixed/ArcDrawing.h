@@ -1,6 +1,8 @@
 #pragma once
 
-#include "model/RecordSet.h"
+#include <cstdint>
+
+#include "fixed/Arcs.h"
 #include "shell/Picture.h"
 
 namespace quarnel02 {
@@ -13,8 +15,8 @@ inline constexpr double kNetworkAxis = 1500;
 /// either end. Throws DivisionByZero or Overflow for an impossible number.
 double NodeSpacing(std::int16_t nodes);
 
-/// Draws the arc of the current row of Arcs with the picture's line width: a half-ellipse on the
+/// Draws an arc with the picture's line width: a half-ellipse on the
 /// axis, four times as wide as it is high.
-void DrawArc(Picture& picture, const RecordSet& arc, Colour colour);
+void DrawArc(Picture& picture, const Arc& arc, Colour colour);
 
 }  // namespace quarnel02

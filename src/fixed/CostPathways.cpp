@@ -1,14 +1,18 @@
 #include "fixed/CostPathways.h"
 
 #include <exception>
-#include <string>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
 #include "fixed/ArcDrawing.h"
-#include "fixed/CostModel.h"
 #include "fixed/DrawLinks.h"
 #include "fixed/FindBestPath.h"
+#include "line/CheapestLine.h"
+#include "model/RowWriter.h"
+#include "shell/LoadLineModel.h"
 
 namespace quarnel02 {
 
@@ -16,96 +20,75 @@ namespace {
 
 constexpr Colour kProgressRed{200, 0, 0};
 
-struct TaskRange {
-    int First;
-    int Last;
+Workload WorkloadOf(const FixedDemandState& state) {
+    return {TextToDouble(state.FixedDemand, "Fixed Demand"), state.ShiftCount,
+            state.AvailableCycleTime};
+}
+
+std::optional<std::int16_t> LimitOf(const FixedDemandState& state) {
+    constexpr std::int16_t no_limit = -1;
+    return state.StationLimit == no_limit ? std::nullopt : std::optional(state.StationLimit);
+}
+
+/// The pathways to be costed, in the order of their rows.
+struct OpenPathways {
+    std::vector<std::int16_t> Ids;
+    std::vector<Pathway> Ranges;
 };
 
-ResourceCosts FetchResource(const Database& database, int resource) {
-    const RecordSet row = database.OpenRecordSet(
-        "SELECT * FROM Resources WHERE ResourceId = " + NumberText(resource) + ";");
-    return {row.Number(4), row.Number(5), row.Number(6),
-            row.Number(7), row.Number(8), row.Number(9)};
-}
-
-Production FetchProduction(const Database& database) {
-    const RecordSet gen = database.OpenRecordSet("SELECT * FROM Gen;");
-    return {gen.Number(2), gen.Number(3), gen.Number(4), gen.Number(5)};
-}
-
-/// Costs pathways one after the other; buffers are reused.
-class PathwayCoster {
-  public:
-    explicit PathwayCoster(MainForm& form);
-
-    /// Costs the current row and writes the result into it.
-    void CostCurrent(RecordSet& pathways);
-
-  private:
-    TaskRange DrawProgress(int arc);
-    void FetchMatrix(int resource, TaskRange tasks, const char* order,
-                     std::vector<MatrixEntry>& entries) const;
-    void Write(RecordSet& pathways, const PathwayCost& cost) const;
-
-    const Database& m_database;
-    Picture& m_picture;
-    Workload m_workload;
-    std::int16_t m_limit;
-    std::vector<MatrixEntry> m_byTool;
-    std::vector<MatrixEntry> m_byTask;
-};
-
-PathwayCoster::PathwayCoster(MainForm& form)
-    : m_database(form.Model),
-      m_picture(form.picArc),
-      m_workload{TextToDouble(form.FixedDemandSolve.FixedDemand, "Fixed Demand"),
-                 form.FixedDemandSolve.ShiftCount, form.FixedDemandSolve.AvailableCycleTime},
-      m_limit(form.FixedDemandSolve.StationLimit) {}
-
-TaskRange PathwayCoster::DrawProgress(int arc) {
-    const RecordSet row =
-        m_database.OpenRecordSet("SELECT * FROM Arcs WHERE ArcId = " + NumberText(arc) + ";");
-    m_picture.DrawWidth = 2;
-    DrawArc(m_picture, row, kProgressRed);
-    return {row.Integer(1), row.Integer(2) - 1};
-}
-
-void PathwayCoster::FetchMatrix(int resource, TaskRange tasks, const char* order,
-                                std::vector<MatrixEntry>& entries) const {
-    RecordSet rows = m_database.OpenRecordSet(
-        "SELECT TaskTime, ToolNum, ToolCost From Matrix WHERE (ResourceId = " +
-        NumberText(resource) + " AND TaskId Between " + NumberText(tasks.First) + " And " +
-        NumberText(tasks.Last) + ") ORDER BY " + order + ";");
-    rows.MoveLast();
-    rows.MoveFirst();
-    entries.clear();
-    for (; !rows.Eof(); rows.MoveNext()) {
-        entries.push_back({rows.Number(0), rows.Integer(1), rows.Number(2)});
+void RequireInModel(const LineModel& model, const Pathway& pathway) {
+    if (pathway.Resource < 1 || pathway.Resource > model.ResourceCount() || pathway.FirstTask < 1 ||
+        pathway.LastTask > model.TaskCount()) {
+        throw RunTimeError(ErrorKind::NoCurrentRecord,
+                           "The network has a pathway of resource " +
+                               NumberText(int{pathway.Resource}) +
+                               " that the model does not have. Open the model again.");
     }
 }
 
-void PathwayCoster::Write(RecordSet& pathways, const PathwayCost& cost) const {
-    pathways.Edit();
-    if (cost.OverEveryLimit || (m_limit != -1 && cost.Stations > m_limit)) {
-        pathways.Set("Feasible", 2);
+/// Reads the rows to the end; draws the arc of each.
+OpenPathways ReadPathways(RecordSet& rows, const Arcs& arcs, const LineModel& model,
+                          Picture& picture) {
+    OpenPathways pathways;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        const Arc& arc = arcs.WithId(rows.Integer(1));
+        picture.DrawWidth = 2;
+        DrawArc(picture, arc, kProgressRed);
+        const Pathway range{rows.Integer(2), static_cast<std::int16_t>(arc.TaskStart),
+                            static_cast<std::int16_t>(arc.TaskEnd - 1)};
+        RequireInModel(model, range);
+        pathways.Ids.push_back(rows.Integer(0));
+        pathways.Ranges.push_back(range);
     }
-    pathways.Set("Stations", cost.Stations);
-    pathways.Set("Time", cost.Time);
-    pathways.Set("Cost", cost.Cost);
-    pathways.Set("Investment", cost.Investment);
-    pathways.Set("AnnualLabor", cost.AnnualLabor);
-    pathways.Update();
-    pathways.MoveToLastModified();
+    return pathways;
 }
 
-void PathwayCoster::CostCurrent(RecordSet& pathways) {
-    const int resource = pathways.Integer(2);
-    const TaskRange tasks = DrawProgress(pathways.Integer(1));
-    FetchMatrix(resource, tasks, "ToolNum, TaskId", m_byTool);
-    const ResourceCosts costs = FetchResource(m_database, resource);
-    const Production production = FetchProduction(m_database);
-    FetchMatrix(resource, tasks, "TaskId", m_byTask);
-    Write(pathways, CostOfPathway(m_byTool, m_byTask, costs, production, m_workload));
+void WriteCosts(const Database& database, const std::vector<std::int16_t>& ids,
+                const CostedPathways& costed) {
+    RowWriter rows = RowWriter::Changing(
+        database, "Pathways", {"Feasible", "Stations", "Time", "Cost", "Investment", "AnnualLabor"},
+        "PathId");
+    for (std::size_t place = 0; place < ids.size(); ++place) {
+        const PathwayCost& cost = costed.Costs[place];
+        rows.Write({static_cast<int>(costed.States[place]), int{cost.Stations},
+                    static_cast<double>(cost.Time), static_cast<double>(cost.Cost),
+                    static_cast<double>(cost.Investment), static_cast<double>(cost.AnnualLabor),
+                    int{ids[place]}});
+    }
+}
+
+/// False when no pathway is within the limit.
+bool CostAndWrite(MainForm& form, const Database& database) {
+    const Workload workload = WorkloadOf(form.FixedDemandSolve);
+    LineModel model = LoadLineModel(database);
+    OpenPathways pathways = ReadPathways(form.PathwayRecords, Arcs(database), model, form.picArc);
+    std::vector<WorkContent> contents = ContentsOf(model, pathways.Ranges);
+    const PreparedLine line{std::move(model), std::move(pathways.Ranges), std::move(contents)};
+    CostedPathways costed = CostAll(line, workload, LimitOf(form.FixedDemandSolve));
+    const std::vector<Way> cheapest = CheapestWays(line, costed);
+    MarkDearer(costed.States, cheapest);
+    WriteCosts(database, pathways.Ids, costed);
+    return !cheapest.empty();
 }
 
 /// Draws the network again when an error leaves its scope, so that no progress colour stays.
@@ -135,30 +118,6 @@ class NetworkRedraw {
     int m_exceptions = std::uncaught_exceptions();
 };
 
-/// False when no pathway is left in state 1.
-bool KeepCheapestOfEachArc(const Database& database) {
-    constexpr int arc_id = 1;
-    RecordSet pathways =
-        database.OpenRecordSet("SELECT * FROM Pathways WHERE Feasible = 1 ORDER BY ArcId, Cost;");
-    if (pathways.RecordCount() == 0) {
-        return false;
-    }
-    pathways.MoveLast();
-    pathways.MoveFirst();
-    int arc = pathways.Integer(arc_id);
-    for (pathways.MoveNext(); !pathways.Eof(); pathways.MoveNext()) {
-        if (pathways.Integer(arc_id) != arc) {
-            arc = pathways.Integer(arc_id);
-            continue;
-        }
-        pathways.Edit();
-        pathways.Set("Feasible", 3);
-        pathways.Update();
-        pathways.MoveToLastModified();
-    }
-    return true;
-}
-
 }  // namespace
 
 void CostPathways(MainForm& form) {
@@ -173,12 +132,7 @@ void CostPathways(MainForm& form) {
                          MessageIcon::Information);
         return;
     }
-    PathwayCoster coster(form);
-    pathways.MoveLast();
-    for (pathways.MoveFirst(); !pathways.Eof(); pathways.MoveNext()) {
-        coster.CostCurrent(pathways);
-    }
-    const bool feasible = KeepCheapestOfEachArc(database);
+    const bool feasible = CostAndWrite(form, database);
     transaction.Commit();
     if (!feasible) {
         DrawLinks(form);

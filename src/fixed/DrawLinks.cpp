@@ -1,5 +1,8 @@
 #include "fixed/DrawLinks.h"
 
+#include <string>
+#include <vector>
+
 #include "basic/Numbers.h"
 #include "fixed/ArcDrawing.h"
 
@@ -14,39 +17,42 @@ constexpr Colour kBrightRed{250, 0, 50};
 constexpr Colour kYellow{250, 250, 0};
 constexpr Colour kBlack{0, 0, 0};
 
-void DrawAllArcs(Picture& picture, const Database& database) {
-    RecordSet arcs = database.OpenRecordSet("SELECT * FROM Arcs;");
-    if (arcs.RecordCount() == 0) {
+void DrawAllArcs(Picture& picture, const Arcs& arcs) {
+    if (arcs.All().empty()) {
         return;
     }
     picture.DrawWidth = 1;
-    for (; !arcs.Eof(); arcs.MoveNext()) {
-        DrawArc(picture, arcs, kGrey);
+    for (const Arc& arc : arcs.All()) {
+        DrawArc(picture, arc, kGrey);
     }
 }
 
-RecordSet ArcOf(const Database& database, const RecordSet& pathways) {
-    return database.OpenRecordSet(
-        "SELECT * FROM Arcs WHERE ArcId = " + NumberText(int{pathways.Integer(0)}) + ";");
+/// The arcs that have a pathway in a state, in the order of their first ones.
+std::vector<int> ArcsInState(const Database& database, const std::string& state) {
+    RecordSet pathways = database.OpenRecordSet(
+        "SELECT DISTINCT ArcId FROM Pathways WHERE Feasible = " + state + ";");
+    std::vector<int> found;
+    for (; !pathways.Eof(); pathways.MoveNext()) {
+        found.push_back(pathways.Integer(0));
+    }
+    return found;
 }
 
-void DrawArcsInState(Picture& picture, const Database& database, const char* state, Colour colour) {
-    RecordSet pathways = database.OpenRecordSet(
-        "SELECT DISTINCT ArcId FROM Pathways WHERE Feasible = " + std::string(state) + ";");
-    if (pathways.RecordCount() == 0) {
+void DrawArcsInState(Picture& picture, const Database& database, const Arcs& arcs,
+                     const char* state, Colour colour) {
+    const std::vector<int> found = ArcsInState(database, state);
+    if (found.empty()) {
         return;
     }
     picture.DrawWidth = 2;
-    for (; !pathways.Eof(); pathways.MoveNext()) {
-        DrawArc(picture, ArcOf(database, pathways), colour);
+    for (const int arc : found) {
+        DrawArc(picture, arcs.WithId(arc), colour);
     }
 }
 
-void DrawChosenArcs(Picture& picture, const Database& database) {
-    RecordSet pathways =
-        database.OpenRecordSet("SELECT DISTINCT ArcId FROM Pathways WHERE Feasible = 4;");
-    for (; !pathways.Eof(); pathways.MoveNext()) {
-        const RecordSet arc = ArcOf(database, pathways);
+void DrawChosenArcs(Picture& picture, const Database& database, const Arcs& arcs) {
+    for (const int number : ArcsInState(database, "4")) {
+        const Arc& arc = arcs.WithId(number);
         picture.DrawWidth = 4;
         DrawArc(picture, arc, kBrightRed);
         picture.DrawWidth = 2;
@@ -80,10 +86,11 @@ void DrawLinks(MainForm& form) {
     const Database& database = form.OpenWorkingCopy();
     Picture& picture = form.picArc;
     picture.Clear();
-    DrawAllArcs(picture, database);
-    DrawArcsInState(picture, database, "1", kDarkBlue);
-    DrawArcsInState(picture, database, "2", kRed);
-    DrawChosenArcs(picture, database);
+    const Arcs arcs(database);
+    DrawAllArcs(picture, arcs);
+    DrawArcsInState(picture, database, arcs, "1", kDarkBlue);
+    DrawArcsInState(picture, database, arcs, "2", kRed);
+    DrawChosenArcs(picture, database, arcs);
     const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Number of tasks");
     DrawNodes(picture, ToInteger(tasks + 1, "Number of tasks"));
 }

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "basic/Numbers.h"
-#include "basic/RunTimeError.h"
 #include "fixed/CostPathways.h"
 #include "fixed/GeneratePathways.h"
+#include "line/FixedDemand.h"
 #include "shell/ModelCheck.h"
 #include "shell/Reports.h"
 
@@ -68,22 +68,6 @@ void TakeStationLimit(FixedDemandState& state, const std::string& answer) {
     state.StationLimitText = answer;
 }
 
-/// Seconds of production per year over the units of the year.
-double CycleTimeFor(double days, std::int16_t shifts, double demand) {
-    constexpr double hours_per_shift = 8;
-    constexpr double seconds_per_hour = 3600;
-    if (demand == 0) {
-        throw RunTimeError(ErrorKind::DivisionByZero,
-                           "Fixed Demand is 0. Enter an annual volume above 0.");
-    }
-    if (demand < 0) {
-        throw RunTimeError(ErrorKind::Overflow,
-                           "Fixed Demand: " + NumberText(demand) +
-                               " is negative. Enter an annual volume above 0.");
-    }
-    return days * shifts * hours_per_shift * seconds_per_hour / demand;
-}
-
 }  // namespace
 
 void cmdContinuous_Click(MainForm& form, std::int16_t index) {
@@ -106,8 +90,12 @@ void cmdContinuous_Click(MainForm& form, std::int16_t index) {
     }
     RequireUsableModel(form.OpenWorkingCopy());
     form.GenRecords = form.Model.OpenRecordSet("SELECT * FROM Gen;");
-    state.AvailableCycleTime = CycleTimeFor(form.GenRecords.Number("Days"), state.ShiftCount,
-                                            TextToDouble(demand, "Fixed Demand"));
+    Production production;
+    production.Days = form.GenRecords.Number("Days");
+    const FixedDemandRequest request{.Volume = TextToDouble(demand, "Fixed Demand"),
+                                     .Shifts = state.ShiftCount,
+                                     .StationLimit = std::nullopt};
+    state.AvailableCycleTime = WorkloadOf(request, production).AvailableCycleTime;
     GeneratePathways(form);
     CostPathways(form);
 }

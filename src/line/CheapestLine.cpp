@@ -29,7 +29,11 @@ LineGroup GroupOf(const PreparedLine& line, const CostedPathways& costed, int nu
 }  // namespace
 
 CostedPathways CostAll(const PreparedLine& line, const FixedDemandRequest& request) {
-    const Workload workload = WorkloadOf(request, line.Model.Parameters());
+    return CostAll(line, WorkloadOf(request, line.Model.Parameters()), request.StationLimit);
+}
+
+CostedPathways CostAll(const PreparedLine& line, const Workload& workload,
+                       std::optional<std::int16_t> stationLimit) {
     CostedPathways costed;
     costed.Costs.reserve(line.Pathways.size());
     costed.States.reserve(line.Pathways.size());
@@ -38,8 +42,8 @@ CostedPathways CostAll(const PreparedLine& line, const FixedDemandRequest& reque
         const PathwayCost cost =
             CostOfGroup(line.Contents[place], resource, line.Model.Parameters(), workload);
         costed.Costs.push_back(cost);
-        costed.States.push_back(IsOverLimit(cost, request) ? PathwayState::OverLimit
-                                                           : PathwayState::Feasible);
+        costed.States.push_back(IsOverLimit(cost, stationLimit) ? PathwayState::OverLimit
+                                                                : PathwayState::Feasible);
     }
     return costed;
 }

@@ -30,6 +30,9 @@ struct CostedPathways {
 /// Costs every pathway for a request: states are Feasible and OverLimit.
 /// Throws as WorkloadOf and CostOfGroup do.
 CostedPathways CostAll(const PreparedLine& line, const FixedDemandRequest& request);
+/// The same for a workload that stands already.
+CostedPathways CostAll(const PreparedLine& line, const Workload& workload,
+                       std::optional<std::int16_t> stationLimit);
 
 /// The cheapest feasible pathway of every arc, by end node and start node; of equal ones the one
 /// with the lowest number.

@@ -21,8 +21,8 @@ Workload WorkloadOf(const FixedDemandRequest& request, const Production& product
             production.Days * request.Shifts * hours_per_shift * seconds_per_hour / request.Volume};
 }
 
-bool IsOverLimit(const PathwayCost& cost, const FixedDemandRequest& request) {
-    return cost.OverEveryLimit || (request.StationLimit && cost.Stations > *request.StationLimit);
+bool IsOverLimit(const PathwayCost& cost, std::optional<std::int16_t> stationLimit) {
+    return cost.OverEveryLimit || (stationLimit && cost.Stations > *stationLimit);
 }
 
 }  // namespace quarnel02

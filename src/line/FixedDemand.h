@@ -19,7 +19,8 @@ struct FixedDemandRequest {
 /// Throws DivisionByZero for a volume of 0 and Overflow for a negative one.
 Workload WorkloadOf(const FixedDemandRequest& request, const Production& production);
 
-/// Whether so many parallel stations are more than the request allows.
-bool IsOverLimit(const PathwayCost& cost, const FixedDemandRequest& request);
+/// Whether a group has more parallel stations than are allowed; no limit allows any number that can
+/// be counted.
+bool IsOverLimit(const PathwayCost& cost, std::optional<std::int16_t> stationLimit);
 
 }  // namespace quarnel02

@@ -28,19 +28,35 @@ void AppendChain(std::vector<Pathway>& pathways, const LineModel& model, int res
     }
 }
 
+/// Whether a pathway is the one before it, of the same resource, and one task more.
+bool Lengthens(const Pathway& pathway, const Pathway& previous) {
+    return pathway.FirstTask == previous.FirstTask && pathway.LastTask == previous.LastTask + 1;
+}
+
+void Begin(StationContent& content, const LineModel& model, const Pathway& pathway) {
+    content.Clear();
+    for (const MatrixEntry& entry :
+         model.Entries(pathway.Resource, pathway.FirstTask, pathway.LastTask)) {
+        content.Add(entry);
+    }
+}
+
 /// Appends the contents of the pathways of one resource, which begin at `place`; returns the place
 /// behind them.
 std::size_t AppendContents(std::vector<WorkContent>& contents, const LineModel& model,
                            std::span<const Pathway> pathways, std::size_t place) {
     const int resource = pathways[place].Resource;
     StationContent content(model.ResourceOf(resource), model.Parameters().TransportTime);
+    Pathway previous;
     for (; place < pathways.size() && pathways[place].Resource == resource; ++place) {
         const Pathway& pathway = pathways[place];
-        if (pathway.FirstTask == pathway.LastTask) {
-            content.Clear();
+        if (Lengthens(pathway, previous)) {
+            content.Add(model.Entry(resource, pathway.LastTask));
+        } else {
+            Begin(content, model, pathway);
         }
-        content.Add(model.Entry(resource, pathway.LastTask));
         contents.push_back(content.Content());
+        previous = pathway;
     }
     return place;
 }

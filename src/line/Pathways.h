@@ -24,7 +24,8 @@ struct Pathway {
 /// Throws Overflow when there are more than 32,767.
 std::vector<Pathway> PathwaysOf(const LineModel& model);
 
-/// The work contents of a model's pathways, in their order: what does not depend on the volume.
+/// The work contents of some pathways of a model, in their order: what does not depend on the
+/// volume. One that adds a task to the pathway before it costs a single step.
 /// Throws DivisionByZero when the uptime of a resource with a pathway is 0, and Overflow.
 std::vector<WorkContent> ContentsOf(const LineModel& model, std::span<const Pathway> pathways);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <span>
-#include <vector>
 
 #include "basic/Numbers.h"
 
@@ -14,19 +13,15 @@ constexpr double kHoursPerShift = 8;
 
 }  // namespace
 
-std::optional<ArcLoad> LoadOfArc(const StochRun& run, int resource, int startTask, int endTask) {
+std::optional<WorkContent> ContentOfArc(const StochRun& run, int resource, int startTask,
+                                        int endTask) {
     const std::span by_task(&run.Pair(resource, startTask),
                             static_cast<std::size_t>(endTask - startTask + 1));
     if (std::any_of(by_task.begin(), by_task.end(),
-                    [](const MatrixEntry& entry) { return !(entry.TaskTime > 0); })) {
+                    [](const MatrixEntry& entry) { return !entry.CanDo(); })) {
         return std::nullopt;
     }
-    std::vector<MatrixEntry> by_tool(by_task.begin(), by_task.end());
-    std::stable_sort(
-        by_tool.begin(), by_tool.end(),
-        [](const MatrixEntry& a, const MatrixEntry& b) { return a.ToolNum < b.ToolNum; });
-    return ArcLoad{WorkTime(by_task, run.ResourceOf(resource).Costs, run.Parameters.TransportTime),
-                   ToolCostSum(by_tool)};
+    return ContentOf(by_task, run.ResourceOf(resource), run.Parameters.TransportTime);
 }
 
 double SecondsOfYear(const Production& production) {
@@ -39,20 +34,21 @@ float CycleTimeAt(const Production& production, float capacity) {
     return ToSingle(SecondsOfYear(production) / static_cast<double>(capacity), "Capacity");
 }
 
-float StationTime(const ArcLoad& load, int stations) {
-    return static_cast<float>(static_cast<double>(load.WorkTime) / stations);
+float StationTime(const WorkContent& content, int stations) {
+    return SharedTime(content.WorkTime, stations);
 }
 
-double InvestmentOfArc(const StochRun& run, int resource, const ArcLoad& load, int stations) {
-    return static_cast<double>(Investment(static_cast<std::int16_t>(stations), load.ToolCostSum,
-                                          run.ResourceOf(resource).Costs));
+double InvestmentOfArc(const StochRun& run, int resource, const WorkContent& content,
+                       int stations) {
+    return static_cast<double>(Investment(static_cast<std::int16_t>(stations), content.ToolCostSum,
+                                          run.ResourceOf(resource)));
 }
 
-AnnualParts AnnualPartsOfArc(const StochRun& run, int resource, const ArcLoad& load, int stations,
-                             double production, double shifts) {
-    const ResourceCosts& costs = run.ResourceOf(resource).Costs;
-    return {InvestmentOfArc(run, resource, load, stations) * run.Parameters.ACF,
-            MachineCost(production, StationTime(load, stations), costs),
+AnnualParts AnnualPartsOfArc(const StochRun& run, int resource, const WorkContent& content,
+                             int stations, double production, double shifts) {
+    const Resource& costs = run.ResourceOf(resource);
+    return {InvestmentOfArc(run, resource, content, stations) * run.Parameters.ACF,
+            MachineCost(production, StationTime(content, stations), costs),
             LabourCost(static_cast<std::int16_t>(stations), shifts * kHoursPerShift, run.Parameters,
                        costs)};
 }

@@ -2,20 +2,16 @@
 
 #include <optional>
 
-#include "fixed/CostModel.h"
+#include "line/CostModel.h"
+#include "line/WorkContent.h"
 #include "stoch/StochRun.h"
 
 namespace quarnel02 {
 
-/// What a resource needs for the tasks of an arc, whatever the capacity.
-struct ArcLoad {
-    float WorkTime;     ///< seconds one station needs per unit
-    float ToolCostSum;  ///< dollars per station
-};
-
-/// The load of a resource on the tasks from `startTask` to `endTask`; nothing when it cannot do
-/// one of them. Throws DivisionByZero when its uptime is 0.
-std::optional<ArcLoad> LoadOfArc(const StochRun& run, int resource, int startTask, int endTask);
+/// The work content of a resource on the tasks from `startTask` to `endTask`; nothing when it
+/// cannot do one of them. Throws DivisionByZero when its uptime is 0.
+std::optional<WorkContent> ContentOfArc(const StochRun& run, int resource, int startTask,
+                                        int endTask);
 
 /// Seconds of three shifts per day in the year.
 double SecondsOfYear(const Production& production);
@@ -24,10 +20,10 @@ double SecondsOfYear(const Production& production);
 float CycleTimeAt(const Production& production, float capacity);
 
 /// Seconds per unit of one of `stations` parallel stations.
-float StationTime(const ArcLoad& load, int stations);
+float StationTime(const WorkContent& content, int stations);
 
 /// Initial investment in the stations of an arc, dollars.
-double InvestmentOfArc(const StochRun& run, int resource, const ArcLoad& load, int stations);
+double InvestmentOfArc(const StochRun& run, int resource, const WorkContent& content, int stations);
 
 /// What runs every year: capital charge, machine and labour of an arc for a production (units per
 /// year) and shifts per day, dollars. The same formulas as for a fixed demand; production and
@@ -37,8 +33,8 @@ struct AnnualParts {
     double Machine;
     double Labour;
 };
-AnnualParts AnnualPartsOfArc(const StochRun& run, int resource, const ArcLoad& load, int stations,
-                             double production, double shifts);
+AnnualParts AnnualPartsOfArc(const StochRun& run, int resource, const WorkContent& content,
+                             int stations, double production, double shifts);
 
 /// The sum of the parts, rounded as the cost of a pathway is.
 float AnnualCost(const AnnualParts& parts);

@@ -10,17 +10,19 @@ namespace quarnel02 {
 
 void BuildResourceTables(StochRun& run) {
     const RecordSet gen = run.Form.Model.OpenRecordSet("SELECT * FROM Gen;");
-    run.Parameters = {gen.Number("Days"), gen.Number("ACF"), gen.Number("LaborCost"),
-                      gen.Number("TransportTime")};
+    run.Parameters.Days = gen.Number("Days");
+    run.Parameters.ACF = gen.Number("ACF");
+    run.Parameters.LaborCost = gen.Number("LaborCost");
+    run.Parameters.TransportTime = gen.Number("TransportTime");
     const ExpectedProduction production(run.Files);
     const ExpectedShifts shifts(run.Files);
     for (int resource = 1; resource <= run.Resources; ++resource) {
         const auto path = run.Files.Resource(run.StartTask, run.EndTask, resource);
-        const auto load = LoadOfArc(run, resource, run.StartTask, run.EndTask);
-        if (!load) {
+        const auto content = ContentOfArc(run, resource, run.StartTask, run.EndTask);
+        if (!content) {
             continue;
         }
-        const ResourceCurve curve(run, production, shifts, resource, *load);
+        const ResourceCurve curve(run, production, shifts, resource, *content);
         if (!curve.IsPossible()) {
             NoticeNoTable(run, path);
             continue;

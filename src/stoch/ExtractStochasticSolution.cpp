@@ -54,9 +54,9 @@ DesignSegment DesignAt(const StochRun& run, int task, float volume) {
 SolutionEntry EntryFor(const StochRun& run, const DesignSegment& design, int endTask,
                        const ExpectedProduction& production, const ExpectedShifts& shifts) {
     const int start = design.PrevTask + 1;
-    const auto load = LoadOfArc(run, design.ArcResource, start, endTask);
+    const auto content = ContentOfArc(run, design.ArcResource, start, endTask);
     const float cost =
-        AnnualCost(AnnualPartsOfArc(run, design.ArcResource, load.value(), design.ArcInfo,
+        AnnualCost(AnnualPartsOfArc(run, design.ArcResource, content.value(), design.ArcInfo,
                                     production.At(run.Capacity), shifts.At(run.Capacity)));
     return {static_cast<std::int16_t>(start), static_cast<std::int16_t>(endTask),
             design.ArcResource, design.ArcInfo, cost};

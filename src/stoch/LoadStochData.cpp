@@ -21,7 +21,7 @@ MatrixEntry FetchPair(const Database& database, int resource, int task) {
 }
 
 /// False when there is no such resource.
-bool FetchResource(const Database& database, int resource, StochResource& data) {
+bool FetchResource(const Database& database, int resource, Resource& data) {
     const RecordSet row = database.OpenRecordSet(
         "SELECT ShortName, FixedCost, UpTime, ToolChange, VarCost, ICF, StatPerWrk, Type FROM "
         "Resources WHERE ResourceId = " +
@@ -30,12 +30,13 @@ bool FetchResource(const Database& database, int resource, StochResource& data) 
         return false;
     }
     data.ShortName = row.Text(0);
-    data.Costs = {.FixedCost = row.Number(1),
-                  .VarCost = row.Number(4),
-                  .UpTime = row.Number(2),
-                  .ICF = row.Number(5),
-                  .ToolChange = row.Number(3),
-                  .StatPerWrk = row.Number(6)};
+    data.Number = resource;
+    data.FixedCost = row.Number(1);
+    data.VarCost = row.Number(4);
+    data.UpTime = row.Number(2);
+    data.ICF = row.Number(5);
+    data.ToolChange = row.Number(3);
+    data.StatPerWrk = row.Number(6);
     data.Type = row.Integer(7);
     return true;
 }

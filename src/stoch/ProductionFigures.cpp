@@ -12,19 +12,19 @@ namespace quarnel02 {
 
 namespace {
 
-ArcLoad LoadOf(const StochRun& run, const SolutionEntry& entry) {
-    return LoadOfArc(run, entry.ArcResource, entry.StartTask, entry.EndTask).value();
+WorkContent ContentOfEntry(const StochRun& run, const SolutionEntry& entry) {
+    return ContentOfArc(run, entry.ArcResource, entry.StartTask, entry.EndTask).value();
 }
 
 ProductionStation StationOf(const StochRun& run, const SolutionEntry& entry, int number) {
-    const StochResource& resource = run.ResourceOf(entry.ArcResource);
+    const Resource& resource = run.ResourceOf(entry.ArcResource);
     return {number,
             entry.ArcResource,
             resource.ShortName,
             resource.Type,
             entry.ArcInfo,
             static_cast<double>(entry.Cost),
-            StationTime(LoadOf(run, entry), entry.ArcInfo),
+            StationTime(ContentOfEntry(run, entry), entry.ArcInfo),
             entry.StartTask,
             entry.EndTask,
             ToolsText(run.Form.Model, entry.ArcResource, entry.StartTask, entry.EndTask)};
@@ -34,7 +34,7 @@ ProductionStation StationOf(const StochRun& run, const SolutionEntry& entry, int
 AnnualParts PartsOfLine(const StochRun& run, double production, double shifts) {
     AnnualParts line{0, 0, 0};
     for (const SolutionEntry& entry : run.Solution) {
-        const AnnualParts arc = AnnualPartsOfArc(run, entry.ArcResource, LoadOf(run, entry),
+        const AnnualParts arc = AnnualPartsOfArc(run, entry.ArcResource, ContentOfEntry(run, entry),
                                                  entry.ArcInfo, production, shifts);
         line.Capital += arc.Capital;
         line.Machine += arc.Machine;

@@ -3,18 +3,18 @@
 namespace quarnel02 {
 
 bool ResourceCurve::Enough(int stations, float volume) const {
-    if (CycleTimeAt(m_run.Parameters, volume) >= StationTime(m_load, stations)) {
+    if (CycleTimeAt(m_run.Parameters, volume) >= StationTime(m_content, stations)) {
         return true;
     }
     const auto meant =
         std::lower_bound(m_run.MeantVolumes.begin(), m_run.MeantVolumes.end(), volume);
     return meant != m_run.MeantVolumes.end() &&
-           StationsFit(m_load.WorkTime, stations, CycleTimeAt(m_run.Parameters, *meant));
+           StationsFit(m_content.WorkTime, stations, CycleTimeAt(m_run.Parameters, *meant));
 }
 
 int ResourceCurve::StationsFrom(int stations, float volume) const {
     const float cycle_time = CycleTimeAt(m_run.Parameters, volume);
-    int enough = std::max<int>(stations, FitStations(m_load.WorkTime, cycle_time).Stations);
+    int enough = std::max<int>(stations, FitStations(m_content.WorkTime, cycle_time).Stations);
     while (!Enough(enough, volume)) {
         ++enough;
     }
@@ -22,8 +22,8 @@ int ResourceCurve::StationsFrom(int stations, float volume) const {
 }
 
 float ResourceCurve::CostAtVolume(float volume, int stations) const {
-    return AnnualCost(AnnualPartsOfArc(m_run, m_resource, m_load, stations, m_production.At(volume),
-                                       m_shifts.At(volume)));
+    return AnnualCost(AnnualPartsOfArc(m_run, m_resource, m_content, stations,
+                                       m_production.At(volume), m_shifts.At(volume)));
 }
 
 float ResourceCurve::SegmentEnd(float start, int stations) const {
@@ -41,7 +41,7 @@ float ResourceCurve::LastVolumeFor(float start, int stations) const {
         return high;
     }
     const double guess =
-        SecondsOfYear(m_run.Parameters) * stations / static_cast<double>(m_load.WorkTime);
+        SecondsOfYear(m_run.Parameters) * stations / static_cast<double>(m_content.WorkTime);
     float probe =
         static_cast<float>(std::clamp(guess, static_cast<double>(low), static_cast<double>(high)));
     for (int tries = 0; NextSingle(low) < high; ++tries) {

@@ -16,12 +16,12 @@ namespace quarnel02 {
 class ResourceCurve {
   public:
     ResourceCurve(const StochRun& run, const ExpectedProduction& production,
-                  const ExpectedShifts& shifts, int resource, const ArcLoad& load)
+                  const ExpectedShifts& shifts, int resource, const WorkContent& content)
         : m_run(run),
           m_production(production),
           m_shifts(shifts),
           m_resource(resource),
-          m_load(load) {}
+          m_content(content) {}
 
     /// Whether so many stations are enough at a capacity. Up to a volume that the planner means, a
     /// station may be exactly full (StationsFit); no other capacity makes use of that tolerance, so
@@ -60,7 +60,7 @@ class ResourceCurve {
     const ExpectedProduction& m_production;
     const ExpectedShifts& m_shifts;
     int m_resource;
-    ArcLoad m_load;
+    WorkContent m_content;
 };
 
 }  // namespace quarnel02

@@ -2,23 +2,15 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 #include <vector>
 
-#include "fixed/CostModel.h"
+#include "line/LineModel.h"
 #include "shell/MainForm.h"
 #include "stoch/RunFiles.h"
 
 namespace quarnel02 {
 
 inline constexpr int kMostDemandPoints = 10;
-
-/// A resource as the stages use it.
-struct StochResource {
-    std::string ShortName;
-    ResourceCosts Costs{};
-    int Type = 0;
-};
 
 /// An arc of the chosen design; the design is kept from its last arc backwards.
 struct SolutionEntry {
@@ -38,9 +30,9 @@ struct StochRun {
 
     int Tasks = 0;
     int Resources = 0;
-    Production Parameters{};
+    Production Parameters;
     std::vector<MatrixEntry> Matrix;  ///< by resource, then task; time 0 where a pair has no row
-    std::vector<StochResource> ResourceData;
+    std::vector<Resource> ResourceData;
 
     /// Demand points in ascending volume, from index 1 on.
     std::array<float, kMostDemandPoints + 1> Volume{};
@@ -63,7 +55,7 @@ struct StochRun {
     [[nodiscard]] const MatrixEntry& Pair(int resource, int task) const {
         return Matrix[static_cast<std::size_t>((resource - 1) * Tasks + task - 1)];
     }
-    [[nodiscard]] const StochResource& ResourceOf(int resource) const {
+    [[nodiscard]] const Resource& ResourceOf(int resource) const {
         return ResourceData[static_cast<std::size_t>(resource - 1)];
     }
 };

@@ -317,7 +317,7 @@ TEST(CostPathways, RefusesAnUptimeOfZero) {
     script.Resources[1].UpTime = 0;
     LoadedModel model(script);
     const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
-    EXPECT_NE(message.find("an uptime of 0 %"), std::string::npos) << message;
+    EXPECT_NE(message.find("Resource 2 (Res): uptime is 0 %"), std::string::npos) << message;
 }
 
 TEST(CostPathways, RefusesZeroStationsPerWorker) {
@@ -325,7 +325,8 @@ TEST(CostPathways, RefusesZeroStationsPerWorker) {
     script.Resources[1].StatPerWrk = 0;
     LoadedModel model(script);
     const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
-    EXPECT_NE(message.find("0 stations per worker"), std::string::npos) << message;
+    EXPECT_NE(message.find("Resource 2 (Res): stations per worker is 0"), std::string::npos)
+        << message;
 }
 
 TEST(CostPathways, TakesAPathwayBeyondTheLargestIntegerForOverTheLimit) {

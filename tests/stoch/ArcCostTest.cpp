@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "fixed/CostModel.h"
+#include "line/CostModel.h"
 #include "stoch/ArcCost.h"
 #include "stoch/CurveFile.h"
 #include "support/StochBruteForce.h"
@@ -27,12 +27,10 @@ PathwayCost FixedCostOf(const StochRun& run, int resource, int start, int end, d
     for (int task = start; task <= end; ++task) {
         by_task.push_back(run.Pair(resource, task));
     }
-    std::vector<MatrixEntry> by_tool = by_task;
-    std::stable_sort(
-        by_tool.begin(), by_tool.end(),
-        [](const MatrixEntry& a, const MatrixEntry& b) { return a.ToolNum < b.ToolNum; });
-    return CostOfPathway(by_tool, by_task, run.ResourceOf(resource).Costs, run.Parameters,
-                         {demand, shifts, run.Parameters.Days * shifts * 8 * 3600 / demand});
+    const WorkContent content =
+        ContentOf(by_task, run.ResourceOf(resource), run.Parameters.TransportTime);
+    return CostOfGroup(content, run.ResourceOf(resource), run.Parameters,
+                       {demand, shifts, run.Parameters.Days * shifts * 8 * 3600 / demand});
 }
 
 ArcSegment SegmentAt(const std::filesystem::path& table, float volume) {
@@ -71,7 +69,7 @@ TEST(ArcCost, EqualsTheFixedDemandCostOfACertainDemand) {
             desk.Run.StartTask = 1;
             desk.Run.EndTask = dice(1, model.Tasks);
             BuildResourceTables(desk.Run);
-            if (LoadOfArc(desk.Run, resource, 1, desk.Run.EndTask)) {
+            if (ContentOfArc(desk.Run, resource, 1, desk.Run.EndTask)) {
                 ExpectFixedCosts(desk.Run, resource, 1, desk.Run.EndTask, demand);
                 ++compared;
             }
@@ -104,9 +102,9 @@ TEST(ArcCost, ASharedToolIsPaidAtTheCostOfTheFirstTaskWhateverTheOrderOfEntry) {
     do {
         StochDesk desk(model);
         desk.BuildDemandTables();
-        EXPECT_EQ(LoadOfArc(desk.Run, 1, 1, 4)->ToolCostSum, 800);
-        EXPECT_EQ(LoadOfArc(desk.Run, 1, 2, 4)->ToolCostSum, 1200);
-        EXPECT_EQ(LoadOfArc(desk.Run, 1, 3, 4)->ToolCostSum, 940);
+        EXPECT_EQ(ContentOfArc(desk.Run, 1, 1, 4)->ToolCostSum, 800);
+        EXPECT_EQ(ContentOfArc(desk.Run, 1, 2, 4)->ToolCostSum, 1200);
+        EXPECT_EQ(ContentOfArc(desk.Run, 1, 3, 4)->ToolCostSum, 940);
     } while (std::next_permutation(model.Matrix.begin(), model.Matrix.end(), by_task));
 }
 
@@ -117,9 +115,9 @@ TEST(ArcCost, APairWithoutATimeCannotBeDone) {
                                 ", ToolNum = NULL, ToolCost = NULL WHERE TaskId = 2;";
         StochDesk desk(sql);
         LoadStochData(desk.Run);
-        EXPECT_TRUE(LoadOfArc(desk.Run, 1, 1, 1).has_value());
-        EXPECT_FALSE(LoadOfArc(desk.Run, 1, 2, 2).has_value()) << nothing;
-        EXPECT_FALSE(LoadOfArc(desk.Run, 1, 1, 2).has_value()) << nothing;
+        EXPECT_TRUE(ContentOfArc(desk.Run, 1, 1, 1).has_value());
+        EXPECT_FALSE(ContentOfArc(desk.Run, 1, 2, 2).has_value()) << nothing;
+        EXPECT_FALSE(ContentOfArc(desk.Run, 1, 1, 2).has_value()) << nothing;
     }
 }
 
@@ -177,10 +175,10 @@ TEST(ArcCost, APairNeedsATimeAboveZeroAndSoDoesEveryPairOfAnArc) {
     model.Demand = {{1000, 50}, {2000, 50}};
     StochDesk desk(model);
     desk.BuildDemandTables();
-    EXPECT_TRUE(LoadOfArc(desk.Run, 1, 1, 1).has_value());
-    EXPECT_FALSE(LoadOfArc(desk.Run, 1, 2, 2).has_value());  // no row
-    EXPECT_FALSE(LoadOfArc(desk.Run, 1, 3, 3).has_value());  // a time of 0
-    EXPECT_FALSE(LoadOfArc(desk.Run, 1, 1, 2).has_value());
+    EXPECT_TRUE(ContentOfArc(desk.Run, 1, 1, 1).has_value());
+    EXPECT_FALSE(ContentOfArc(desk.Run, 1, 2, 2).has_value());  // no row
+    EXPECT_FALSE(ContentOfArc(desk.Run, 1, 3, 3).has_value());  // a time of 0
+    EXPECT_FALSE(ContentOfArc(desk.Run, 1, 1, 2).has_value());
     EXPECT_EQ(desk.Run.Pair(1, 2).TaskTime, 0);
     EXPECT_EQ(desk.Run.Pair(1, 2).ToolNum, 0);
     EXPECT_EQ(desk.Run.Pair(1, 2).ToolCost, 0);
