@@ -6,6 +6,7 @@
 #include "basic/RunTimeError.h"
 #include "fixed/ArcDrawing.h"
 #include "fixed/GeneratePathways.h"
+#include "model/RowWriter.h"
 
 namespace quarnel02 {
 
@@ -27,36 +28,18 @@ std::int16_t NodeCount(const MainForm& form) {
     return ToInteger(tasks + 1, "Number of tasks");
 }
 
-void DeleteArcs(const Database& database) {
-    RecordSet arcs = database.OpenRecordSet("SELECT * FROM Arcs;");
-    if (arcs.RecordCount() == 0) {
-        return;
-    }
-    arcs.MoveLast();
-    arcs.MoveFirst();
-    while (!arcs.Eof()) {
-        arcs.Delete();
-        arcs.MoveNext();
-    }
-}
-
 void AppendArcs(const Database& database, std::int16_t nodes, double spacing) {
-    RecordSet arcs = database.OpenRecordSet("SELECT * FROM Arcs;");
+    RowWriter arcs = RowWriter::Adding(
+        database, "Arcs", {"ArcId", "TaskStart", "TaskEnd", "Midpoint", "Radius", "Start", "End"});
     int counter = 0;
     for (int level = nodes - 1; level >= 1; --level) {
         const int span = nodes - level;
         const bool below = level % 2 != 0;
+        const auto radius = static_cast<double>(ToSingle(0.5 * span * spacing, "Radius"));
         for (int start = 1; start <= level; ++start) {
-            arcs.AddNew();
-            arcs.Set("ArcId", counter);
-            arcs.Set("TaskStart", start);
-            arcs.Set("TaskEnd", start + span);
-            arcs.Set("Midpoint", ToInteger(0.5 * span * spacing + start * spacing, "Midpoint"));
-            arcs.Set("Radius", ToSingle(0.5 * span * spacing, "Radius"));
-            arcs.Set("Start", below ? kPi : 0.0);
-            arcs.Set("End", below ? kTwoPi : kPi);
-            arcs.Update();
-            arcs.MoveToLastModified();
+            const int midpoint = ToInteger(0.5 * span * spacing + start * spacing, "Midpoint");
+            arcs.Write({counter, start, start + span, midpoint, radius, below ? kPi : 0.0,
+                        below ? kTwoPi : kPi});
             ++counter;
         }
     }
@@ -71,7 +54,7 @@ bool IsFailureOfFile(const RunTimeError& error) {
 void RebuildArcs(MainForm& form, std::int16_t nodes, double spacing) {
     const Database& database = form.OpenWorkingCopy();
     Transaction transaction(database);
-    DeleteArcs(database);
+    DeleteAllRows(database, "Arcs");
     AppendArcs(database, nodes, spacing);
     transaction.Commit();
 }

@@ -1,94 +1,114 @@
 #include "fixed/GeneratePathways.h"
 
 #include <limits>
+#include <vector>
 
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
+#include "fixed/Arcs.h"
 #include "fixed/DrawLinks.h"
+#include "model/RowWriter.h"
 
 namespace quarnel02 {
 
 namespace {
 
-class PathwayGenerator {
-  public:
-    explicit PathwayGenerator(const Database& database) : m_database(database) {}
-
-    void DeleteAll();
-    void AddResource(int resource);
-
-  private:
-    void AddChain(RecordSet& tasks, int resource);
-    void Append(int resource, int start, int end);
-    [[nodiscard]] std::int16_t ArcOf(int resource, int start, int end) const;
-
-    const Database& m_database;
-    int m_counter = 1;
+/// A row of Pathways to be.
+struct NewPathway {
+    int Arc;
+    int Resource;
 };
 
-void PathwayGenerator::DeleteAll() {
-    RecordSet pathways = m_database.OpenRecordSet("SELECT * FROM Pathways;");
-    while (!pathways.Eof()) {
-        pathways.Delete();
-        pathways.MoveNext();
+/// The pathways of all resources, whatever the matrix holds: a task entered twice counts twice, and
+/// only a pathway to a task without an arc is refused. Models are opened with all of that.
+class PathwayGenerator {
+  public:
+    explicit PathwayGenerator(const Arcs& arcs) : m_arcs(arcs) {}
+
+    /// `tasks` of the resource in ascending order.
+    void AddResource(int resource, const std::vector<int>& tasks);
+    [[nodiscard]] const std::vector<NewPathway>& Pathways() const { return m_pathways; }
+
+  private:
+    void AddChain(int resource, const std::vector<int>& tasks, std::size_t first);
+    void Append(int resource, int start, int end);
+    [[nodiscard]] int ArcOf(int resource, int start, int end) const;
+
+    const Arcs& m_arcs;
+    std::vector<NewPathway> m_pathways;
+};
+
+void PathwayGenerator::AddResource(int resource, const std::vector<int>& tasks) {
+    for (std::size_t first = 0; first < tasks.size(); ++first) {
+        AddChain(resource, tasks, first);
     }
 }
 
-void PathwayGenerator::AddResource(int resource) {
-    RecordSet tasks = m_database.OpenRecordSet(
-        "SELECT TaskId FROM Matrix WHERE ResourceId = " + NumberText(resource) +
-        " AND TaskTime > 0 ORDER BY TaskId;");
-    const int count = tasks.RecordCount();
-    for (int first = 0; first < count; ++first) {
-        tasks.MoveFirst();
-        tasks.Move(first);
-        AddChain(tasks, resource);
-    }
-}
-
-/// Pathways that start at the current task and end at each task of its unbroken chain.
-void PathwayGenerator::AddChain(RecordSet& tasks, int resource) {
-    const int start = tasks.Integer(0);
+/// Pathways that start at a task and end at each task of its unbroken chain.
+void PathwayGenerator::AddChain(int resource, const std::vector<int>& tasks, std::size_t first) {
+    const int start = tasks[first];
     int current = start;
     Append(resource, start, current + 1);
-    for (tasks.MoveNext(); !tasks.Eof() && tasks.Integer(0) == current + 1; tasks.MoveNext()) {
-        Append(resource, start, current + 2);
+    for (std::size_t next = first + 1; next < tasks.size() && tasks[next] == current + 1; ++next) {
         ++current;
+        Append(resource, start, current + 1);
     }
 }
 
-std::int16_t PathwayGenerator::ArcOf(int resource, int start, int end) const {
-    const RecordSet arc =
-        m_database.OpenRecordSet("SELECT ArcId FROM Arcs WHERE TaskStart = " + NumberText(start) +
-                                 " AND TaskEnd = " + NumberText(end) + ";");
-    if (arc.Eof()) {
+int PathwayGenerator::ArcOf(int resource, int start, int end) const {
+    const Arc* arc = m_arcs.Between(start, end);
+    if (arc == nullptr) {
         throw RunTimeError(ErrorKind::NoCurrentRecord,
                            "Matrix: resource " + NumberText(resource) + " has a row for task " +
                                NumberText(end - 1) +
                                ", which the model does not have. Correct the number of tasks or "
                                "remove the row.");
     }
-    return arc.Integer(0);
+    return arc->Id;
 }
 
 void PathwayGenerator::Append(int resource, int start, int end) {
-    if (m_counter > std::numeric_limits<std::int16_t>::max()) {
+    constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
+    if (m_pathways.size() == most) {
         throw RunTimeError(ErrorKind::Overflow,
                            "Pathways: the model has more than 32,767 pathways (a task range and a "
                            "resource that can do it). Remove tasks, resources or matrix rows.");
     }
-    const std::int16_t arc = ArcOf(resource, start, end);
-    RecordSet pathways = m_database.OpenRecordSet("SELECT * FROM Pathways;");
-    pathways.AddNew();
-    pathways.Set("PathId", m_counter);
-    pathways.Set("ArcId", arc);
-    pathways.Set("ResourceId", resource);
-    pathways.Set("Feasible", 1);
-    pathways.Set("Cost", 0);
-    pathways.Set("Time", 0);
-    pathways.Update();
-    pathways.MoveToLastModified();
-    ++m_counter;
+    m_pathways.push_back({ArcOf(resource, start, end), resource});
+}
+
+/// The rows of the matrix with a task time, by resource and task.
+class MatrixByResource {
+  public:
+    explicit MatrixByResource(const Database& database)
+        : m_rows(database.OpenRecordSet("SELECT ResourceId, TaskId FROM Matrix WHERE TaskTime > 0 "
+                                        "ORDER BY ResourceId, TaskId;")) {}
+
+    /// Tasks of a resource, which must be above all that were asked for before.
+    std::vector<int> TasksOf(int resource) {
+        while (!m_rows.Eof() && (IsNull(m_rows.Field(0)) || m_rows.Number(0) < resource)) {
+            m_rows.MoveNext();
+        }
+        std::vector<int> tasks;
+        for (; !m_rows.Eof() && m_rows.Number(0) == resource; m_rows.MoveNext()) {
+            tasks.push_back(m_rows.Integer(1));
+        }
+        return tasks;
+    }
+
+  private:
+    RecordSet m_rows;
+};
+
+void WritePathways(const Database& database, const std::vector<NewPathway>& pathways) {
+    DeleteAllRows(database, "Pathways");
+    RowWriter rows = RowWriter::Adding(
+        database, "Pathways", {"PathId", "ArcId", "ResourceId", "Feasible", "Cost", "Time"});
+    int number = 0;
+    for (const NewPathway& pathway : pathways) {
+        ++number;
+        rows.Write({number, pathway.Arc, pathway.Resource, 1, 0, 0});
+    }
 }
 
 }  // namespace
@@ -96,12 +116,14 @@ void PathwayGenerator::Append(int resource, int start, int end) {
 void GeneratePathways(MainForm& form) {
     const Database& database = form.OpenWorkingCopy();
     Transaction transaction(database);
-    PathwayGenerator generator(database);
-    generator.DeleteAll();
     const std::int16_t resources = database.OpenRecordSet("SELECT Resources FROM Gen;").Integer(0);
+    const Arcs arcs(database);
+    MatrixByResource matrix(database);
+    PathwayGenerator generator(arcs);
     for (int resource = 1; resource <= resources; ++resource) {
-        generator.AddResource(resource);
+        generator.AddResource(resource, matrix.TasksOf(resource));
     }
+    WritePathways(database, generator.Pathways());
     transaction.Commit();
     DrawLinks(form);
 }
