@@ -1,183 +1,73 @@
 #include "fixed/FindBestPath.h"
 
-#include <optional>
 #include <string>
+#include <vector>
 
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "fixed/DrawLinks.h"
 #include "fixed/WriteSolutionSummary.h"
+#include "line/CheapestLine.h"
+#include "line/ReportedChain.h"
+#include "model/RowWriter.h"
 #include "shell/DesignMade.h"
 
 namespace quarnel02 {
 
 namespace {
 
-/// Positions in table BestPaths.
-constexpr int kThisPath = 0;
-constexpr int kPathId = 1;
-constexpr int kSubPath = 2;
-
-struct DeadEnd {
-    const char* Message;
-    MessageIcon Icon;
-};
-
-constexpr DeadEnd kUnreachedStart{"There is no feasible solution.", MessageIcon::Information};
-constexpr DeadEnd kUnlabelledWayIn{"There is no feasible solution.", MessageIcon::Critical};
-constexpr DeadEnd kBrokenChain{"There is no feasible solution!", MessageIcon::Critical};
-
-/// Least cost of reaching a node that has a label.
-std::optional<float> LabelOf(MainForm& form, std::int16_t node) {
-    const RecordSet label = form.OpenWorkingCopy().OpenRecordSet(
-        "SELECT PathCost FROM BestPaths WHERE ThisPath = " + NumberText(int{node}) + ";");
-    return label.RecordCount() != 0 ? std::optional(label.Single(0)) : std::nullopt;
-}
-
-/// Cost of reaching a node by this way in, from a start node with this label.
-float CostFrom(std::optional<float> start, const RecordSet& ways) {
-    return ToSingle(static_cast<double>(start.value_or(0.0F)) + ways.Number(3), "PathCost");
-}
-
-/// One search: the label of the node in hand, and the labels written so far.
-class PathSearch {
-  public:
-    explicit PathSearch(MainForm& form)
-        : m_form(form),
-          m_labels(form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM BestPaths;")) {}
-
-    void ForgetLastRun();
-    std::optional<DeadEnd> LabelNodes();
-    std::optional<DeadEnd> MarkChain();
-
-  private:
-    void ReadWayIn(const RecordSet& ways);
-    std::optional<DeadEnd> BeginNode(const RecordSet& ways);
-    std::optional<DeadEnd> TryOtherWayIn(const RecordSet& ways);
-    void AppendLabel();
-    void Mark(std::int16_t pathway) const;
-
-    MainForm& m_form;
-    RecordSet m_labels;
-    std::int16_t m_pathId = 0;
-    std::int16_t m_taskEnd = 0;
-    std::int16_t m_taskStart = 0;
-    float m_label = 0;  ///< least cost of reaching the node
-};
-
-void PathSearch::ForgetLastRun() {
-    if (m_labels.RecordCount() > 0) {
-        m_labels.MoveLast();
-        for (m_labels.MoveFirst(); !m_labels.Eof(); m_labels.MoveNext()) {
-            m_labels.Delete();
-        }
-    }
-    RecordSet chosen = m_form.Model.OpenRecordSet("SELECT * FROM Pathways WHERE Feasible = 4;");
-    for (; !chosen.Eof(); chosen.MoveNext()) {
-        chosen.Edit();
-        chosen.Set("Feasible", 1);
-        chosen.Update();
-        chosen.MoveToLastModified();
-    }
-}
-
-void PathSearch::ReadWayIn(const RecordSet& ways) {
-    m_pathId = ways.Integer(0);
-    m_taskEnd = ways.Integer(1);
-    m_taskStart = ways.Integer(2);
-}
-
-void PathSearch::AppendLabel() {
-    m_labels.AddNew();
-    m_labels.Set("ThisPath", m_taskEnd);
-    m_labels.Set("PathId", m_pathId);
-    m_labels.Set("SubPath", m_taskStart);
-    m_labels.Set("PathCost", m_label);
-    m_labels.Update();
-    m_labels.MoveToLastModified();
-}
-
-std::optional<DeadEnd> PathSearch::LabelNodes() {
-    RecordSet ways = m_form.Model.OpenRecordSet(
+/// The ways in of the network, by end node and start node. Throws NoCurrentRecord without any.
+std::vector<Way> ReadWays(const Database& database) {
+    RecordSet rows = database.OpenRecordSet(
         "SELECT Pathways.PathId, Arcs.TaskEnd, Arcs.TaskStart, Pathways.Cost FROM Arcs INNER JOIN "
         "Pathways ON Arcs.ArcId = Pathways.ArcId Where ((Pathways.Feasible = 1)) ORDER BY "
         "Arcs.TaskEnd, Arcs.TaskStart;");
-    ways.MoveLast();
-    ways.MoveFirst();
-    // Meant: the very first way in counts as a start of the line, wherever it starts.
-    ReadWayIn(ways);
-    m_label = ways.Single(3);
-    for (ways.MoveNext(); !ways.Eof(); ways.MoveNext()) {
-        const bool new_node = ways.Integer(1) != m_taskEnd;
-        if (const auto dead_end = new_node ? BeginNode(ways) : TryOtherWayIn(ways)) {
-            return dead_end;
-        }
+    std::vector<Way> ways;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        ways.push_back({rows.Integer(0), rows.Integer(2), rows.Integer(1), rows.Number(3)});
     }
-    AppendLabel();
-    return std::nullopt;
+    return ways;
 }
 
-std::optional<DeadEnd> PathSearch::BeginNode(const RecordSet& ways) {
-    AppendLabel();
-    ReadWayIn(ways);
-    if (m_taskStart == 1) {
-        m_label = ways.Single(3);
-        return std::nullopt;
-    }
-    const auto start = LabelOf(m_form, m_taskStart);
-    m_label = CostFrom(start, ways);
-    // Meant: a start node without a label ends the search, even if a later way in would do.
-    return start ? std::nullopt : std::optional(kUnreachedStart);
+/// The line of an earlier search is feasible again.
+void ForgetChoice(const Database& database) {
+    constexpr int feasible = static_cast<int>(PathwayState::Feasible);
+    constexpr int chosen = static_cast<int>(PathwayState::Chosen);
+    RowWriter::Changing(database, "Pathways", {"Feasible"}, "Feasible").Write({feasible, chosen});
 }
 
-std::optional<DeadEnd> PathSearch::TryOtherWayIn(const RecordSet& ways) {
-    const auto start = LabelOf(m_form, ways.Integer(2));
-    const float cost = CostFrom(start, ways);
-    if (!(cost < m_label)) {
-        return std::nullopt;
-    }
-    ReadWayIn(ways);
-    m_label = cost;
-    // Meant: a way in from node 1 ends here too, because node 1 has no label.
-    return start ? std::nullopt : std::optional(kUnlabelledWayIn);
-}
-
-std::optional<DeadEnd> PathSearch::MarkChain() {
-    m_labels.MoveLast();
-    for (;;) {
-        const std::int16_t target = m_labels.Integer(kSubPath);
-        Mark(m_labels.Integer(kPathId));
-        if (target == 1) {
-            return std::nullopt;
-        }
-        while (m_labels.Integer(kThisPath) != target) {
-            m_labels.MovePrevious();
-            if (m_labels.Bof()) {
-                return kBrokenChain;
-            }
-        }
+void WriteLabels(const Database& database, const std::vector<NodeLabel>& labels) {
+    DeleteAllRows(database, "BestPaths");
+    RowWriter rows =
+        RowWriter::Adding(database, "BestPaths", {"ThisPath", "PathId", "SubPath", "PathCost"});
+    for (const NodeLabel& label : labels) {
+        rows.Write({label.Node, label.Pathway, label.Start, static_cast<double>(label.Cost)});
     }
 }
 
-void PathSearch::Mark(std::int16_t pathway) const {
-    RecordSet row = m_form.Model.OpenRecordSet(
-        "SELECT Feasible FROM Pathways WHERE PathId = " + NumberText(int{pathway}) + ";");
-    row.Edit();
-    row.Set("Feasible", 4);
-    row.Update();
-    row.MoveToLastModified();
+void MarkChosen(const Database& database, const std::vector<int>& pathways) {
+    RowWriter rows = RowWriter::Changing(database, "Pathways", {"Feasible"}, "PathId");
+    for (const int pathway : pathways) {
+        rows.Write({static_cast<int>(PathwayState::Chosen), pathway});
+    }
 }
 
-std::optional<DeadEnd> Search(MainForm& form) {
-    PathSearch search(form);
-    Transaction transaction(form.Model);
-    search.ForgetLastRun();
-    auto dead_end = search.LabelNodes();
-    if (!dead_end) {
-        dead_end = search.MarkChain();
-    }
+DeadEnd Search(MainForm& form) {
+    const Database database = form.OpenWorkingCopy();
+    Transaction transaction(database);
+    ForgetChoice(database);
+    const ReportedChain chain = SearchReportedChain(ReadWays(database));
+    WriteLabels(database, chain.Labels);
+    MarkChosen(database, chain.Pathways);
     transaction.Commit();
-    return dead_end;
+    return chain.End;
+}
+
+void ShowDeadEnd(MainForm& form, DeadEnd end) {
+    const bool broken = end == DeadEnd::BrokenChain;
+    form.ShowMessage(
+        broken ? "There is no feasible solution!" : "There is no feasible solution.",
+        end == DeadEnd::UnreachedStart ? MessageIcon::Information : MessageIcon::Critical);
 }
 
 /// How far a line that was found goes.
@@ -213,14 +103,16 @@ std::string LeftOutText(LineEnd end) {
 }  // namespace
 
 float GetPathCost(MainForm& form, std::int16_t node) {
-    return LabelOf(form, node).value_or(0.0F);
+    const RecordSet label = form.OpenWorkingCopy().OpenRecordSet(
+        "SELECT PathCost FROM BestPaths WHERE ThisPath = " + NumberText(int{node}) + ";");
+    return label.RecordCount() != 0 ? label.Single(0) : 0.0F;
 }
 
 void FindBestPath(MainForm& form) {
-    const auto dead_end = Search(form);
+    const DeadEnd dead_end = Search(form);
     DrawLinks(form);
-    if (dead_end) {
-        form.ShowMessage(dead_end->Message, dead_end->Icon);
+    if (dead_end != DeadEnd::None) {
+        ShowDeadEnd(form, dead_end);
         return;
     }
     WriteSolutionSummary(form);
