@@ -120,5 +120,21 @@ RC_GTEST_PROP(Pathways, HaveTheContentsOfTheirTasksWhereverTheyBegin, ()) {
     }
 }
 
+RC_GTEST_PROP(Pathways, HaveTheSameContentsWhicheverOfThemAreAskedFor, ()) {
+    const PreparedLine line = Prepare(test::RandomParts(test::Roll(5, 10)).Model());
+    std::vector<Pathway> some;
+    std::vector<WorkContent> expected;
+    for (std::size_t place = 0; place < line.Pathways.size(); ++place) {
+        if (test::Roll(0, 2) != 0) {
+            some.push_back(line.Pathways[place]);
+            expected.push_back(line.Contents[place]);
+        }
+    }
+    RC_ASSERT(ContentsOf(line.Model, some) == expected);
+    std::reverse(some.begin(), some.end());
+    std::reverse(expected.begin(), expected.end());
+    RC_ASSERT(ContentsOf(line.Model, some) == expected);
+}
+
 }  // namespace
 }  // namespace quarnel02
