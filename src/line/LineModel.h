@@ -90,8 +90,9 @@ class LineModel {
     }
     /// Entries of a resource for the tasks from `first` to `last`, in task order.
     [[nodiscard]] std::span<const MatrixEntry> Entries(int resource, int first, int last) const {
-        return Row(resource).subspan(static_cast<std::size_t>(first) - 1,
-                                     static_cast<std::size_t>(last - first + 1));
+        return Row(resource).subspan(
+            static_cast<std::size_t>(first) - 1,
+            static_cast<std::size_t>(last) + 1 - static_cast<std::size_t>(first));
     }
     [[nodiscard]] const MatrixEntry& Entry(int resource, int task) const {
         return m_matrix[PlaceOf(resource, task)];
