@@ -16,6 +16,7 @@
 #include "generate_model.h"
 #include "model/ModelFile.h"
 #include "shell/Demand.h"
+#include "shell/LoadLineModel.h"
 #include "stoch/AddCurves.h"
 #include "stoch/BuildDemandTable.h"
 #include "stoch/BuildFinalTable.h"
@@ -127,9 +128,7 @@ double BareSeconds(LoadedModel& model) {
     model.Form.OpenWorkingCopy();
     StochRun run(model.Form);
     LoadStochData(run);
-    const RecordSet gen = model.Form.Model.OpenRecordSet("SELECT * FROM Gen;");
-    run.Parameters = {gen.Number("Days"), gen.Number("ACF"), gen.Number("LaborCost"),
-                      gen.Number("TransportTime")};
+    run.Parameters = LoadLineModel(model.Form.Model).Parameters();
     BuildDemandTable(run);
     BuildShiftTable(run);
     const auto start = Clock::now();
