@@ -58,8 +58,12 @@ class CurveMaker {
 
     /// The least number of stations, from `stations` up, that is enough.
     [[nodiscard]] int StationsFrom(int stations, float volume) const {
-        const float cycle_time = CycleTimeAt(m_parameters, volume);
-        int enough = std::max<int>(stations, FitStations(m_content.WorkTime, cycle_time).Stations);
+        // Mostly one more than for the volume before; else nearly as many as the cycle time needs.
+        int enough = stations;
+        if (!Enough(stations, volume) && !Enough(stations + 1, volume)) {
+            const float cycle_time = CycleTimeAt(m_parameters, volume);
+            enough = std::max<int>(stations, FitStations(m_content.WorkTime, cycle_time).Stations);
+        }
         while (!Enough(enough, volume)) {
             ++enough;
         }
