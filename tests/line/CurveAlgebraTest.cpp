@@ -125,6 +125,29 @@ RC_GTEST_PROP(CurveAlgebraOfRandomCurves, AnEnvelopeWithItselfIsItself, ()) {
                          envelope.Segments().begin(), envelope.Segments().end()));
 }
 
+RC_GTEST_PROP(CurveAlgebraOfRandomCurves, AnEnvelopeIsCutOnlyWhereTheOtherCurveTakesOver, ()) {
+    // A rising line, and a falling one that changes its tag several times before they cross.
+    const auto cost = [](int low) { return static_cast<float>(Roll(low, low + 9000)) / 7; };
+    CostCurve rising;
+    rising.Append({kStart, 1000, cost(0), cost(20000), {1, 1, 0}});
+    const CurveSegment falling{kStart, 1000, cost(20000), cost(0), {2, 1, 0}};
+    CostCurve tagged;
+    float start = kStart;
+    for (std::int16_t stations = 1; stations <= 9; ++stations) {
+        const float end = stations == 9 ? 1000 : start + 37.3F;
+        tagged.Append({start,
+                       end,
+                       static_cast<float>(falling.CostAt(start)),
+                       static_cast<float>(falling.CostAt(end)),
+                       {2, stations, 0}});
+        start = NextSingle(end);
+    }
+    const CostCurve envelope = LowerEnvelope(rising, tagged, ZeroCost::AsItIs);
+    const auto segments = envelope.Segments();
+    RC_ASSERT(std::count_if(segments.begin(), segments.end(),
+                            [](const CurveSegment& each) { return each.Tag.Resource == 1; }) == 1);
+}
+
 RC_GTEST_PROP(CurveAlgebraOfRandomCurves, EnvelopesDoNotDependOnTheirOrderUpToTies, ()) {
     const CostCurve a = RandomCurve(1);
     const CostCurve b = RandomCurve(2);

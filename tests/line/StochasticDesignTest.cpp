@@ -105,6 +105,15 @@ TEST(StochasticDesign, TakesACostOfZeroForTenThousandBetweenLinesOfAPrefix) {
     EXPECT_EQ(DesignForDemand(FreeAndPaid(40000), 0).Line.value().Groups.size(), 2U);
 }
 
+TEST(StochasticDesign, TakesACostOfZeroForWhatItIsBetweenResources) {
+    std::vector<Resource> ovens = {Oven(1), Oven(2)};
+    ovens[0].FixedCost = 1000;
+    ovens[1].FixedCost = 0;
+    const std::vector<MatrixRow> matrix = {{1, 1, {10, 1, 0}}, {2, 1, {10, 1, 0}}};
+    const LineModel model(test::YearOfSeconds(0), ovens, TasksTo(1), matrix, test::kTwoVolumes);
+    EXPECT_EQ(DesignForDemand(model, 0).Line.value().Groups.front().Group.Resource, 2);
+}
+
 TEST(StochasticDesign, NamesTheFirstTaskThatNothingCanDo) {
     const std::vector<MatrixRow> matrix = {{1, 1, {10, 1, 0}}, {1, 3, {10, 1, 0}}};
     const LineModel model(test::YearOfSeconds(0), {Oven(1)}, TasksTo(3), matrix, test::kTwoVolumes);

@@ -19,6 +19,7 @@ class StochasticTwin {
   public:
     StochasticTwin(const LineModel& model, double penaltyPerUnit)
         : m_model(model), m_penalty(penaltyPerUnit) {
+        ListContents();
         m_first = std::numeric_limits<float>::infinity();
         for (const DemandPoint& point : model.Demand()) {
             for (const double factor : {1.0, 1.5, 3.0}) {
@@ -56,7 +57,7 @@ class StochasticTwin {
     [[nodiscard]] double GroupCost(int resource, int first, int last, float capacity) const {
         const Resource& costs = m_model.ResourceOf(resource);
         const Production& year = m_model.Parameters();
-        const WorkContent content = Content(resource, first, last);
+        const WorkContent& content = Content(resource, first, last);
         const int stations = Stations(resource, first, last, capacity);
         const double capital = stations *
                                (static_cast<double>(content.ToolCostSum) + costs.FixedCost) *
@@ -73,22 +74,17 @@ class StochasticTwin {
         return (Expected(m_last).Production - Expected(capacity).Production) * m_penalty;
     }
 
-    /// Of all lines for the tasks from `first` on, one by one; none when there is no line.
-    [[nodiscard]] std::optional<double> LeastLineCost(float capacity, int first = 1) const {
-        if (first > m_model.TaskCount()) {
-            return 0;
-        }
-        std::optional<double> least;
-        for (int last = first; last <= m_model.TaskCount(); ++last) {
-            const auto rest = LeastLineCost(capacity, last + 1);
-            for (int resource = 1; rest && resource <= m_model.ResourceCount(); ++resource) {
-                if (CanDo(resource, first, last)) {
-                    const double cost = GroupCost(resource, first, last, capacity) + *rest;
-                    least = least ? std::min(*least, cost) : cost;
-                }
+    /// Of all lines, one partition of the tasks after the other; none when there is no line.
+    [[nodiscard]] std::optional<double> LeastLineCost(float capacity) const {
+        const int tasks = m_model.TaskCount();
+        Costs groups;
+        for (int first = 1; first <= tasks; ++first) {
+            for (int last = 1; last <= tasks; ++last) {
+                groups.push_back(last < first ? std::nullopt
+                                              : LeastGroupCost(first, last, capacity));
             }
         }
-        return least;
+        return LeastFrom(1, groups);
     }
 
     /// Every capacity at which the cost of any line may bend or jump, with its neighbours.
@@ -116,6 +112,35 @@ class StochasticTwin {
         double Shifts = 0;
     };
 
+    using Costs = std::vector<std::optional<double>>;  ///< by first task, then last task
+
+    [[nodiscard]] std::optional<double> LeastGroupCost(int first, int last, float capacity) const {
+        std::optional<double> least;
+        for (int resource = 1; resource <= m_model.ResourceCount(); ++resource) {
+            if (CanDo(resource, first, last)) {
+                const double cost = GroupCost(resource, first, last, capacity);
+                least = least ? std::min(*least, cost) : cost;
+            }
+        }
+        return least;
+    }
+
+    [[nodiscard]] std::optional<double> LeastFrom(int first, const Costs& groups) const {
+        const int tasks = m_model.TaskCount();
+        if (first > tasks) {
+            return 0;
+        }
+        std::optional<double> least;
+        for (int last = first; last <= tasks; ++last) {
+            const auto group = groups[static_cast<std::size_t>((first - 1) * tasks + last - 1)];
+            const auto rest = LeastFrom(last + 1, groups);
+            if (group && rest && (!least || *group + *rest < *least)) {
+                least = *group + *rest;
+            }
+        }
+        return least;
+    }
+
     static float Up(float volume) {
         return std::nextafter(volume, std::numeric_limits<float>::infinity());
     }
@@ -129,9 +154,25 @@ class StochasticTwin {
                                                       static_cast<double>(capacity)));
     }
 
-    [[nodiscard]] WorkContent Content(int resource, int first, int last) const {
-        return ContentTwin(m_model.Entries(resource, first, last), m_model.ResourceOf(resource),
-                           m_model.Parameters().TransportTime);
+    [[nodiscard]] const WorkContent& Content(int resource, int first, int last) const {
+        const int tasks = m_model.TaskCount();
+        return m_contents[static_cast<std::size_t>(((resource - 1) * tasks + first - 1) * tasks +
+                                                   last - 1)];
+    }
+
+    void ListContents() {
+        const int tasks = m_model.TaskCount();
+        for (int resource = 1; resource <= m_model.ResourceCount(); ++resource) {
+            for (int first = 1; first <= tasks; ++first) {
+                for (int last = 1; last <= tasks; ++last) {
+                    const bool can = last >= first && CanDo(resource, first, last);
+                    m_contents.push_back(can ? ContentTwin(m_model.Entries(resource, first, last),
+                                                           m_model.ResourceOf(resource),
+                                                           m_model.Parameters().TransportTime)
+                                             : WorkContent{});
+                }
+            }
+        }
     }
 
     [[nodiscard]] Expectation Expected(float capacity) const {
@@ -165,6 +206,7 @@ class StochasticTwin {
 
     const LineModel& m_model;
     double m_penalty;
+    std::vector<WorkContent> m_contents;  ///< by resource, first task and last task
     float m_first = 0;
     float m_last = 0;
     std::set<float> m_meant;
