@@ -10,7 +10,12 @@ namespace quarnel02 {
 /// The neighbours of a volume in single precision. Curves belong to every single exactly once, so
 /// a segment that ends at x is followed by one that starts at NextSingle(x).
 inline float NextSingle(float value) {
-    return std::nextafter(value, std::numeric_limits<float>::infinity());
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    if (value > 0 && value < infinity) {
+        // Every step along a curve takes this; a sixth of a design's time went into the library's.
+        return std::bit_cast<float>(std::bit_cast<std::uint32_t>(value) + 1);
+    }
+    return std::nextafter(value, infinity);
 }
 inline float PreviousSingle(float value) {
     return std::nextafter(value, -std::numeric_limits<float>::infinity());
