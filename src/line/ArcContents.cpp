@@ -1,6 +1,6 @@
 #include "line/ArcContents.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 
 void ArcContents::Next() {
     const int last = static_cast<int>(m_arcs.size()) + 1;
@@ -20,4 +20,4 @@ void ArcContents::Next() {
     }
 }
 
-}  // namespace quarnel02
+}  // namespace quarnel02::line

@@ -7,7 +7,7 @@
 #include "line/LineModel.h"
 #include "line/WorkContent.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 
 /// The work contents of all arcs that end at one task, for every resource that can do them. Going
 /// on to the next task adds one task to each.
@@ -34,4 +34,4 @@ class ArcContents {
     std::vector<std::vector<OfResource>> m_arcs;  ///< by first task
 };
 
-}  // namespace quarnel02
+}  // namespace quarnel02::line

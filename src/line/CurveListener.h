@@ -4,7 +4,7 @@
 
 #include "line/CostCurve.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 
 /// The kinds of curves of a stochastic design, in the order in which they are made.
 enum class CurveStage : std::int8_t {
@@ -56,4 +56,4 @@ class CurveListener {
     virtual void EndsEarly(const EarlyEnd& /*end*/) {}
 };
 
-}  // namespace quarnel02
+}  // namespace quarnel02::line

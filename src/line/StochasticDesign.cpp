@@ -11,7 +11,7 @@
 #include "line/LowerEnvelope.h"
 #include "line/ResourceCurve.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 
 namespace {
 
@@ -181,4 +181,4 @@ StochasticResult DesignForDemand(const LineModel& model, float penaltyPerUnit) {
     return DesignForDemand(model, penaltyPerUnit, ignored);
 }
 
-}  // namespace quarnel02
+}  // namespace quarnel02::line

@@ -7,7 +7,7 @@
 #include "line/LineModel.h"
 #include "line/StochasticLine.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 
 /// The outcome of a stochastic design.
 struct StochasticResult {
@@ -34,4 +34,4 @@ StochasticResult DesignForDemand(const LineModel& model, float penaltyPerUnit,
                                  CurveListener& listener);
 StochasticResult DesignForDemand(const LineModel& model, float penaltyPerUnit);
 
-}  // namespace quarnel02
+}  // namespace quarnel02::line

@@ -8,7 +8,7 @@
 #include "line/CostModel.h"
 #include "line/WorkContent.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 
 namespace {
 
@@ -137,4 +137,4 @@ std::optional<StochasticLine> CheapestLineOf(const LineModel& model,
     return line;
 }
 
-}  // namespace quarnel02
+}  // namespace quarnel02::line

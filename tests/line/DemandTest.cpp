@@ -12,7 +12,7 @@
 #include "line/Singles.h"
 #include "support/RunTimeErrors.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 namespace {
 
 using Points = std::vector<DemandPoint>;
@@ -175,4 +175,4 @@ RC_GTEST_PROP(RandomDistributions, WorkTheShiftsOfEveryPointOnAverage, ()) {
 }
 
 }  // namespace
-}  // namespace quarnel02
+}  // namespace quarnel02::line

@@ -6,7 +6,7 @@
 
 #include "line/StochasticModels.h"
 
-namespace quarnel02 {
+namespace quarnel02::line {
 namespace {
 
 using test::OvenModel;
@@ -86,4 +86,4 @@ TEST(ResourceCurveOverCapacity, IsEmptyWhereTheFirstVolumeNeedsMore) {
 }
 
 }  // namespace
-}  // namespace quarnel02
+}  // namespace quarnel02::line
