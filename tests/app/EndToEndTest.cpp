@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QTest>
 
 #include "app/Screen.h"
 #include "basic/Files.h"
@@ -142,6 +143,23 @@ TEST_F(EndToEnd, ASecondStartLeavesTheFirstAlone) {
 class UnderOpenbox : public EndToEnd {
   protected:
     UnderOpenbox() : EndToEnd(test::WindowManager::Openbox) {}
+
+    /// Presses the key until the window shows, a few times: the window manager may still be giving
+    /// the keyboard to the window that is to hear it.
+    bool KeyShows(const std::string& key, const std::string& title) {
+        constexpr int most_presses = 3;
+        constexpr int looks = 100;
+        for (int press = 0; press < most_presses; ++press) {
+            Display.Key(key);
+            for (int look = 0; look < looks; ++look) {
+                if (Display.Shows(title)) {
+                    return true;
+                }
+                QTest::qWait(20);
+            }
+        }
+        return false;
+    }
 };
 
 TEST_F(UnderOpenbox, AClickOnTheSplashLeavesTheKeyboardToTheMainWindow) {
@@ -150,8 +168,7 @@ TEST_F(UnderOpenbox, AClickOnTheSplashLeavesTheKeyboardToTheMainWindow) {
     Display.Click("^Welcome to Quarnel02$");
     ASSERT_TRUE(test::WaitUntil([&] { return !Display.Shows("^Welcome to Quarnel02$"); }));
     EXPECT_FALSE(Display.Shows("^Select a file to open"));
-    Display.Key("ctrl+o");
-    EXPECT_TRUE(test::WaitUntil([&] { return Display.Shows("^Select a file to open"); }));
+    EXPECT_TRUE(KeyShows("ctrl+o", "^Select a file to open"));
 }
 
 /// Keeps a solve busy for seconds.
@@ -178,21 +195,17 @@ void LengthenModel(const fs::path& file, int tasks) {
     transaction.Commit();
 }
 
+/// The stochastic design writes thousands of run files, which no machine does in a moment.
 TEST_F(UnderOpenbox, AShortCutTypedDuringASolveNeverRuns) {
-    LengthenModel(Folder / "pump.mdb", 70);
+    LengthenModel(Folder / "pump.mdb", 45);
     StartAndOpenPump();
-    Display.Key("alt+1");
-    ASSERT_TRUE(Display.Focus("^Fixed Demand$"));
-    Display.Type("60000");
-    Display.Key("Return");
-    ASSERT_TRUE(Display.Focus("^Quarnel02$"));
-    Display.Tool({"key", "alt+n", "sleep", "0.3", "key", "ctrl+n"});
+    Display.Tool({"key", "alt+s", "sleep", "0.3", "key", "ctrl+n"});
+    ASSERT_TRUE(NotesTaken().empty()) << "the design ended before the short cut was typed";
     ASSERT_TRUE(test::WaitUntil([&] { return !NotesTaken().empty(); }));
     EXPECT_FALSE(Program.waitForFinished(500));
     EXPECT_TRUE(Display.Shows("^pump.mdb - Quarnel02$"));
 
-    Display.Key("ctrl+n");
-    EXPECT_TRUE(test::WaitUntil([&] { return Display.Shows("^Quarnel02$"); }));
+    EXPECT_TRUE(KeyShows("ctrl+n", "^Quarnel02$"));
 }
 
 }  // namespace
