@@ -267,6 +267,10 @@ void RequireUsableModel(const Database& database) {
     }
 }
 
+void RequireUsableResources(const Database& database) {
+    static_cast<void>(ReadResources(database, 0));
+}
+
 void RequireUsableDemand(const Database& database) {
     const FigureColumns figures("Demand");
     RecordSet rows = database.OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");

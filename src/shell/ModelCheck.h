@@ -18,6 +18,10 @@ bool HasTasksAndResources(MainForm& form);
 /// resource beyond the number of resources do not count.
 void RequireUsableModel(const Database& database);
 
+/// The part of it that looks at the resources alone: every number only once, every figure in its
+/// range.
+void RequireUsableResources(const Database& database);
+
 /// The same for the rows of the demand distribution, which are counted by volume as the list shows
 /// them ("Demand row 2 (5,000 units): probability is 120 %; it must be at least 0 and at most
 /// 100."). Rows that are no demand points, which the list leaves out, are passed over.

@@ -44,6 +44,7 @@ bool MayRun(MainForm& form) {
     if (!HasTasksAndResources(form)) {  // which opens the model
         return false;
     }
+    RequireUsableResources(form.Model);  // one entered twice leaves another number without a row
     if (HasEveryResource(form.Model)) {
         RequireUsableModel(form.Model);
         RequireUsableDemand(form.Model);

@@ -110,6 +110,14 @@ TEST(StochFailures, RowsThatAreTwiceAreRefusedBeforeTheRun) {
                   "cell in the matrix editor and enter it again.");
 }
 
+TEST(StochFailures, AResourceThatIsTwiceIsNamedThoughItLeavesAnotherWithoutARow) {
+    StochSolve solve(StagesModel().Sql() +
+                     "UPDATE Resources SET ResourceId = 1 WHERE ResourceId = 2;");
+    ExpectRefusal(solve, ErrorKind::NotAModel,
+                  "Resource 1 (Press): resource 1 (Robot) has the same number. Delete one of them "
+                  "in the resource editor.");
+}
+
 TEST(StochFailures, APenaltyMustBeANumberOfAtLeastZero) {
     StochSolve word(StagesModel(), "much");
     ExpectRefusal(word, ErrorKind::TypeMismatch,
