@@ -81,6 +81,15 @@ bool frmSplash::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+/// Its time begins when it is seen: the first picture of the main window may take longer.
+void frmSplash::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (!m_seen) {
+        m_seen = true;
+        m_timer->start();
+    }
+}
+
 void frmSplash::keyPressEvent(QKeyEvent* /*event*/) {
     close();
 }

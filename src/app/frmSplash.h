@@ -28,10 +28,12 @@ class frmSplash : public QWidget {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     std::unique_ptr<Ui::frmSplash> m_ui;
     QTimer* m_timer;  ///< tmrQuitMe
+    bool m_seen = false;
 };
 
 }  // namespace quarnel02

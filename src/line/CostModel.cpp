@@ -25,7 +25,7 @@ float SharedTime(float workTime, int stations) {
 bool StationsFit(float workTime, int stations, float available) {
     // Sums of singles miss a round total by a few parts in ten million.
     constexpr double tolerance = 1e-6;
-    const double limit = static_cast<double>(available);
+    const auto limit = static_cast<double>(available);
     return static_cast<double>(SharedTime(workTime, stations)) <=
            limit + std::abs(limit) * tolerance;
 }

@@ -1,7 +1,6 @@
 #include "line/StochasticLine.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "basic/RunTimeError.h"
 #include "line/AnnualCost.h"
@@ -66,8 +65,8 @@ class LineTrace {
                                       double shifts) const {
         AnnualParts line;
         // From the last group backwards: sums of doubles depend on their order.
-        for (const ExpectedGroup& each : std::views::reverse(groups)) {
-            const AnnualParts parts = PartsOf(each.Group, units, shifts);
+        for (std::size_t place = groups.size(); place-- > 0;) {
+            const AnnualParts parts = PartsOf(groups[place].Group, units, shifts);
             line.Capital += parts.Capital;
             line.Machine += parts.Machine;
             line.Labour += parts.Labour;

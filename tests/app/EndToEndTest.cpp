@@ -162,11 +162,15 @@ class UnderOpenbox : public EndToEnd {
     }
 };
 
+/// On a busy machine the splash may be gone before anyone can click on it; the click then goes to
+/// the middle of the main window, and the keyboard must work all the same.
 TEST_F(UnderOpenbox, AClickOnTheSplashLeavesTheKeyboardToTheMainWindow) {
     Start(Program);
-    ASSERT_TRUE(test::WaitUntil([&] { return Display.Shows("^Welcome to Quarnel02$"); }));
-    Display.Click("^Welcome to Quarnel02$");
-    ASSERT_TRUE(test::WaitUntil([&] { return !Display.Shows("^Welcome to Quarnel02$"); }));
+    ASSERT_TRUE(test::WaitUntil(
+        [&] { return Display.Shows("^Welcome to Quarnel02$") || Display.Shows("^Quarnel02$"); }));
+    Display.Tool({"mousemove", "700", "500", "click", "1"});
+    ASSERT_TRUE(test::WaitUntil(
+        [&] { return Display.Shows("^Quarnel02$") && !Display.Shows("^Welcome to Quarnel02$"); }));
     EXPECT_FALSE(Display.Shows("^Select a file to open"));
     EXPECT_TRUE(KeyShows("ctrl+o", "^Select a file to open"));
 }
