@@ -92,10 +92,11 @@ std::string WithoutControls(std::string_view text) {
 }
 
 int CharacterCount(std::string_view text) {
-    const auto starts = std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-    });
-    return static_cast<int>(starts);
+    int count = 0;
+    for (const char c : text) {
+        count += (static_cast<unsigned char>(c) & 0xC0U) != 0x80U ? 1 : 0;
+    }
+    return count;
 }
 
 }  // namespace quarnel02

@@ -35,8 +35,8 @@ class ResourceCurve {
     /// curve ends because more stations than a segment can hold would be needed, if it does.
     template <class Writer>
     std::optional<float> Write(Writer& file) const {
-        float end = m_run.FirstVolume;
         float start = m_run.FirstVolume;
+        float end = start;
         int stations = 1;
         while (start <= m_run.LastVolume && Enough(kMostInChoice, start)) {
             stations = StationsFrom(stations, start);
