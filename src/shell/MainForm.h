@@ -1,40 +1,21 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "model/Database.h"
 #include "model/RecordSet.h"
-#include "shell/DesignMade.h"
-#include "shell/Picture.h"
+#include "shell/DemandList.h"
+#include "shell/Dialogs.h"
+#include "shell/PictureBoxes.h"
+#include "shell/SolveStatus.h"
+#include "shell/TextBoxes.h"
 
 namespace quarnel02 {
 
 /// Title of the main window, and of the boxes that have none of their own.
 inline constexpr const char* kApplicationTitle = "Quarnel02";
-
-/// The text boxes of the main form that procedures read or fill.
-enum class TextBox {
-    txtResources,
-    txtTasks,
-    txtDays,
-    txtACF,
-    txtLaborCost,
-    txtTransTime,
-    txtPenalty,
-    txtProduct,
-    txtVolume,
-    txtProb
-};
-inline constexpr std::size_t kTextBoxes = 10;
-
-enum class MessageIcon { None, Information, Question, Critical };
-
-/// The button of a question that Enter presses.
-enum class Answer { Yes, No };
 
 /// What the last press of a shift button has left for the solver and the report.
 struct FixedDemandState {
@@ -45,53 +26,20 @@ struct FixedDemandState {
     double AvailableCycleTime = 0;        ///< seconds per unit
 };
 
-/// The main form as everything below the windows sees it: boxes, demand list, dialogs, pictures
-/// and the state that procedures share. The desktop window, the batch program and the tests'
-/// scripted form are the forms there are.
-class MainForm {
+/// The main form as commands see it: everything that the smaller interfaces offer, and what is
+/// left. The desktop window, the batch program and the tests' scripted form are the forms there
+/// are.
+class MainForm : public Dialogs,
+                 public DemandList,
+                 public SolveStatus,
+                 public TextBoxes,
+                 public PictureBoxes {
   public:
     /// `applicationDirectory` holds the template, the working copy and the reports.
     explicit MainForm(std::filesystem::path applicationDirectory);
-    virtual ~MainForm() = default;
-    MainForm(const MainForm&) = delete;
-    MainForm& operator=(const MainForm&) = delete;
-    MainForm(MainForm&&) = delete;
-    MainForm& operator=(MainForm&&) = delete;
-
-    [[nodiscard]] virtual std::string Text(TextBox box) const = 0;
-    virtual void SetText(TextBox box, const std::string& text) = 0;
 
     /// Title of the window.
     virtual void SetTitle(const std::string& title) = 0;
-
-    /// The list of demand rows lstDemand: number of lines, selected line (from 0; -1 is none), and
-    /// a selection as by a click, which fills txtVolume and txtProb. Clearing drops the selection.
-    [[nodiscard]] virtual int DemandCount() const = 0;
-    [[nodiscard]] virtual int SelectedDemand() const = 0;
-    virtual void SelectDemand(int line) = 0;
-    [[nodiscard]] virtual std::string DemandLine(int line) const = 0;
-    virtual void ClearDemand() = 0;
-    virtual void AddDemandLine(const std::string& text) = 0;
-    virtual void RemoveDemandLine(int line) = 0;
-    /// The label lblSum under the list.
-    virtual void ShowDemandSum(const std::string& text, Colour colour) = 0;
-
-    /// Modal dialogs. The input box gives "" when it is cancelled.
-    virtual void ShowMessage(const std::string& text, MessageIcon icon) = 0;
-    virtual bool AskYesNo(const std::string& question, MessageIcon icon, Answer proposed) = 0;
-    /// Whether to solve in spite of what `warning` (a sentence) says; the proposed answer is No.
-    virtual bool SolveAnyway(const std::string& warning);
-    virtual std::string InputBox(const std::string& prompt, const std::string& title,
-                                 const std::string& proposal) = 0;
-
-    /// The status window of a long solve: shown with a text, its text and progress replaced (each
-    /// repaints it), and taken away. While it is shown the main window cannot be used.
-    virtual void ShowStatus(const std::string& text) = 0;
-    virtual void SetStatus(const std::string& text) = 0;
-    virtual void SetProgress(int done, int total) = 0;
-    virtual void HideStatus() = 0;
-    /// Something about a running solve that the user should know, beside its status text.
-    virtual void Notice(const std::string& text) = 0;
 
     /// Ends the whole program at once, without cleaning up.
     [[noreturn]] virtual void EndProgram() = 0;
@@ -124,13 +72,10 @@ class MainForm {
     std::string CurrentFile;
     bool Changed = false;  ///< the working copy holds changes not yet copied to a model file
 
-    Picture picArc;                   ///< the arc network, 15000 twips wide
-    std::array<Picture, 4> picGraph;  ///< results
     FixedDemandState FixedDemandSolve;
-    std::optional<DesignMade> LastDesign;  ///< what the pictures show; none without results
-    Database Model;                        ///< shared handle on the working copy, last opened
-    RecordSet GenRecords;                  ///< left open on Gen by the solve command
-    RecordSet PathwayRecords;              ///< pathways being costed
+    Database Model;            ///< shared handle on the working copy, last opened
+    RecordSet GenRecords;      ///< left open on Gen by the solve command
+    RecordSet PathwayRecords;  ///< pathways being costed
 
   private:
     std::filesystem::path m_applicationDirectory;

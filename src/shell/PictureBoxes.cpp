@@ -1,0 +1,25 @@
+#include "shell/PictureBoxes.h"
+
+namespace quarnel02 {
+
+namespace {
+
+Picture GraphPicture() {
+    constexpr double width = 7200;
+    constexpr double height = 4200;
+    return {width, height};
+}
+
+Picture ArcPicture() {
+    constexpr double width = 15000;
+    constexpr double height = 3600;
+    return {width, height};
+}
+
+}  // namespace
+
+PictureBoxes::PictureBoxes()
+    : picArc(ArcPicture()),
+      picGraph{GraphPicture(), GraphPicture(), GraphPicture(), GraphPicture()} {}
+
+}  // namespace quarnel02
