@@ -12,9 +12,9 @@
 #include <sstream>
 #include <string>
 
-#include "app/FileCommands.h"
 #include "app/frmMain.h"
 #include "basic/Files.h"
+#include "commands/FileCommands.h"
 #include "generate_model.h"
 #include "model/ModelFile.h"
 

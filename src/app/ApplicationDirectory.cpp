@@ -4,8 +4,8 @@
 #include <system_error>
 
 #include "app/QtPaths.h"
-#include "app/Template.h"
 #include "basic/RunTimeError.h"
+#include "commands/Template.h"
 
 namespace fs = std::filesystem;
 

@@ -8,13 +8,13 @@
 #include <utility>
 
 #include "app/ApplicationDirectory.h"
-#include "app/ModelPath.h"
 #include "app/QtPaths.h"
-#include "app/RecentFiles.h"
 #include "app/UserVolumes.h"
 #include "basic/RunTimeError.h"
-#include "editors/Dialogs.h"
+#include "commands/ModelPath.h"
+#include "commands/RecentFiles.h"
 #include "ui_frmFile.h"
+#include "widgets/Dialogs.h"
 
 namespace quarnel02 {
 

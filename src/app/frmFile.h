@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/FileDialog.h"
+#include "commands/FileDialog.h"
 
 namespace quarnel02 {
 

@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "app/FileCommands.h"
 #include "app/InputShield.h"
 #include "app/ReportLauncher.h"
-#include "app/ResultMarks.h"
 #include "app/frmFile.h"
+#include "commands/FileCommands.h"
+#include "commands/ResultMarks.h"
 #include "shell/MainForm.h"
 
 class QLabel;

@@ -8,9 +8,9 @@
 
 #include "app/frmMain.h"
 #include "app/frmStatus.h"
-#include "editors/Dialogs.h"
 #include "shell/Demand.h"
 #include "ui_frmMain.h"
+#include "widgets/Dialogs.h"
 
 namespace quarnel02 {
 

@@ -1,7 +1,7 @@
 // Parameter boxes and demand list of frmMain: what their events do.
-#include "app/DemandCommands.h"
-#include "app/Parameters.h"
 #include "app/frmMain.h"
+#include "commands/DemandCommands.h"
+#include "commands/Parameters.h"
 #include "shell/Demand.h"
 #include "ui_frmMain.h"
 

@@ -6,8 +6,8 @@
 #include <QSysInfo>
 
 #include "app/AppIcon.h"
-#include "editors/PicturePainter.h"
 #include "ui_frmSplash.h"
+#include "widgets/PicturePainter.h"
 
 namespace quarnel02 {
 

@@ -13,7 +13,7 @@
 #include "app/frmSplash.h"
 #include "basic/FailureText.h"
 #include "basic/Version.h"
-#include "editors/Dialogs.h"
+#include "widgets/Dialogs.h"
 
 namespace {
 

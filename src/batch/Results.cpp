@@ -8,8 +8,8 @@
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "model/SaveModel.h"
+#include "picture/SvgWriter.h"
 #include "shell/Reports.h"
-#include "shell/SvgWriter.h"
 
 namespace fs = std::filesystem;
 

@@ -5,8 +5,8 @@
 #include <exception>
 
 #include "basic/RunTimeError.h"
-#include "editors/Dialogs.h"
-#include "editors/HeldKeys.h"
+#include "widgets/Dialogs.h"
+#include "widgets/HeldKeys.h"
 
 namespace quarnel02 {
 

@@ -8,7 +8,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
-#include "editors/HeldKeys.h"
+#include "widgets/HeldKeys.h"
 
 namespace quarnel02 {
 

@@ -2,7 +2,7 @@
 
 #include <QAbstractTableModel>
 
-#include "editors/MatrixCells.h"
+#include "commands/MatrixCells.h"
 
 namespace quarnel02 {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "basic/OneLine.h"
-#include "editors/EnteredValue.h"
+#include "commands/EnteredValue.h"
 
 namespace quarnel02 {
 

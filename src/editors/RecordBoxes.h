@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "editors/FieldBox.h"
-#include "editors/NumberedRecords.h"
+#include "commands/NumberedRecords.h"
+#include "widgets/FieldBox.h"
 
 class QWidget;
 

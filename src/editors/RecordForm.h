@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "commands/NumberedRecords.h"
 #include "editors/EditorDialog.h"
-#include "editors/NumberedRecords.h"
 #include "editors/RecordBoxes.h"
 
 class QLabel;

@@ -5,7 +5,7 @@
 #include <QToolTip>
 #include <algorithm>
 
-#include "editors/PicturePainter.h"
+#include "widgets/PicturePainter.h"
 
 namespace quarnel02 {
 

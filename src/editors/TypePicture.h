@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <optional>
 
-#include "shell/Picture.h"
+#include "picture/Picture.h"
 
 namespace quarnel02 {
 

@@ -1,8 +1,8 @@
 #include "editors/frmMatrix.h"
 
-#include "editors/Dialogs.h"
 #include "editors/frmTRInfo.h"
 #include "ui_frmMatrix.h"
+#include "widgets/Dialogs.h"
 
 namespace quarnel02 {
 

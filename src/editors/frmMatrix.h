@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "commands/MatrixCells.h"
+#include "commands/NetworkUpkeep.h"
 #include "editors/EditorDialog.h"
-#include "editors/MatrixCells.h"
 #include "editors/MatrixModel.h"
-#include "editors/NetworkUpkeep.h"
 
 namespace quarnel02 {
 

@@ -1,6 +1,6 @@
 #include "editors/frmResource.h"
 
-#include "editors/ResourceRecords.h"
+#include "commands/ResourceRecords.h"
 #include "ui_frmResource.h"
 
 namespace quarnel02 {

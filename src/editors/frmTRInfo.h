@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "commands/PairRecord.h"
 #include "editors/EditorDialog.h"
-#include "editors/PairRecord.h"
 
 namespace quarnel02 {
 

@@ -1,6 +1,6 @@
 #include "editors/frmTask.h"
 
-#include "editors/TaskRecords.h"
+#include "commands/TaskRecords.h"
 #include "ui_frmTask.h"
 
 namespace quarnel02 {

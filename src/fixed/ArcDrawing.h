@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "fixed/Arcs.h"
-#include "shell/Picture.h"
+#include "picture/Picture.h"
 
 namespace quarnel02 {
 

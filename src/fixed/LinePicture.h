@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "shell/Picture.h"
+#include "picture/Picture.h"
 
 namespace quarnel02 {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "basic/Immovable.h"
-#include "shell/Picture.h"
+#include "picture/Picture.h"
 
 namespace quarnel02 {
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <optional>
 
+#include "picture/Picture.h"
 #include "shell/DesignMade.h"
-#include "shell/Picture.h"
 
 namespace quarnel02 {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "basic/Numbers.h"
-#include "stoch/Chart.h"
+#include "picture/Chart.h"
 #include "stoch/ExpectedShifts.h"
 
 namespace quarnel02 {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "basic/NumberFormat.h"
-#include "stoch/Chart.h"
+#include "picture/Chart.h"
 #include "stoch/CurveFile.h"
 #include "stoch/ExpectedShifts.h"
 

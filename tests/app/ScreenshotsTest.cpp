@@ -8,13 +8,13 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "app/PictureBox.h"
 #include "app/Screenshot.h"
 #include "app/WindowTest.h"
 #include "app/frmGuide.h"
 #include "app/frmReport.h"
 #include "app/frmSplash.h"
 #include "app/frmStatus.h"
+#include "widgets/PictureBox.h"
 
 namespace quarnel02 {
 namespace {

@@ -1,5 +1,5 @@
 // What the columns of the model take of an entered text, and the boxes that refuse the rest.
-#include "editors/EnteredValue.h"
+#include "commands/EnteredValue.h"
 
 #include <gmock/gmock.h>
 

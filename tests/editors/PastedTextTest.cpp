@@ -8,7 +8,7 @@
 #include <QMimeData>
 
 #include "editors/EditorTest.h"
-#include "editors/FieldBox.h"
+#include "widgets/FieldBox.h"
 
 namespace quarnel02 {
 namespace {

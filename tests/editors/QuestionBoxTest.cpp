@@ -3,8 +3,8 @@
 
 #include <QTest>
 
-#include "editors/Dialogs.h"
 #include "editors/EditorTest.h"
+#include "widgets/Dialogs.h"
 
 namespace quarnel02 {
 namespace {

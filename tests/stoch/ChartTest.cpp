@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "stoch/Chart.h"
+#include "picture/Chart.h"
 #include "stoch/CurveFile.h"
 #include "stoch/DrawStochasticCosts.h"
 #include "support/FigureText.h"

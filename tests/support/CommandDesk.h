@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "app/FileCommands.h"
-#include "app/ModelPath.h"
+#include "commands/FileCommands.h"
+#include "commands/ModelPath.h"
 #include "model/InputDigest.h"
 #include "model/ModelFile.h"
 #include "support/ScriptedForm.h"

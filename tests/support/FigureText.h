@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "basic/Numbers.h"
-#include "shell/Picture.h"
+#include "picture/Picture.h"
 
 namespace quarnel02::test {
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/Parameters.h"
+#include "commands/Parameters.h"
 #include "support/CommandDesk.h"
 
 namespace quarnel02::test {

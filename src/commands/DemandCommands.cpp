@@ -1,0 +1,113 @@
+#include "commands/DemandCommands.h"
+
+#include <cctype>
+
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "shell/Demand.h"
+#include "shell/Figures.h"
+
+namespace quarnel02 {
+
+namespace {
+
+/// A row of Demand as it is entered.
+struct DemandRow {
+    float Volume;
+    float Prob;
+};
+
+/// The text less its last character, which is the percent sign.
+std::string WithoutPercentSign(const std::string& text) {
+    return text.substr(0, text.empty() ? 0 : text.size() - 1);
+}
+
+/// The number of a box, if it can be.
+float Checked(float value, const char* field) {
+    std::string objection = Objection(*FindFigure("Demand", field), DecimalOfSingle(value));
+    if (objection.empty()) {
+        return value;
+    }
+    objection.front() =
+        static_cast<char>(std::toupper(static_cast<unsigned char>(objection.front())));
+    throw RunTimeError(ErrorKind::Overflow, objection);
+}
+
+DemandRow RowInBoxes(const MainForm& form) {
+    return {Checked(TextToSingle(form.Text(TextBox::txtVolume), "Volume"), "Volume"),
+            Checked(TextToSingle(WithoutPercentSign(form.Text(TextBox::txtProb)), "Probability"),
+                    "Prob")};
+}
+
+bool BothBoxesFilled(const MainForm& form) {
+    return !form.Text(TextBox::txtVolume).empty() && !form.Text(TextBox::txtProb).empty();
+}
+
+void Write(RecordSet& demand, const DemandRow& row) {
+    demand.Set("Volume", double{row.Volume});
+    demand.Set("Prob", double{row.Prob});
+    demand.Update();
+    demand.MoveToLastModified();
+}
+
+void EmptyBoxes(MainForm& form) {
+    form.SetText(TextBox::txtVolume, "");
+    form.SetText(TextBox::txtProb, "");
+}
+
+void ShowChanged(MainForm& form) {
+    ListDemand(form);
+    form.Changed = true;
+}
+
+void DeleteSelectedRow(MainForm& form) {
+    DemandRowOfLine(form, form.SelectedDemand()).Delete();
+    EmptyBoxes(form);
+    if (form.SelectedDemand() >= 0) {
+        form.RemoveDemandLine(form.SelectedDemand());
+    }
+    ShowChanged(form);
+}
+
+}  // namespace
+
+std::string WithPercentSign(const std::string& probability) {
+    return probability.empty() || probability.ends_with('%') ? probability : probability + "%";
+}
+
+void cmdAdd_Click(MainForm& form) {
+    if (!BothBoxesFilled(form)) {
+        return;
+    }
+    const DemandRow row = RowInBoxes(form);
+    RecordSet demand = form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Demand;");
+    demand.AddNew();
+    Write(demand, row);
+    EmptyBoxes(form);
+    ShowChanged(form);
+}
+
+void cmdUpdate_Click(MainForm& form) {
+    if (form.SelectedDemand() < 0 || !BothBoxesFilled(form)) {
+        return;
+    }
+    const DemandRow row = RowInBoxes(form);
+    RecordSet demand = DemandRowOfLine(form, form.SelectedDemand());
+    demand.Edit();
+    Write(demand, row);
+    EmptyBoxes(form);
+    ShowChanged(form);
+}
+
+void cmdDelete_Click(MainForm& form) {
+    if (form.SelectedDemand() < 0) {
+        return;
+    }
+    try {
+        DeleteSelectedRow(form);
+    } catch (const RunTimeError&) {  // no such line: nothing is deleted, and nothing said
+        return;
+    }
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,287 @@
+#include "commands/FileCommands.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "basic/FailureText.h"
+#include "basic/Files.h"
+#include "basic/RunTimeError.h"
+#include "commands/ModelPath.h"
+#include "commands/Template.h"
+#include "model/InputDigest.h"
+#include "model/ReadModel.h"
+
+namespace fs = std::filesystem;
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr const char* kConfiguration = "Marrowgate.cfg";
+constexpr const char* kTemplate = "blank.seq";
+constexpr const char* kState = "session.state";
+constexpr const char* kKeptWork = "Recovered";
+
+constexpr const char* kSaveFirst = "Do you want to save your changes first?";
+constexpr const char* kNewFailed =
+    "Error creating working file.  Causes: 1) blank.seq file missing from app root directory, "
+    "2) working.seq is currently open in Access";
+constexpr const char* kDidNotEnd =
+    "Quarnel02 did not end properly last time. Load the work that was kept?";
+
+std::string TitleFor(const std::string& file) {
+    return file + " - " + kApplicationTitle;
+}
+
+std::uint64_t DigestOf(const fs::path& model) {
+    return InputDigest(Database::Open(model));
+}
+
+bool IsEmptyOrMissing(const fs::path& file) {
+    std::error_code error;
+    return fs::file_size(file, error) == 0 || error;
+}
+
+}  // namespace
+
+FileCommands::FileCommands(MainForm& form, FileDialog& dialog)
+    : m_form(form),
+      m_dialog(dialog),
+      m_recent(form.InApplicationDirectory(kConfiguration)),
+      m_kept(form.InApplicationDirectory(kKeptWork)),
+      m_inputs(form.WorkingCopy()) {}
+
+fs::path FileCommands::Template() const {
+    return m_form.InApplicationDirectory(kTemplate);
+}
+
+void FileCommands::StartUp() {
+    IncomingModel::CleanUp(m_form);
+    RepairTemplate(Template());
+    const auto last = ReadSessionState(m_form.InApplicationDirectory(kState));
+    const bool kept = KeepLastSession(last);
+    m_state.OfferKept = last && (last->OfferKept || (kept && !last->Orderly));
+    ForgetFile();
+    LoadTemplate();
+    if (m_state.OfferKept) {
+        OfferKeptWork();
+    }
+}
+
+/// Whether the last session left work that no file held; it is kept now.
+bool FileCommands::KeepLastSession(const std::optional<SessionState>& last) {
+    if (IsEmptyOrMissing(m_form.WorkingCopy())) {
+        return false;
+    }
+    try {
+        m_form.CloseModel();
+        const bool known = last && last->Saved;
+        if (m_inputs.Digest() == (known ? *last->Saved : DigestOf(Template()))) {
+            return false;
+        }
+        static_cast<void>(m_kept.Keep(m_form.WorkingCopy()));
+        return true;
+    } catch (const std::exception& error) {
+        return SetWorkAside(error);
+    }
+}
+
+/// Whatever stands in the way of copying the work, the program starts and the work stays on the
+/// disk. Whether it is there as a kept model.
+bool FileCommands::SetWorkAside(const std::exception& why) {
+    std::string text = "The work of last time cannot be read: " + FailureText(why);
+    try {
+        const fs::path place = m_kept.SetAside(m_form.WorkingCopy());
+        if (place.extension() == ".mdb") {
+            return true;
+        }
+        text += " Its file was moved to " + PathText(place) + ".";
+    } catch (const std::exception& error) {
+        text += " " + FailureText(error);
+    }
+    m_form.ShowMessage(text, MessageIcon::Information);
+    return false;
+}
+
+void FileCommands::OfferKeptWork() {
+    const std::vector<KeptModel> kept = KeptModels();
+    const bool load =
+        !kept.empty() && m_form.AskYesNo(kDidNotEnd, MessageIcon::Question, Answer::Yes);
+    m_state.OfferKept = false;
+    WriteState();
+    if (load) {
+        Recover(kept.front());
+    }
+}
+
+bool FileCommands::HasUnsavedWork() noexcept {
+    try {
+        return !m_state.Saved || m_inputs.Digest() != *m_state.Saved;
+    } catch (const std::exception&) {
+        return true;
+    }
+}
+
+std::vector<KeptModel> FileCommands::KeptModels() const {
+    return m_kept.List();
+}
+
+/// Keeps what no file holds. False when that fails and the user rather stays.
+bool FileCommands::Leave() {
+    try {
+        if (!IsEmptyOrMissing(m_form.WorkingCopy()) && HasUnsavedWork()) {
+            m_form.CloseModel();
+            static_cast<void>(m_kept.Keep(m_form.WorkingCopy()));
+        }
+        return true;
+    } catch (const std::exception& error) {
+        return m_form.AskYesNo("Work that is in no file cannot be kept: " + FailureText(error) +
+                                   "\n\nGo on and lose it?",
+                               MessageIcon::Critical, Answer::No);
+    }
+}
+
+void FileCommands::LoadTemplate() {
+    RepairTemplate(Template());
+    IncomingModel incoming(m_form);
+    CopyPrivate(Template(), incoming.Path());
+    incoming.TakePlace();
+    m_form.Changed = false;
+    NoteBaseline(DigestOf(m_form.WorkingCopy()));
+}
+
+/// Reads a model into the working copy. False when it cannot be read, which is said, or when the
+/// user does not want to leave the present one; everything is then as it was.
+bool FileCommands::Read(const fs::path& source) {
+    try {
+        RepairTemplate(Template());
+        IncomingModel incoming(m_form);
+        ReadModel(source, incoming.Path(), PathText(source));
+        incoming.Try(PathText(source));
+        if (!Leave()) {
+            return false;
+        }
+        incoming.TakePlace();
+        m_form.Changed = false;
+        return true;
+    } catch (const RunTimeError& error) {
+        m_form.ShowMessage(error.what(), MessageIcon::Critical);
+        return false;
+    }
+}
+
+/// What the inputs were when a file or the template held them; on the disk for the next start.
+void FileCommands::NoteBaseline(std::optional<std::uint64_t> saved) noexcept {
+    m_state.Saved = saved;
+    m_state.Orderly = false;
+    WriteState();
+}
+
+/// A state that cannot be written leaves an older one, by which the next start keeps too much
+/// rather than too little.
+void FileCommands::WriteState() noexcept {
+    try {
+        WriteSessionState(m_form.InApplicationDirectory(kState), m_state);
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+    }
+}
+
+bool FileCommands::AskToSave() {
+    return !m_form.Changed || !m_form.AskYesNo(kSaveFirst, MessageIcon::Information, Answer::Yes) ||
+           TrySave();
+}
+
+bool FileCommands::Exit() {
+    if (!AskToSave() || !Leave()) {
+        return false;
+    }
+    m_state.Orderly = true;
+    WriteState();
+    return true;
+}
+
+void FileCommands::ForgetFile() {
+    m_form.CurrentDir.clear();
+    m_form.CurrentFile.clear();
+    m_proposed = false;
+}
+
+void FileCommands::New() {
+    if (!AskToSave() || !Leave()) {
+        return;
+    }
+    try {
+        ForgetFile();
+        m_form.SetTitle(kApplicationTitle);
+        LoadTemplate();
+    } catch (const std::exception&) {
+        NoteBaseline(std::nullopt);
+        m_form.ShowMessage(kNewFailed, MessageIcon::Critical);
+    }
+}
+
+void FileCommands::Open() {
+    if (!AskToSave()) {
+        return;
+    }
+    m_dialog.SetForm(true);
+    m_dialog.ShowModal();
+    if (!m_dialog.FileName.empty()) {
+        OpenFile({ModelPath(m_dialog.FilePath, m_dialog.FileName), m_dialog.FilePath,
+                  m_dialog.FileName});
+    }
+}
+
+void FileCommands::OpenRecent(const std::string& caption) {
+    if (!AskToSave()) {
+        return;
+    }
+    const std::string entry = m_recent.EntryFor(caption);
+    if (!entry.empty()) {
+        OpenFile({entry, DirectoryPart(entry), FileNamePart(entry)});
+    }
+}
+
+void FileCommands::OpenFile(const ChosenFile& chosen) {
+    if (m_kept.Holds(chosen.Path)) {
+        LoadKept(chosen.Path);
+        return;
+    }
+    if (!Read(chosen.Path)) {
+        return;
+    }
+    m_form.CurrentDir = chosen.Directory;
+    m_form.CurrentFile = chosen.Name;
+    m_proposed = false;
+    m_form.SetTitle(TitleFor(m_form.CurrentFile));
+    NoteBaseline(DigestOf(m_form.WorkingCopy()));
+    AddToRecent();
+}
+
+void FileCommands::Recover(const KeptModel& kept) {
+    if (AskToSave()) {
+        LoadKept(kept.Path);
+    }
+}
+
+/// Untitled, because kept files go when newer ones come.
+void FileCommands::LoadKept(const fs::path& file) {
+    if (!Read(file)) {
+        return;
+    }
+    ForgetFile();
+    m_form.SetTitle(kApplicationTitle);
+    NoteBaseline(DigestOf(Template()));
+}
+
+/// The list is a convenience: the command that wanted it is done by now.
+void FileCommands::AddToRecent() {
+    try {
+        m_recent.Add(m_form.CurrentDir, m_form.CurrentFile);
+    } catch (const std::exception& error) {
+        m_form.ShowMessage("The list of recent files cannot be kept. " + FailureText(error),
+                           MessageIcon::Information);
+    }
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "commands/FileDialog.h"
+#include "commands/IncomingModel.h"
+#include "commands/InputWatch.h"
+#include "commands/KeptWork.h"
+#include "commands/RecentFiles.h"
+#include "commands/SessionState.h"
+#include "shell/MainForm.h"
+
+namespace quarnel02 {
+
+/// The commands of the File menu. Each runs to its end inside the event that calls it; what a
+/// command does not report itself comes out as a RunTimeError.
+///
+/// Work that no file holds is never dropped: before a command replaces or leaves it, it is kept in
+/// the directory "Recovered" of the application directory.
+class FileCommands {
+  public:
+    FileCommands(MainForm& form, FileDialog& dialog);
+
+    /// Keeps what the last session left, makes the working copy anew from the template, loads it,
+    /// and offers the kept work when the last session did not end in order. Throws when the
+    /// template is missing or the working copy cannot be written.
+    void StartUp();
+
+    void New();
+    void Open();
+    /// An untitled model is saved as by SaveAs, and then counts as saved even if that was
+    /// cancelled; that is meant.
+    void Save();
+    void SaveAs();
+    /// `caption` is that of the chosen recent-file item.
+    void OpenRecent(const std::string& caption);
+
+    /// Asks to save where there are changes; part of New, Open, OpenRecent, Recover and Exit.
+    /// False when saving failed, or was refused: the command that asked must not go on.
+    bool AskToSave();
+
+    /// Ends the session in order: asks to save, keeps work that no file holds and notes on the disk
+    /// that nothing was left behind. False when the program must stay open.
+    [[nodiscard]] bool Exit();
+
+    /// Whether the working copy differs from the file, or template, that it came from or was last
+    /// saved to. Cheap while nothing is written; not to be called inside a transaction. Never
+    /// throws.
+    [[nodiscard]] bool HasUnsavedWork() noexcept;
+
+    /// Work that was kept because it was about to be replaced or left, newest first.
+    [[nodiscard]] std::vector<KeptModel> KeptModels() const;
+    /// Loads kept work as an untitled model; asks to save first, as Open does.
+    void Recover(const KeptModel& kept);
+
+    [[nodiscard]] RecentFiles& Recent() { return m_recent; }
+
+  private:
+    struct ChosenFile {
+        std::string Path;
+        std::string Directory;
+        std::string Name;
+    };
+
+    [[nodiscard]] std::filesystem::path Template() const;
+    bool KeepLastSession(const std::optional<SessionState>& last);
+    bool SetWorkAside(const std::exception& why);
+    void OfferKeptWork();
+    [[nodiscard]] bool Leave();
+    void LoadTemplate();
+    [[nodiscard]] bool Read(const std::filesystem::path& source);
+    void LoadKept(const std::filesystem::path& file);
+    void OpenFile(const ChosenFile& chosen);
+    void NoteBaseline(std::optional<std::uint64_t> saved) noexcept;
+    void WriteState() noexcept;
+    [[nodiscard]] bool TrySave();
+    [[nodiscard]] bool TrySaveAs();
+    [[nodiscard]] bool SaveToFile(bool reload);
+    [[nodiscard]] bool MayReplace(const std::filesystem::path& target);
+    [[nodiscard]] bool TakeProposal();
+    void AddToRecent();
+    void ForgetFile();
+    /// What the Save As dialog begins with; the form keeps it even if the dialog is cancelled.
+    void ProposeFile();
+
+    MainForm& m_form;
+    FileDialog& m_dialog;
+    RecentFiles m_recent;
+    KeptWork m_kept;
+    InputWatch m_inputs;
+    SessionState m_state;
+    bool m_proposed = false;  ///< CurrentFile was proposed and never confirmed
+};
+
+}  // namespace quarnel02

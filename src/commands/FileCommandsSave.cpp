@@ -1,0 +1,121 @@
+// Save and Save As of the File menu.
+#include <exception>
+
+#include "basic/FailureText.h"
+#include "basic/Files.h"
+#include "commands/FileCommands.h"
+#include "commands/ModelPath.h"
+#include "model/InputDigest.h"
+#include "model/SaveModel.h"
+
+namespace fs = std::filesystem;
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr const char* kSaveFailed =
+    "Could not save this file.  Possible cause: working.seq is open in Access, or is missing / "
+    "invalid";
+constexpr const char* kOverwrite = "File already exists.  Overwrite?";
+
+std::string Joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) {
+        text += (text.empty() ? "" : ", ") + name;
+    }
+    return text;
+}
+
+}  // namespace
+
+void FileCommands::Save() {
+    static_cast<void>(TrySave());
+}
+
+void FileCommands::SaveAs() {
+    static_cast<void>(TrySaveAs());
+}
+
+/// False when the model was to be saved and was not; a cancelled dialog is no failure.
+bool FileCommands::TrySave() {
+    if (m_form.CurrentFile.empty() || m_form.CurrentDir.empty()) {
+        const bool done = TrySaveAs();
+        m_form.Changed = false;
+        return done;
+    }
+    return TakeProposal() && SaveToFile(false);
+}
+
+bool FileCommands::TrySaveAs() {
+    ProposeFile();
+    m_dialog.SetForm(false);
+    m_dialog.ShowModal();
+    if (m_dialog.FileName.empty()) {
+        return true;
+    }
+    m_form.CurrentDir = m_dialog.FilePath;
+    m_form.CurrentFile = m_dialog.FileName;
+    m_proposed = false;
+    return SaveToFile(true);
+}
+
+void FileCommands::ProposeFile() {
+    if (m_form.CurrentDir.empty()) {
+        m_form.CurrentDir = PathText(m_form.ApplicationDirectory());
+    }
+    if (m_form.CurrentFile.empty()) {
+        m_form.CurrentFile = m_form.Text(TextBox::txtProduct);
+        m_proposed = true;
+    }
+    m_dialog.FilePath = m_form.CurrentDir;
+    m_dialog.FileName = m_form.CurrentFile;
+}
+
+/// A proposed name stands for a model file, like one typed into the dialog. Nobody has agreed yet
+/// to replace a file of that name.
+bool FileCommands::TakeProposal() {
+    if (!m_proposed) {
+        return true;
+    }
+    const std::string name = WithModelExtension(m_form.CurrentFile);
+    if (FileExists(ModelPath(m_form.CurrentDir, name)) &&
+        !m_form.AskYesNo(kOverwrite, MessageIcon::Information, Answer::No)) {
+        return false;
+    }
+    m_form.CurrentFile = name;
+    m_proposed = false;
+    return true;
+}
+
+bool FileCommands::SaveToFile(bool reload) {
+    const fs::path target = ModelPath(m_form.CurrentDir, m_form.CurrentFile);
+    try {
+        if (!MayReplace(target)) {
+            return false;
+        }
+        m_form.CloseModel();
+        SaveModel(m_form.WorkingCopy(), target);
+        NoteBaseline(InputDigest(Database::Open(m_form.WorkingCopy())));
+        if (reload) {
+            ShowLoadedModel(m_form);
+        }
+    } catch (const std::exception& error) {
+        m_form.ShowMessage(std::string(kSaveFailed) + "\n\n" + FailureText(error),
+                           MessageIcon::Critical);
+        return false;
+    }
+    m_form.Changed = false;
+    AddToRecent();
+    return true;
+}
+
+bool FileCommands::MayReplace(const fs::path& target) {
+    const std::vector<std::string> foreign = ForeignObjects(target);
+    return foreign.empty() ||
+           m_form.AskYesNo(PathText(target) + " holds more than a model: " + Joined(foreign) +
+                               ". Saving removes it. Replace the file?",
+                           MessageIcon::Question, Answer::No);
+}
+
+}  // namespace quarnel02

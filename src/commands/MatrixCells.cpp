@@ -1,0 +1,175 @@
+#include "commands/MatrixCells.h"
+
+#include "basic/Numbers.h"
+#include "commands/ResourceRecords.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr std::int16_t kDefaultTasks = 10;
+constexpr std::int16_t kDefaultResources = 8;
+
+std::int16_t CountOr(const Database& database, const std::string& sql, std::int16_t ifNone) {
+    const std::int16_t count = database.OpenRecordSet(sql).Integer(0);
+    return count == 0 ? ifNone : count;
+}
+
+std::string Trimmed(const std::string& text) {
+    const auto first = text.find_first_not_of(' ');
+    return first == std::string::npos ? ""
+                                      : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string Titled(const std::string& title, const std::string& name) {
+    return name.empty() ? title : title + ": " + name;
+}
+
+std::vector<MatrixHeading> MissingHeadings(const std::string& kind, std::int16_t count) {
+    std::vector<MatrixHeading> headings(static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < headings.size(); ++i) {
+        headings[i].Full = kind + " " + NumberText(static_cast<int>(i + 1)) + " (not in the model)";
+    }
+    return headings;
+}
+
+/// The heading of the row's number; nullptr for a number beyond the grid or met before.
+MatrixHeading* NewHeading(std::vector<MatrixHeading>& headings, const RecordSet& row) {
+    const Value& number = row.Field(0);
+    const auto* id = std::get_if<std::int64_t>(&number);
+    if (id == nullptr || *id < 1 || *id > static_cast<std::int64_t>(headings.size())) {
+        return nullptr;
+    }
+    MatrixHeading& heading = headings[static_cast<std::size_t>(*id - 1)];
+    return heading.Exists ? nullptr : &heading;
+}
+
+bool IsWithin(std::int64_t number, std::int16_t count) {
+    return number >= 1 && number <= count;
+}
+
+}  // namespace
+
+void MatrixCells::Load() {
+    Database database = m_form.OpenWorkingCopy();
+    m_tasks = CountOr(database, "SELECT COUNT(*) FROM Tasks;", kDefaultTasks);
+    m_resources = CountOr(database, "SELECT COUNT(*) FROM Resources;", kDefaultResources);
+    LoadTasks(database);
+    LoadResources(database);
+    LoadMarks(database);
+    database.Close();
+}
+
+void MatrixCells::LoadTasks(const Database& database) {
+    m_taskHeadings = MissingHeadings("Task", m_tasks);
+    RecordSet tasks = database.OpenRecordSet("SELECT * FROM Tasks;");
+    for (; !tasks.Eof(); tasks.MoveNext()) {
+        if (MatrixHeading* heading = NewHeading(m_taskHeadings, tasks)) {
+            const std::string name = Trimmed(tasks.Text("Description"));
+            *heading = {true, name, Titled("Task " + tasks.Text("TaskId"), name)};
+        }
+    }
+}
+
+void MatrixCells::LoadResources(const Database& database) {
+    m_resourceHeadings = MissingHeadings("Resource", m_resources);
+    RecordSet resources = database.OpenRecordSet("SELECT * FROM Resources;");
+    for (; !resources.Eof(); resources.MoveNext()) {
+        if (MatrixHeading* heading = NewHeading(m_resourceHeadings, resources)) {
+            const std::string name = Trimmed(resources.Text("ShortName"));
+            const auto type = TypeOfCode(resources.Text("Type"));
+            std::string full = Titled("Resource " + resources.Text("ResourceId"), name);
+            full = Titled(full, Trimmed(resources.Text("Description")));
+            *heading = {true, name, type ? full + " (" + type->Label + ")" : full};
+        }
+    }
+}
+
+void MatrixCells::LoadMarks(const Database& database) {
+    m_marks.assign(static_cast<std::size_t>(m_tasks) * static_cast<std::size_t>(m_resources),
+                   false);
+    RecordSet stored =
+        database.OpenRecordSet("SELECT TaskId, ResourceId From Matrix WHERE (TaskTime)>0;");
+    for (; !stored.Eof(); stored.MoveNext()) {
+        if (IsNull(stored.Field(0)) || IsNull(stored.Field(1))) {
+            continue;
+        }
+        const TaskResource pair{stored.Integer(0), stored.Integer(1)};
+        if (IsWithin(pair.Task, m_tasks) && IsWithin(pair.Resource, m_resources)) {
+            m_marks[Place(pair)] = true;
+        }
+    }
+}
+
+std::size_t MatrixCells::Place(TaskResource pair) const {
+    return static_cast<std::size_t>(pair.Resource - 1) * static_cast<std::size_t>(m_tasks) +
+           static_cast<std::size_t>(pair.Task - 1);
+}
+
+const MatrixHeading& MatrixCells::Task(int number) const {
+    return m_taskHeadings.at(static_cast<std::size_t>(number - 1));
+}
+
+const MatrixHeading& MatrixCells::Resource(int number) const {
+    return m_resourceHeadings.at(static_cast<std::size_t>(number - 1));
+}
+
+bool MatrixCells::Exists(TaskResource pair) const {
+    return Task(pair.Task).Exists && Resource(pair.Resource).Exists;
+}
+
+void MatrixCells::Toggle(TaskResource pair) {
+    if (IsMarked(pair)) {
+        m_marks[Place(pair)] = false;
+    } else {
+        m_marks[Place(pair)] = Exists(pair);
+    }
+}
+
+std::string MatrixCells::Line(TaskResource pair) const {
+    if (!Task(pair.Task).Exists) {
+        return "The model has no task " + NumberText(int{pair.Task}) +
+               ". Add it with View > Tasks.";
+    }
+    if (!Resource(pair.Resource).Exists) {
+        return "The model has no resource " + NumberText(int{pair.Resource}) +
+               ". Add it with View > Resources.";
+    }
+    Database database = m_form.OpenWorkingCopy();
+    std::string line = PairLine(database, pair);
+    database.Close();
+    return line;
+}
+
+void MatrixCells::Clear() {
+    Database database = m_form.OpenWorkingCopy();
+    Transaction transaction(database);
+    RecordSet matrix = database.OpenRecordSet("SELECT * FROM Matrix;");
+    for (; !matrix.Eof(); matrix.MoveNext()) {
+        matrix.Delete();
+    }
+    matrix.Close();
+    transaction.Commit();
+    Load();
+}
+
+std::vector<TaskResource> MatrixCells::Commit() const {
+    std::vector<TaskResource> unusable;
+    Database database = m_form.OpenWorkingCopy();
+    Transaction transaction(database);
+    for (std::int16_t resource = 1; resource <= m_resources; ++resource) {
+        for (std::int16_t task = 1; task <= m_tasks; ++task) {
+            const TaskResource pair{task, resource};
+            if (!IsMarked(pair)) {
+                DeletePair(database, pair);
+            } else if (!HasUsableTime(database, pair)) {
+                unusable.push_back(pair);
+            }
+        }
+    }
+    transaction.Commit();
+    database.Close();
+    return unusable;
+}
+
+}  // namespace quarnel02

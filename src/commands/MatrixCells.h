@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "commands/PairRecord.h"
+
+namespace quarnel02 {
+
+/// Heading of a row or column of the grid.
+struct MatrixHeading {
+    bool Exists = false;  ///< the model has a task or resource of that number
+    std::string Name;     ///< a task's description, a resource's short name
+    std::string Full;     ///< all there is to say
+};
+
+/// The grid of every task against every resource, with a mark on each pair that is to have a
+/// matrix row. Numbers count from 1. Throws what the store reports.
+class MatrixCells {
+  public:
+    explicit MatrixCells(MainForm& form) : m_form(form) {}
+
+    /// Counts tasks and resources and reads headings and marks. A model without tasks gets 10
+    /// rows, one without resources 8 columns.
+    void Load();
+
+    [[nodiscard]] std::int16_t Tasks() const { return m_tasks; }
+    [[nodiscard]] std::int16_t Resources() const { return m_resources; }
+    [[nodiscard]] const MatrixHeading& Task(int number) const;
+    [[nodiscard]] const MatrixHeading& Resource(int number) const;
+
+    [[nodiscard]] bool Exists(TaskResource pair) const;
+    [[nodiscard]] bool IsMarked(TaskResource pair) const { return m_marks[Place(pair)]; }
+    /// Turns the mark over; a pair that does not exist cannot be marked.
+    void Toggle(TaskResource pair);
+    void SetMark(TaskResource pair, bool marked) { m_marks[Place(pair)] = marked; }
+    /// What is stored for the pair, or why nothing can be.
+    [[nodiscard]] std::string Line(TaskResource pair) const;
+
+    /// Deletes every matrix row and reads the grid anew.
+    void Clear();
+    /// Deletes the rows of the pairs without a mark, all or none of them. Gives the marked pairs
+    /// without a usable time, by resource and within it by task.
+    [[nodiscard]] std::vector<TaskResource> Commit() const;
+
+  private:
+    [[nodiscard]] std::size_t Place(TaskResource pair) const;
+    void LoadTasks(const Database& database);
+    void LoadResources(const Database& database);
+    void LoadMarks(const Database& database);
+
+    MainForm& m_form;
+    std::int16_t m_tasks = 0;
+    std::int16_t m_resources = 0;
+    std::vector<MatrixHeading> m_taskHeadings;
+    std::vector<MatrixHeading> m_resourceHeadings;
+    std::vector<bool> m_marks;
+};
+
+}  // namespace quarnel02

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "commands/NetworkUpkeep.h"
+#include "shell/MainForm.h"
+
+namespace quarnel02 {
+
+struct FieldValue {
+    std::string Name;
+    Value Content;
+};
+
+/// A table whose rows are numbered 1, 2, 3... and counted in Gen.
+struct NumberedTable {
+    std::string Name;  ///< of the table, and of the field of Gen that counts its rows
+    std::string Key;   ///< field with the row's number
+    TextBox CountBox;  ///< box of the main form that shows the count
+    std::vector<FieldValue> Defaults;  ///< of a new or reset row, its number aside
+};
+
+/// The rows of a numbered table as an editor walks and changes them, one at a time. There is a
+/// current row unless the table is empty; Text, Save and Delete need one. Throws what the store
+/// reports; the rows, and the current one, are then what they were before.
+class NumberedRecords {
+  public:
+    /// Something that belongs to a deletion: given the database and the number of rows left.
+    using Afterwards = std::function<void(const Database& database, int count)>;
+
+    /// Opens the working copy, on the first row.
+    NumberedRecords(MainForm& form, NumberedTable table);
+
+    [[nodiscard]] const std::string& TableName() const { return m_table.Name; }
+    [[nodiscard]] int Count() { return Rows().RecordCount(); }
+    /// Place of the current row, from 1; 0 when the table is empty.
+    [[nodiscard]] int Place() const { return m_place; }
+    /// The current row's field as text, by position from 0; "" when it is empty.
+    [[nodiscard]] std::string Text(int position) { return Rows().Text(position); }
+
+    /// Moves; the last and the first row stay where they are.
+    void Next();
+    void Previous();
+
+    /// Appends a row with the defaults, numbered count + 1, and makes it the current one.
+    void AddNew();
+    /// Writes fields of the current row.
+    void Save(const std::vector<FieldValue>& values);
+    /// Deletes the current row and numbers the others anew in their order; the row that takes its
+    /// place becomes the current one. An only row is reset to the defaults and number 1 instead.
+    void Delete(const Afterwards& afterwards = {});
+
+    /// Writes the count to Gen, shows it in the main form, has arcs and pathways rebuilt when
+    /// anything has changed since opening, and closes rows and database. When it throws they are
+    /// still open, and it can be called again.
+    void Close();
+    /// Whether Close found anything changed.
+    [[nodiscard]] bool Changed() const { return m_network.Changed(); }
+
+  private:
+    RecordSet& Rows();
+    void GoTo(int place);
+    void MoveToPlace();
+    void Write(const std::vector<FieldValue>& values);
+    void WriteDefaults(int number);
+    void Renumber();
+    void SaveCount(int count);
+
+    MainForm& m_form;
+    NumberedTable m_table;
+    Database m_database;
+    RecordSet m_records;
+    NetworkUpkeep m_network;
+    int m_place = 0;
+    bool m_mustOpen = true;  ///< the rows are not, or no longer, those of the store
+};
+
+}  // namespace quarnel02

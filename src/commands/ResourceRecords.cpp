@@ -1,0 +1,62 @@
+#include "commands/ResourceRecords.h"
+
+#include <algorithm>
+#include <array>
+
+#include "basic/Numbers.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr std::array kTypes = {
+    TypeTexts{ResourceType::Manual, "MNL",
+              "Manual assembly workstations typically have a low fixed costs but higher variable "
+              "costs.  Operator downtime can be modeled by setting Stations/Worker less than 1.0"},
+    TypeTexts{ResourceType::Fixed, "FXD",
+              "Fixed assembly machines are specially built for a given task.  Enter a fixed cost "
+              "of $0, and price each tool to bear its percentage of the total investment."},
+    TypeTexts{ResourceType::Programmable, "PGM",
+              "Programmable machine tools, such as CNC equipment, have high initial fixed "
+              "investment costs, but have much lower variable costs throughout the life cycle of "
+              "the product."},
+    TypeTexts{ResourceType::Automated, "AUT",
+              "Automated industrial equipment, such as multi-axis robots, have high fixed costs "
+              "as well as other hidden costs, such as indirect engineering support."}};
+
+constexpr int kTypeCount = static_cast<int>(kTypes.size());
+
+}  // namespace
+
+NumberedTable ResourceTable() {
+    const std::string blanks = "   ";
+    return {"Resources",
+            "ResourceId",
+            TextBox::txtResources,
+            {{"ShortName", blanks},
+             {"Description", blanks},
+             {"Type", 0},
+             {"FixedCost", 0},
+             {"VarCost", 0},
+             {"UpTime", 100},
+             {"ICF", 1},
+             {"ToolChange", 1},
+             {"StatPerWrk", 1}}};
+}
+
+std::optional<TypeTexts> TypeOfCode(std::string_view code) {
+    const auto* const type = std::find_if(kTypes.begin(), kTypes.end(), [&](const TypeTexts& each) {
+        return NumberText(static_cast<int>(each.Type)) == code;
+    });
+    return type == kTypes.end() ? std::nullopt : std::optional(*type);
+}
+
+std::string NextTypeCode(const std::string& code, int step) {
+    const int next = (code.empty() ? 0 : TextToInteger(code, "Type")) + step;
+    if (next == -1) {
+        return NumberText(kTypeCount - 1);
+    }
+    return NumberText(next == kTypeCount ? 0 : next);
+}
+
+}  // namespace quarnel02

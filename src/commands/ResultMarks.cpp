@@ -1,0 +1,56 @@
+#include "commands/ResultMarks.h"
+
+#include <array>
+#include <ctime>
+
+#include "model/InputDigest.h"
+#include "shell/Reports.h"
+
+namespace quarnel02 {
+
+namespace {
+
+std::string TimeText(std::chrono::system_clock::time_point time) {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    std::tm local{};
+    localtime_r(&seconds, &local);
+    std::array<char, 32> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local)};
+}
+
+}  // namespace
+
+void ResultMarks::NoteReport(const std::string& file) {
+    if (m_form.LastDesign) {
+        m_reports[file] = m_form.LastDesign->Inputs;
+    }
+}
+
+void ResultMarks::Look() {
+    if (m_form.LastDesign || !m_reports.empty()) {
+        m_inputs = InputDigest(Database::Open(m_form.WorkingCopy()));
+    }
+}
+
+Standing ResultMarks::Of(std::uint64_t inputs) const {
+    return inputs == m_inputs ? Standing::Current : Standing::OutOfDate;
+}
+
+Standing ResultMarks::OfPictures() const {
+    return m_form.LastDesign ? Of(m_form.LastDesign->Inputs) : Standing::None;
+}
+
+Standing ResultMarks::OfReport(const std::string& file) const {
+    if (!HasReport(m_form, file)) {
+        return Standing::None;
+    }
+    const auto known = m_reports.find(file);
+    return known == m_reports.end() ? Standing::Earlier : Of(known->second);
+}
+
+std::string DesignText(const DesignMade& design) {
+    const std::string product = design.Product.empty() ? "" : " - " + design.Product;
+    return design.Caption + product + " - " + TimeText(design.When);
+}
+
+}  // namespace quarnel02
