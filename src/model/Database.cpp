@@ -1,22 +1,8 @@
 #include "model/Database.h"
 
-#include <utility>
-
 #include "model/Connection.h"
-#include "model/RecordSetImpl.h"
 
 namespace quarnel02 {
-
-namespace {
-
-const std::shared_ptr<Session>& RequireOpen(const std::shared_ptr<Session>& session) {
-    if (!session || !session->Store) {
-        throw RunTimeError(ErrorKind::ObjectClosed, "The database is closed.");
-    }
-    return session;
-}
-
-}  // namespace
 
 Database Database::Open(const std::filesystem::path& path) {
     Database database;
@@ -25,11 +11,14 @@ Database Database::Open(const std::filesystem::path& path) {
 }
 
 RecordSet Database::OpenRecordSet(std::string_view sql) const {
-    return RecordSet(std::make_unique<RecordSet::Impl>(OpenSession(), sql));
+    return {OpenSession(), std::string(sql)};
 }
 
 const std::shared_ptr<Session>& Database::OpenSession() const {
-    return RequireOpen(m_session);
+    if (!IsOpen()) {
+        throw RunTimeError(ErrorKind::ObjectClosed, "The database is closed.");
+    }
+    return m_session;
 }
 
 void Database::Close() noexcept {
@@ -44,20 +33,20 @@ bool Database::IsOpen() const noexcept {
 }
 
 Transaction::Transaction(const Database& database)
-    : m_session(database.OpenSession()), m_connection(m_session->Store) {
+    : m_database(database), m_connection(database.OpenSession()->Store) {
     m_connection->Begin();
 }
 
 Transaction::~Transaction() {
     if (m_open) {
-        m_connection->End(false);
+        m_connection->Undo();
     }
 }
 
 void Transaction::Commit() {
-    RequireOpen(m_session);
+    (void)m_database.OpenSession();
     m_open = false;
-    m_connection->End(true);
+    m_connection->Commit();
 }
 
 }  // namespace quarnel02

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "basic/Immovable.h"
 #include "model/RecordSet.h"
 
 namespace quarnel02 {
@@ -42,22 +43,19 @@ class Database {
 };
 
 /// A group of writes that happen as a whole or not at all: without Commit they are undone when
-/// the object goes. A transaction begun inside another joins it.
-class Transaction {
+/// the object goes. There is one at a time for all openings of a file.
+class Transaction : Immovable {
   public:
-    /// Waits a few seconds for other programs. Throws DatabaseLocked, ObjectClosed.
+    /// Waits a few seconds for other programs. Throws DatabaseLocked, ObjectClosed, and
+    /// DatabaseFailure inside another one.
     explicit Transaction(const Database& database);
     ~Transaction();
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
-    Transaction(Transaction&&) = delete;
-    Transaction& operator=(Transaction&&) = delete;
 
     /// Makes the writes last. Throws what the store reports; the writes are then undone.
     void Commit();
 
   private:
-    std::shared_ptr<Session> m_session;
+    Database m_database;
     std::shared_ptr<Connection> m_connection;  ///< kept, so that a closed session is undone too
     bool m_open = true;
 };

@@ -21,7 +21,6 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr int kBusyMilliseconds = 3000;
 constexpr int kSecondsOfWork = 3;
 constexpr int kStepsBetweenLooks = 1000;
 constexpr std::int64_t kRowsBetweenLooks = 10000;

@@ -28,7 +28,7 @@ std::uintmax_t StatedSize(SQLite::Database& database) {
 void CheckModelFile(const fs::path& path, std::string_view name) {
     RequireDatabaseHead(path, name);
     try {
-        SQLite::Database database(PathText(path), SQLite::OPEN_READONLY, 3000);
+        SQLite::Database database(PathText(path), SQLite::OPEN_READONLY, kBusyMilliseconds);
         RequireSound(database, name);
         if (fs::file_size(path) < StatedSize(database)) {
             RefuseFile(name, "is cut short.");

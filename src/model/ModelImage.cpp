@@ -18,7 +18,6 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr int kBusyMilliseconds = 3000;
 
 SQLite::Database OpenInMemory() {
     // Of a database behind this name the bytes can be had without another copy.

@@ -1,133 +1,283 @@
 #include "model/RecordSet.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "basic/RunTimeError.h"
-#include "model/RecordSetImpl.h"
+#include "basic/Numbers.h"
+#include "model/Connection.h"
+#include "model/Schema.h"
 
 namespace quarnel02 {
 
-RecordSet::RecordSet() = default;
-RecordSet::~RecordSet() = default;
-RecordSet::RecordSet(RecordSet&& other) noexcept = default;
-RecordSet& RecordSet::operator=(RecordSet&& other) noexcept = default;
-RecordSet::RecordSet(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
+RecordSet::RecordSet(std::shared_ptr<Session> session, const std::string& sql)
+    : m_session(std::move(session)), m_rows(m_session->Store->Select(sql)), m_live(Size()) {}
 
-RecordSet::Impl& RecordSet::Open() const {
+bool RecordSet::IsOpen() const noexcept {
+    return m_session && m_session->Store;
+}
+
+void RecordSet::RequireOpen() const {
     if (!IsOpen()) {
         throw RunTimeError(ErrorKind::ObjectClosed, "The record set is closed.");
     }
-    return *m_impl;
 }
 
-void RecordSet::Close() noexcept {
-    m_impl.reset();
+void RecordSet::RequireUpdatable() const {
+    RequireOpen();
+    if (m_rows.Table.empty()) {
+        throw RunTimeError(ErrorKind::ReadOnlyRecordSet, "The record set cannot be changed.");
+    }
 }
 
-bool RecordSet::IsOpen() const noexcept {
-    return m_impl && m_impl->IsOpen();
+void RecordSet::ThrowNoCurrent() const {
+    const std::string where = m_rows.Table.empty() ? "" : " in table " + m_rows.Table;
+    throw RunTimeError(ErrorKind::NoCurrentRecord, "No current record" + where + ".");
+}
+
+bool RecordSet::OnRow() const {
+    return m_at >= 0 && m_at < Size() && !m_rows.All[static_cast<std::size_t>(m_at)].Deleted;
+}
+
+const Row& RecordSet::Current() const {
+    RequireOpen();
+    if (!OnRow()) {
+        ThrowNoCurrent();
+    }
+    return m_rows.All[static_cast<std::size_t>(m_at)];
+}
+
+Row& RecordSet::Current() {
+    return const_cast<Row&>(std::as_const(*this).Current());
 }
 
 int RecordSet::RecordCount() const {
-    return Open().RecordCount();
+    RequireOpen();
+    return static_cast<int>(m_live);
 }
 
 bool RecordSet::Eof() const {
-    return Open().Eof();
+    RequireOpen();
+    return m_at >= Size();
 }
 
 bool RecordSet::Bof() const {
-    return Open().Bof();
+    RequireOpen();
+    return m_at < 0 || m_rows.All.empty();
+}
+
+void RecordSet::StepFrom(std::ptrdiff_t place, int step) {
+    DropChange();
+    m_at = place;
+    do {
+        m_at += step;
+    } while (m_at >= 0 && m_at < Size() && !OnRow());
+}
+
+void RecordSet::RequireRows() {
+    RequireOpen();
+    DropChange();
+    if (m_live == 0) {
+        ThrowNoCurrent();
+    }
 }
 
 void RecordSet::MoveFirst() {
-    Open().MoveFirst();
+    RequireRows();
+    StepFrom(-1, 1);
 }
 
 void RecordSet::MoveLast() {
-    Open().MoveLast();
+    RequireRows();
+    StepFrom(Size(), -1);
 }
 
 void RecordSet::MoveNext() {
-    Open().MoveNext();
+    if (Eof()) {
+        ThrowNoCurrent();
+    }
+    StepFrom(m_at, 1);
 }
 
 void RecordSet::MovePrevious() {
-    Open().MovePrevious();
+    if (Bof()) {
+        ThrowNoCurrent();
+    }
+    StepFrom(m_at, -1);
 }
 
 void RecordSet::Move(int rows) {
-    Impl& set = Open();
+    RequireOpen();
     for (; rows > 0; --rows) {
-        set.MoveNext();
+        MoveNext();
     }
     for (; rows < 0; ++rows) {
-        set.MovePrevious();
+        MovePrevious();
     }
+}
+
+int RecordSet::Position(std::string_view name) const {
+    RequireOpen();
+    const auto& names = m_rows.Names;
+    const auto field = std::find_if(names.begin(), names.end(),
+                                    [&](const std::string& each) { return SameName(each, name); });
+    if (field == names.end()) {
+        throw RunTimeError(ErrorKind::FieldNotFound,
+                           "The record set has no field " + std::string(name) + ".");
+    }
+    return static_cast<int>(field - names.begin());
+}
+
+std::string RecordSet::Title(int position) const {
+    const std::string& name = m_rows.Names[static_cast<std::size_t>(position)];
+    return m_rows.Table.empty() ? name : m_rows.Table + "." + name;
 }
 
 const Value& RecordSet::Field(int position) const {
-    return Open().Field(position);
-}
-
-const Value& RecordSet::Field(std::string_view name) const {
-    return Field(Open().Position(name));
-}
-
-std::int16_t RecordSet::Integer(int position) const {
-    return Open().Integer(position);
-}
-
-std::int16_t RecordSet::Integer(std::string_view name) const {
-    return Integer(Open().Position(name));
+    const Row& row = Current();
+    if (position < 0 || position >= std::ssize(row.Fields)) {
+        throw RunTimeError(ErrorKind::FieldNotFound,
+                           "The record set has no field number " + NumberText(position) + ".");
+    }
+    return row.Fields[static_cast<std::size_t>(position)];
 }
 
 double RecordSet::Number(int position) const {
-    return Open().Number(position);
+    const Value& value = Field(position);
+    if (const auto* real = std::get_if<double>(&value)) {
+        return *real;
+    }
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+        return static_cast<double>(*whole);
+    }
+    if (IsNull(value)) {
+        throw RunTimeError(ErrorKind::InvalidUseOfNull,
+                           Title(position) + " is empty. Enter a number there.");
+    }
+    return TextToDouble(std::get<std::string>(value), Title(position));
 }
 
-double RecordSet::Number(std::string_view name) const {
-    return Number(Open().Position(name));
+std::int16_t RecordSet::Integer(int position) const {
+    const double number = Number(position);
+    const auto integer = static_cast<std::int16_t>(std::clamp(number, -32768.0, 32767.0));
+    return static_cast<double>(integer) == number ? integer : ToInteger(number, Title(position));
 }
 
 float RecordSet::Single(int position) const {
-    return Open().Single(position);
-}
-
-float RecordSet::Single(std::string_view name) const {
-    return Single(Open().Position(name));
+    const double number = Number(position);
+    const auto single = static_cast<float>(number);
+    return static_cast<double>(single) == number ? single : ToSingle(number, Title(position));
 }
 
 std::string RecordSet::Text(int position) const {
-    return Open().Text(position);
+    const Value text = ConvertTo(FieldType::Text, Field(position), {});
+    return IsNull(text) ? std::string() : std::get<std::string>(text);
 }
 
-std::string RecordSet::Text(std::string_view name) const {
-    return Text(Open().Position(name));
+void RecordSet::DropChange() {
+    m_change = Change::None;
+    m_set.clear();
 }
 
 void RecordSet::Edit() {
-    Open().Edit();
+    RequireUpdatable();
+    (void)Current();
+    DropChange();
+    m_change = Change::Edit;
 }
 
 void RecordSet::AddNew() {
-    Open().AddNew();
+    RequireUpdatable();
+    DropChange();
+    m_change = Change::Add;
 }
 
 void RecordSet::Set(std::string_view name, const Value& value) {
-    Open().Set(name, value);
+    const int position = Position(name);
+    const std::string title = Title(position);
+    if (m_change == Change::None) {
+        throw RunTimeError(ErrorKind::UpdateWithoutEdit,
+                           title + " was set without Edit or AddNew.");
+    }
+    const FieldType type = TypeOfColumn(FindTable(m_rows.Table), name);
+    m_set.insert_or_assign(position, ConvertTo(type, value, title));
 }
 
 void RecordSet::Update() {
-    Open().Update();
+    RequireUpdatable();
+    if (m_change == Change::None) {
+        throw RunTimeError(ErrorKind::UpdateWithoutEdit,
+                           "Table " + m_rows.Table + ": Update without Edit or AddNew.");
+    }
+    m_change == Change::Edit ? WriteEdit() : WriteNew();
+    DropChange();
+}
+
+std::vector<std::string_view> RecordSet::SetColumns() const {
+    std::vector<std::string_view> columns;
+    for (const auto& [position, value] : m_set) {
+        columns.emplace_back(m_rows.Names[static_cast<std::size_t>(position)]);
+    }
+    return columns;
+}
+
+std::vector<Value> RecordSet::SetValues() const {
+    std::vector<Value> values;
+    for (const auto& [position, value] : m_set) {
+        values.push_back(value);
+    }
+    return values;
+}
+
+void RecordSet::WriteEdit() {
+    Row& row = Current();
+    std::vector<Value> values = SetValues();
+    values.emplace_back(row.Id);
+    if (!m_set.empty() &&
+        m_session->Store->Change(UpdateText(m_rows.Table, SetColumns(), "rowid"), values) == 0) {
+        ThrowNoCurrent();
+    }
+    for (auto& [position, value] : m_set) {
+        row.Fields[static_cast<std::size_t>(position)] = std::move(value);
+    }
+    m_lastModified = m_at;
+}
+
+void RecordSet::WriteNew() {
+    Connection& store = *m_session->Store;
+    store.Change(InsertText(m_rows.Table, SetColumns()), SetValues());
+    const std::string id = NumberText(store.LastInsertedId());
+    std::string fields;
+    for (const std::string& name : m_rows.Names) {
+        fields.append(fields.empty() ? "\"" : ",\"").append(name).append("\"");
+    }
+    Rows added =
+        store.Select("SELECT " + fields + " FROM " + m_rows.Table + " WHERE rowid = " + id);
+    const bool was_at_end = Eof();
+    m_lastModified = Size();
+    m_rows.All.push_back(std::move(added.All.front()));
+    ++m_live;
+    if (was_at_end) {
+        m_at = Size();
+    }
 }
 
 void RecordSet::Delete() {
-    Open().Delete();
+    RequireUpdatable();
+    Row& row = Current();
+    DropChange();
+    const std::vector<Value> id = {row.Id};
+    m_session->Store->Change("DELETE FROM " + m_rows.Table + " WHERE rowid=?", id);
+    row.Deleted = true;
+    --m_live;
 }
 
 void RecordSet::MoveToLastModified() {
-    Open().MoveToLastModified();
+    RequireOpen();
+    if (m_lastModified < 0) {
+        ThrowNoCurrent();
+    }
+    DropChange();
+    m_at = m_lastModified;
 }
 
 }  // namespace quarnel02

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "model/Value.h"
+#include "model/Rows.h"
 
 namespace quarnel02 {
 
@@ -13,10 +17,11 @@ struct Session;
 
 /// The rows that an SQL text selects, with a position among them.
 ///
-/// The set holds the rows that were selected when it was opened. Changes made through it are seen
-/// by it; a row added through it stands at its end; a deleted row is no longer counted, and the
-/// position stays on it, without a current row, until the next move. A set on a single table can
-/// be changed; joins, aggregates and DISTINCT sets are read-only.
+/// The set holds the rows that were selected when it was opened, whatever others write or undo.
+/// Changes made through it are seen by it; a row added through it stands at its end; a deleted row
+/// is no longer counted, and the position stays on it, without a current row, until the next move.
+/// A set of columns of a single table can be changed; joins, aggregates, groups, DISTINCT sets and
+/// sets with computed or renamed columns are read-only.
 ///
 /// After opening, the position is on the first row; of an empty set both Eof and Bof hold.
 /// Fields are named without regard to letter case, or by position counted from 0.
@@ -28,15 +33,15 @@ struct Session;
 class RecordSet {
   public:
     /// A closed set.
-    RecordSet();
-    ~RecordSet();
-    RecordSet(RecordSet&& other) noexcept;
-    RecordSet& operator=(RecordSet&& other) noexcept;
+    RecordSet() = default;
+    ~RecordSet() = default;
+    RecordSet(RecordSet&& other) noexcept = default;
+    RecordSet& operator=(RecordSet&& other) noexcept = default;
     RecordSet(const RecordSet&) = delete;
     RecordSet& operator=(const RecordSet&) = delete;
 
     /// Closes the set; closing a closed one does nothing.
-    void Close() noexcept;
+    void Close() noexcept { *this = RecordSet(); }
     [[nodiscard]] bool IsOpen() const noexcept;
 
     /// Full number of rows that the set holds now.
@@ -57,15 +62,17 @@ class RecordSet {
     /// field, TypeMismatch for a text that is no number, Overflow beyond the type's range; Text
     /// of an empty field is "".
     [[nodiscard]] const Value& Field(int position) const;
-    [[nodiscard]] const Value& Field(std::string_view name) const;
     [[nodiscard]] std::int16_t Integer(int position) const;
-    [[nodiscard]] std::int16_t Integer(std::string_view name) const;
     [[nodiscard]] double Number(int position) const;
-    [[nodiscard]] double Number(std::string_view name) const;
     [[nodiscard]] float Single(int position) const;
-    [[nodiscard]] float Single(std::string_view name) const;
     [[nodiscard]] std::string Text(int position) const;
-    [[nodiscard]] std::string Text(std::string_view name) const;
+    [[nodiscard]] const Value& Field(std::string_view name) const { return Field(Position(name)); }
+    [[nodiscard]] std::int16_t Integer(std::string_view name) const {
+        return Integer(Position(name));
+    }
+    [[nodiscard]] double Number(std::string_view name) const { return Number(Position(name)); }
+    [[nodiscard]] float Single(std::string_view name) const { return Single(Position(name)); }
+    [[nodiscard]] std::string Text(std::string_view name) const { return Text(Position(name)); }
 
     /// Begins a change of the current row, or a new row whose unset fields get the table's
     /// defaults.
@@ -85,11 +92,35 @@ class RecordSet {
 
   private:
     friend class Database;
-    class Impl;
-    explicit RecordSet(std::unique_ptr<Impl> impl);
-    [[nodiscard]] Impl& Open() const;
+    enum class Change : std::uint8_t { None, Edit, Add };
 
-    std::unique_ptr<Impl> m_impl;
+    RecordSet(std::shared_ptr<Session> session, const std::string& sql);
+    void RequireOpen() const;
+    void RequireUpdatable() const;
+    /// The row of the position. Throws NoCurrentRecord.
+    [[nodiscard]] const Row& Current() const;
+    [[nodiscard]] Row& Current();
+    [[noreturn]] void ThrowNoCurrent() const;
+    [[nodiscard]] std::ptrdiff_t Size() const { return std::ssize(m_rows.All); }
+    [[nodiscard]] bool OnRow() const;
+    [[nodiscard]] int Position(std::string_view name) const;
+    [[nodiscard]] std::string Title(int position) const;
+    void DropChange();
+    void RequireRows();
+    void StepFrom(std::ptrdiff_t place, int step);
+    void WriteEdit();
+    void WriteNew();
+    /// Columns and values of the fields that were set.
+    [[nodiscard]] std::vector<std::string_view> SetColumns() const;
+    [[nodiscard]] std::vector<Value> SetValues() const;
+
+    std::shared_ptr<Session> m_session;
+    Rows m_rows;
+    std::ptrdiff_t m_live = 0;           ///< rows that are not deleted
+    std::ptrdiff_t m_at = 0;             ///< -1 is Bof, the number of rows is Eof
+    std::ptrdiff_t m_lastModified = -1;  ///< none yet
+    Change m_change = Change::None;
+    std::map<int, Value> m_set;  ///< fields that Set has set
 };
 
 }  // namespace quarnel02

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,11 +30,10 @@ class RowWriter {
     void Write(std::initializer_list<Value> values);
 
   private:
-    RowWriter(const Database& database, std::string_view table, std::string sql);
-    void AddColumn(std::string_view table, std::string_view column);
+    RowWriter(const Database& database, std::string_view table,
+              const std::vector<std::string_view>& fields, std::string sql);
 
-    std::shared_ptr<Session> m_session;
-    std::string m_table;
+    Database m_database;
     std::string m_sql;
     std::vector<FieldType> m_types;
     std::vector<std::string> m_titles;  ///< for messages

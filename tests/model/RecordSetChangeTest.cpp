@@ -267,20 +267,57 @@ TEST_F(RecordSetChangeTest, OfEqualRowsOnlyTheCurrentOneIsChanged) {
     EXPECT_EQ(model.RowsOf("SELECT * FROM Demand;", 2), (Texts{"6|10", "5|10"}));
 }
 
-TEST_F(RecordSetChangeTest, JoinsAggregatesAndDistinctSetsCannotBeChanged) {
-    for (const std::string sql :
-         {"SELECT COUNT(*) FROM Tasks;", "SELECT SUM(Prob) FROM Demand;",
-          "SELECT DISTINCT TaskId FROM Tasks;",
-          "SELECT Resources.Description, Tasks.Description From Resources, Tasks;",
-          "SELECT Pathways.PathId FROM Arcs INNER JOIN Pathways ON Arcs.ArcId = "
-          "Pathways.ArcId;"}) {
-        RecordSet set = Open(sql);
-        ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.Edit(); });
-        ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.AddNew(); });
-        ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.Delete(); });
-        ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.Update(); });
+class ReadOnlyRecordSet : public RecordSetChangeTest,
+                          public testing::WithParamInterface<const char*> {};
+
+TEST_P(ReadOnlyRecordSet, CannotBeChanged) {
+    RecordSet set = Open(GetParam());
+    ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.Edit(); });
+    ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.AddNew(); });
+    ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.Delete(); });
+    ExpectRunTimeError(ErrorKind::ReadOnlyRecordSet, [&] { set.Update(); });
+    EXPECT_EQ(Tasks(), (Texts{"1|Insert", "2|Screw", "3|Test"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    JoinsAggregatesGroupsAndDistinctSets, ReadOnlyRecordSet,
+    testing::Values(
+        "SELECT COUNT(*) FROM Tasks;", "SELECT SUM(Prob) FROM Demand;",
+        "SELECT Avg(TaskId) FROM Tasks;", "SELECT Max(TaskId) FROM Tasks;",
+        "select min(TaskId), TaskId from Tasks;", "SELECT total(TaskId) FROM Tasks;",
+        "SELECT group_concat(Description) FROM Tasks;", "SELECT TaskId FROM Tasks Group By TaskId;",
+        "SELECT TaskId FROM Tasks GROUP BY TaskId ORDER BY TaskId;",
+        "SELECT DISTINCT TaskId FROM Tasks;", "SELECT distinct TaskId FROM Tasks ORDER BY TaskId;",
+        "SELECT Resources.Description, Tasks.Description From Resources, Tasks;",
+        "SELECT a.TaskId FROM Tasks a, Tasks b;",
+        "SELECT Pathways.PathId FROM Arcs INNER JOIN Pathways ON Arcs.ArcId = "
+        "Pathways.ArcId;",
+        "SELECT Tasks.TaskId FROM Tasks INNER JOIN Matrix ON Tasks.TaskId = "
+        "Matrix.TaskId ORDER BY Tasks.TaskId;",
+        "SELECT TaskId FROM Tasks UNION SELECT TaskId FROM Tasks;", "SELECT TaskId + 1 FROM Tasks;",
+        "SELECT TaskId AS Description FROM Tasks;", "SELECT 1;"));
+
+TEST_F(RecordSetChangeTest, AnAggregateIsOneRowOverAllThatAreSelected) {
+    const RecordSet average = Open("SELECT Avg(TaskId) FROM Tasks WHERE TaskId > 1;");
+    EXPECT_EQ(average.RecordCount(), 1);
+    EXPECT_EQ(average.Number(0), 2.5);
+    const RecordSet longest = Open("SELECT Max(TaskId) AS Longest, Description FROM Tasks;");
+    EXPECT_EQ(longest.RecordCount(), 1);
+    EXPECT_EQ(longest.Integer("Longest"), 3);
+    EXPECT_EQ(longest.Text("Description"), "Test");
+    EXPECT_TRUE(IsNull(Open("SELECT AVG(Volume) FROM Demand;").Field(0)));
+}
+
+TEST_F(RecordSetChangeTest, WordsOfSqlInsideATextAreNoneOfIt) {
+    for (const std::string sql : {"SELECT * FROM Tasks WHERE Description <> 'x ORDER BY y';",
+                                  " select TaskId from Tasks where Description <> ' DISTINCT, "
+                                  "AVG(x)' order by TaskId ; "}) {
+        RecordSet tasks = Open(sql);
+        EXPECT_EQ(tasks.RecordCount(), 3);
+        tasks.Edit();
+        tasks.Set("TaskId", tasks.Integer("TaskId"));
+        EXPECT_NO_THROW(tasks.Update());
     }
-    EXPECT_EQ(Tasks().size(), 3U);
 }
 
 }  // namespace

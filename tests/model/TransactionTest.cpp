@@ -73,28 +73,29 @@ TEST_F(TransactionTest, UndoesEverythingWhenAWriteFails) {
     EXPECT_EQ(StoredTasks(), (Texts{"1", "4"}));
 }
 
-TEST_F(TransactionTest, InnerOneJoinsTheOuter) {
-    {
-        Transaction outer(Handle);
-        AddTask(Handle, 2);
-        {
-            Transaction inner(Model.Open());
-            AddTask(Handle, 3);
-            inner.Commit();
-        }
-        EXPECT_EQ(StoredTasks(), Texts{"1"});
-    }
-    EXPECT_EQ(StoredTasks(), Texts{"1"});
-
+TEST_F(TransactionTest, DoNotNest) {
     Transaction outer(Handle);
-    {
-        Transaction inner(Handle);
-        AddTask(Handle, 3);
-        inner.Commit();
+    AddTask(Handle, 2);
+    for (const Database& database : {Handle, Model.Open()}) {
+        const std::string message = ExpectRunTimeError(ErrorKind::DatabaseFailure,
+                                                       [&] { const Transaction inner(database); });
+        EXPECT_NE(message.find("within a transaction"), std::string::npos) << message;
     }
-    AddTask(Handle, 4);
+    AddTask(Handle, 3);
+    EXPECT_EQ(StoredTasks(), Texts{"1"});
     outer.Commit();
-    EXPECT_EQ(StoredTasks(), (Texts{"1", "3", "4"}));
+    EXPECT_EQ(StoredTasks(), (Texts{"1", "2", "3"}));
+}
+
+TEST_F(TransactionTest, MayFollowOneThatIsCommittedAndStillThere) {
+    Transaction first(Handle);
+    AddTask(Handle, 2);
+    first.Commit();
+    {
+        const Transaction second(Handle);
+        AddTask(Handle, 3);
+    }
+    EXPECT_EQ(StoredTasks(), (Texts{"1", "2"}));
 }
 
 TEST_F(TransactionTest, SpansAllOpeningsOfTheFile) {
@@ -163,30 +164,26 @@ TEST_F(TransactionTest, LeavesTheTablesWhenTheDiskIsFull) {
     EXPECT_EQ(StoredTasks(), (Texts{"1", "2"}));
 }
 
-TEST_F(TransactionTest, UnreadSetSeesTheRowsThatAreLeft) {
-    RecordSet unread = Handle.OpenRecordSet("SELECT * FROM Tasks;");
-    {
-        const Transaction transaction(Handle);
-        unread.AddNew();
-        unread.Set("TaskId", std::int64_t{2});
-        unread.Update();
-        unread.MoveToLastModified();
+TEST_F(TransactionTest, OpenSetsKeepTheirRowsWhenItIsUndone) {
+    for (const std::string sql : {"SELECT * FROM Tasks;", "SELECT * FROM Tasks ORDER BY TaskId;"}) {
+        RecordSet open = Handle.OpenRecordSet(sql);
+        {
+            const Transaction transaction(Handle);
+            open.AddNew();
+            open.Set("TaskId", std::int64_t{2});
+            open.Update();
+            open.Delete();
+        }
+        EXPECT_EQ(open.RecordCount(), 1);
+        open.MoveFirst();
+        EXPECT_EQ(open.Integer("TaskId"), 2);
+        ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] {
+            open.Edit();
+            open.Set("TaskId", std::int64_t{3});
+            open.Update();
+        });
     }
-    EXPECT_EQ(unread.RecordCount(), 1);
-    unread.MoveFirst();
-    EXPECT_EQ(unread.Integer("TaskId"), 1);
-}
-
-TEST_F(TransactionTest, UnreadSetOfAnEmptyTableIsEmptyAgain) {
-    RecordSet unread = Handle.OpenRecordSet("SELECT * FROM Arcs;");
-    {
-        const Transaction transaction(Handle);
-        unread.AddNew();
-        unread.Set("ArcId", std::int64_t{0});
-        unread.Update();
-    }
-    EXPECT_EQ(unread.RecordCount(), 0);
-    EXPECT_TRUE(unread.Eof());
+    EXPECT_EQ(StoredTasks(), Texts{"1"});
 }
 
 TEST_F(TransactionTest, ReadsDoNotRememberWhatWasUndone) {
