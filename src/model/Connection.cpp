@@ -4,7 +4,6 @@
 
 #include <map>
 #include <new>
-#include <type_traits>
 
 #include "basic/Files.h"
 #include "basic/ScopeGuard.h"
@@ -21,43 +20,45 @@ SQLite::Database OpenFile(const std::filesystem::path& path) {
                                                         " does not exist. Check the file's name "
                                                         "and place.");
     }
-    try {
+    return Translating(name, [&] {
         SQLite::Database database(name, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
                                   kBusyMilliseconds);
         database.exec("PRAGMA journal_mode = DELETE");
         database.exec("PRAGMA synchronous = NORMAL");
         database.exec("PRAGMA temp_store = MEMORY");
         return database;
-    } catch (const SQLite::Exception& error) {
-        throw Connection::Translated(error, name);
+    });
+}
+
+void Bind(SQLite::Statement& statement, int place, const Value& value) {
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+        statement.bind(place, *whole);
+    } else if (const auto* real = std::get_if<double>(&value)) {
+        statement.bind(place, *real);
+    } else if (const auto* text = std::get_if<std::string>(&value)) {
+        statement.bind(place, *text);
+    } else {
+        statement.bind(place);
     }
 }
 
-/// The names with something behind each: `"Cost"=?,"Time"=?`.
+}  // namespace
+
+int Execute(SQLite::Statement& statement, std::span<const Value> values) {
+    const ScopeGuard reset([&] { statement.tryReset(); });  // it holds no lock then
+    int place = 0;
+    for (const Value& value : values) {
+        Bind(statement, ++place, value);
+    }
+    return statement.exec();
+}
+
 std::string Joined(std::span<const std::string_view> names, std::string_view behind_each) {
     std::string text;
     for (const std::string_view name : names) {
         text.append(text.empty() ? "\"" : ",\"").append(name).append("\"").append(behind_each);
     }
     return text;
-}
-
-}  // namespace
-
-void BindValues(SQLite::Statement& statement, std::span<const Value> values) {
-    int index = 1;
-    for (const Value& value : values) {
-        std::visit(
-            [&](const auto& each) {
-                if constexpr (std::is_same_v<std::decay_t<decltype(each)>, std::monostate>) {
-                    statement.bind(index);
-                } else {
-                    statement.bind(index, each);
-                }
-            },
-            value);
-        ++index;
-    }
 }
 
 std::string InsertText(std::string_view table, std::span<const std::string_view> columns) {
@@ -69,22 +70,13 @@ std::string InsertText(std::string_view table, std::span<const std::string_view>
     for (std::size_t place = 1; place < columns.size(); ++place) {
         places += ",?";
     }
-    return insert + " (" + Joined(columns, "") + ") VALUES (" + places + ")";
+    return insert + " (" + Joined(columns) + ") VALUES (" + places + ")";
 }
 
 std::string UpdateText(std::string_view table, std::span<const std::string_view> columns,
                        std::string_view key) {
     return "UPDATE " + std::string(table) + " SET " + Joined(columns, "=?") + " WHERE \"" +
            std::string(key) + "\"=?";
-}
-
-template <class Action>
-decltype(auto) Connection::Guarded(Action action) const {
-    try {
-        return action();
-    } catch (const SQLite::Exception& error) {
-        throw Translated(error, m_name);
-    }
 }
 
 std::shared_ptr<Connection> Connection::To(const std::filesystem::path& path) {
@@ -104,32 +96,29 @@ Connection::Connection(const std::filesystem::path& path)
     : m_name(PathText(path)), m_database(OpenFile(path)) {}
 
 Rows Connection::Select(const std::string& sql) const {
-    return Guarded([&] { return quarnel02::Select(m_database.getHandle(), sql); });
+    return Translating(m_name, [&] { return quarnel02::Select(m_database.getHandle(), sql); });
 }
 
 int Connection::Change(const std::string& sql, std::span<const Value> values) {
-    return Guarded([&] {
+    return Translating(m_name, [&] {
         auto kept = m_changes.find(sql);
         if (kept == m_changes.end()) {
             kept = m_changes.emplace(sql, SQLite::Statement(m_database, sql)).first;
         }
-        SQLite::Statement& statement = kept->second;
-        const ScopeGuard reset([&] { statement.tryReset(); });  // it holds no lock then
-        BindValues(statement, values);
-        return statement.exec();
+        return Execute(kept->second, values);
     });
 }
 
 void Connection::Begin() {
-    Guarded([&] { m_database.exec("BEGIN IMMEDIATE"); });
+    Translating(m_name, [&] { m_database.exec("BEGIN IMMEDIATE"); });
 }
 
 void Connection::Commit() {
     const FailureGuard undo([&] { Undo(); });
-    Guarded([&] { m_database.exec("COMMIT"); });
+    Translating(m_name, [&] { m_database.exec("COMMIT"); });
 }
 
-RunTimeError Connection::Translated(const SQLite::Exception& error, const std::string& file) {
+RunTimeError Translated(const SQLite::Exception& error, const std::string& file) {
     const std::string database = "The model database " + file;
     switch (error.getErrorCode()) {
         case SQLITE_BUSY:

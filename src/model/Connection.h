@@ -13,15 +13,31 @@
 
 #include "basic/Immovable.h"
 #include "basic/RunTimeError.h"
-#include "model/Rows.h"
+#include "model/RecordSet.h"
 
 namespace quarnel02 {
 
 /// How long another program's lock is waited for.
 constexpr int kBusyMilliseconds = 3000;
 
-/// Binds the values to the statement's places, in order.
-void BindValues(SQLite::Statement& statement, std::span<const Value> values);
+/// Runs the statement with the values in its places; returns the number of rows it changed.
+int Execute(SQLite::Statement& statement, std::span<const Value> values);
+
+/// The names as SQL, with something behind each: `"Cost"=?,"Time"=?`.
+std::string Joined(std::span<const std::string_view> names, std::string_view behind_each = "");
+
+/// What SQLite reports of a file, in our words. Throws std::bad_alloc where memory is short.
+RunTimeError Translated(const SQLite::Exception& error, const std::string& file);
+
+/// Calls `action`; what SQLite reports comes out as a RunTimeError that names the file.
+template <class Action>
+decltype(auto) Translating(const std::string& file, const Action& action) {
+    try {
+        return action();
+    } catch (const SQLite::Exception& error) {
+        throw Translated(error, file);
+    }
+}
 
 /// `INSERT INTO Tasks ("TaskId") VALUES (?)`; without columns a row of defaults.
 std::string InsertText(std::string_view table, std::span<const std::string_view> columns);
@@ -50,13 +66,7 @@ class Connection : Immovable {
     void Commit();
     void Undo() noexcept { m_database.tryExec("ROLLBACK"); }
 
-    /// What SQLite reports, in our words. Throws std::bad_alloc where memory is short.
-    static RunTimeError Translated(const SQLite::Exception& error, const std::string& file);
-
   private:
-    template <class Action>
-    decltype(auto) Guarded(Action action) const;
-
     std::string m_name;
     SQLite::Database m_database;
     std::unordered_map<std::string, SQLite::Statement> m_changes;

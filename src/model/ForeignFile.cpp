@@ -1,19 +1,14 @@
 #include "model/ForeignFile.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "basic/Files.h"
 #include "basic/Numbers.h"
-#include "basic/RunTimeError.h"
 #include "model/Connection.h"
 #include "model/Defences.h"
-#include "model/FileFormat.h"
-#include "model/FileHead.h"
-#include "model/SoundModel.h"
+#include "model/ModelChecks.h"
+#include "model/Select.h"
 
 namespace fs = std::filesystem;
 
@@ -26,53 +21,12 @@ constexpr int kStepsBetweenLooks = 1000;
 constexpr std::int64_t kRowsBetweenLooks = 10000;
 
 constexpr std::int64_t kMostRows = std::int64_t{1} << 20;    ///< 4,095 resources by 255 tasks
-constexpr std::size_t kMostText = std::size_t{128} << 10;    ///< what a box takes, in bytes
+constexpr int kMostText = 128 << 10;                         ///< what a box takes, in bytes
 constexpr std::size_t kMostContent = std::size_t{64} << 20;  ///< kept in memory while it is read
 constexpr std::uintmax_t kMostFile = std::uintmax_t{256} << 20;
 
 int IsOverdue(void* until) {
     return std::clock() > *static_cast<const std::clock_t*>(until) ? 1 : 0;
-}
-
-bool IsReadOnlyFailure(int code) {
-    return code == SQLITE_READONLY || code == SQLITE_CANTOPEN;
-}
-
-std::string List(const TableSchema& table) {
-    std::string list;
-    for (const ColumnSchema& column : table.Columns) {
-        list += (list.empty() ? "[" : ", [") + std::string(column.Name) + "]";
-    }
-    return list;
-}
-
-Value Untyped(const SQLite::Column& column) {
-    switch (column.getType()) {
-        case SQLITE_INTEGER:
-            return std::int64_t{column.getInt64()};
-        case SQLITE_FLOAT:
-            return column.getDouble();
-        case SQLITE_NULL:
-            return {};
-        default:
-            return column.getString();
-    }
-}
-
-/// What a field cannot hold whatever its type; empty when there is nothing to say.
-std::string Fault(const SQLite::Column& column, FieldType type) {
-    constexpr int longest_number = 100;
-    if (column.getType() == SQLITE_BLOB) {
-        return "is no text or number.";
-    }
-    if (column.getType() == SQLITE_TEXT && type != FieldType::Text &&
-        column.getBytes() > longest_number) {
-        return "is a text, not a number.";
-    }
-    if (column.getType() == SQLITE_FLOAT && !std::isfinite(column.getDouble())) {
-        return "is infinite.";
-    }
-    return {};
 }
 
 /// Rounding would change a figure of the user's file in silence. Throws Overflow.
@@ -85,10 +39,46 @@ void RequireWholeNumber(const Value& value, const std::string& field) {
     }
 }
 
+/// What no field takes, or none of this type; empty when there is nothing to say.
+std::string Fault(sqlite3_stmt* row, int place, FieldType type) {
+    constexpr int longest_number = 100;
+    switch (sqlite3_column_type(row, place)) {
+        case SQLITE_BLOB:
+            return " is no text or number. Correct it there.";
+        case SQLITE_FLOAT:
+            return std::isfinite(sqlite3_column_double(row, place))
+                       ? ""
+                       : " is infinite. Correct it there.";
+        case SQLITE_TEXT:
+            break;
+        default:
+            return {};
+    }
+    const int length = sqlite3_column_bytes(row, place);
+    if (type != FieldType::Text && length > longest_number) {
+        return " is a text, not a number. Correct it there.";
+    }
+    return length > kMostText ? " is longer than 128 KB. Shorten it there." : "";
+}
+
+/// A field of a user's row as our tables hold it. Throws for a value that it cannot hold.
+Value Converted(const ReadStatement& row, int place, const ColumnSchema& column) {
+    const std::string name(column.Name);
+    const std::string fault = Fault(row.get(), place, column.Type);
+    if (!fault.empty()) {
+        throw RunTimeError(ErrorKind::NotAModel, name + fault);
+    }
+    const Value value = FieldOf(row, place);
+    if (column.Type == FieldType::Integer) {
+        RequireWholeNumber(value, name);
+    }
+    return ConvertTo(column.Type, value, name);
+}
+
 }  // namespace
 
 template <class Action>
-decltype(auto) ForeignFile::Guarded(Action action) const {
+decltype(auto) ForeignFile::Guarded(const Action& action) const {
     try {
         return action();
     } catch (const SQLite::Exception& error) {
@@ -97,14 +87,13 @@ decltype(auto) ForeignFile::Guarded(Action action) const {
 }
 
 void ForeignFile::Translate(const SQLite::Exception& error) const {
-    const int code = error.getErrorCode();
-    if (IsReadOnlyFailure(code)) {
-        RefuseFile(m_name,
-                   "was not closed by the program that changed it last: part of it is in a second "
-                   "file (a journal).",
-                   "Open and close it with that program, or use a saved copy.");
-    }
-    switch (code) {
+    switch (error.getErrorCode()) {
+        case SQLITE_READONLY:
+        case SQLITE_CANTOPEN:
+            RefuseFile(m_name,
+                       "was not closed by the program that changed it last: part of it is in a "
+                       "second file (a journal).",
+                       "Open and close it with that program, or use a saved copy.");
         case SQLITE_INTERRUPT:
             RefuseFile(m_name, "takes too long to read.");
         case SQLITE_TOOBIG:
@@ -114,7 +103,7 @@ void ForeignFile::Translate(const SQLite::Exception& error) const {
         case SQLITE_IOERR:
         case SQLITE_NOMEM:
         case SQLITE_NOTADB:
-            throw Connection::Translated(error, m_name);
+            throw Translated(error, m_name);
         case SQLITE_CORRUPT:
             RefuseFile(m_name, "is damaged.");
         default:
@@ -138,17 +127,17 @@ ForeignFile::ForeignFile(const fs::path& path, std::string_view name)
         m_database.execAndGet("SELECT COUNT(*) FROM sqlite_master");
     });
     GiveTime();
-    sqlite3_progress_handler(m_database.getHandle(), kStepsBetweenLooks, IsOverdue, &m_until);
+    sqlite3_progress_handler(Handle(), kStepsBetweenLooks, IsOverdue, &m_until);
 }
 
 void ForeignFile::GiveTime() {
     m_until = std::clock() + kSecondsOfWork * CLOCKS_PER_SEC;
 }
 
-void ForeignFile::RequireKnownFormat() {
+void ForeignFile::RequireKnownFormat() const {
     Guarded([&] {
-        const auto version = m_database.execAndGet("PRAGMA user_version").getInt64();
-        if (m_database.execAndGet("PRAGMA application_id").getInt64() == kApplicationId &&
+        const auto version = WholeNumber(Handle(), "PRAGMA user_version");
+        if (WholeNumber(Handle(), "PRAGMA application_id") == kApplicationId &&
             version > kFormatVersion) {
             RefuseFile(m_name,
                        "was saved by a newer version of this program (format " +
@@ -159,120 +148,101 @@ void ForeignFile::RequireKnownFormat() {
     });
 }
 
-void ForeignFile::RequireWhole() {
+void ForeignFile::RequireWhole() const {
     Guarded([&] {
-        if (m_database.execAndGet("PRAGMA journal_mode").getString() == "wal") {
+        if (Select(Handle(), "PRAGMA journal_mode").All[0].Fields[0] == Value("wal")) {
             RequireDatabaseHead(m_path, m_name);
         }
-        const auto pages = m_database.execAndGet("PRAGMA page_count").getInt64();
-        const auto page = m_database.execAndGet("PRAGMA page_size").getInt64();
-        if (fs::file_size(m_path) < static_cast<std::uintmax_t>(pages * page)) {
+        const auto bytes =
+            WholeNumber(Handle(), "PRAGMA page_count") * WholeNumber(Handle(), "PRAGMA page_size");
+        if (fs::file_size(m_path) < static_cast<std::uintmax_t>(bytes)) {
             RefuseFile(m_name, "is cut short.");
         }
-        RequireSound(m_database, m_name);
+        RequireSound(Handle(), m_name);
     });
+}
+
+void ForeignFile::RequireModel() const {
+    Guarded([&] { RequireModelTables(Handle(), m_name); });
 }
 
 void ForeignFile::RequireTable(const TableSchema& table) const {
-    const std::string table_name(table.Name);
+    const std::string name(table.Name);
     Guarded([&] {
-        SQLite::Statement find(m_database,
-                               "SELECT type, rootpage FROM sqlite_master WHERE name = ? COLLATE "
-                               "NOCASE AND type IN ('table', 'view')");
-        find.bind(1, table_name);
-        if (!find.executeStep()) {
-            RefuseFile(m_name, "has no table " + table_name + ".");
+        const auto found =
+            Select(Handle(), "SELECT type, rootpage FROM sqlite_master WHERE name = '" + name +
+                                 "' COLLATE NOCASE AND type IN ('table', 'view')")
+                .All;
+        if (found.empty()) {
+            RefuseFile(m_name, "has no table " + name + ".");
         }
-        const bool is_view = find.getColumn(0).getString() == "view";
-        if (find.getColumn(1).getInt64() == 0) {  // no pages of its own
-            RefuseFile(m_name, "has no table " + table_name + ": a " +
+        if (found[0].Fields[1] == Value(0)) {  // no pages of its own
+            const bool is_view = found[0].Fields[0] == Value("view");
+            RefuseFile(m_name, "has no table " + name + ": a " +
                                    (is_view ? "view" : "virtual table") + " stands in its place.");
         }
-        constexpr int name_at = 1;
-        constexpr int hidden_at = 6;
-        std::vector<std::pair<std::string, bool>> columns;
-        SQLite::Statement info(m_database, "PRAGMA table_xinfo(" + table_name + ")");
-        while (info.executeStep()) {
-            columns.emplace_back(info.getColumn(name_at).getString(),
-                                 info.getColumn(hidden_at).getInt() != 0);
-        }
-        for (const ColumnSchema& column : table.Columns) {
-            const auto found = std::find_if(columns.begin(), columns.end(), [&](const auto& each) {
-                return SameName(each.first, column.Name);
-            });
-            if (found == columns.end()) {
-                RefuseFile(m_name, "has no column " + std::string(column.Name) + " in table " +
-                                       table_name + ".");
-            }
-            if (found->second) {
-                RefuseFile(m_name, "computes column " + std::string(column.Name) + " of table " +
-                                       table_name + ", where a model holds values.");
-            }
-        }
+        RequireColumns(table);
     });
 }
 
-void ForeignFile::CountContent(std::size_t bytes) {
-    m_content += bytes;
+void ForeignFile::RequireColumns(const TableSchema& table) const {
+    const auto in_table = " table " + std::string(table.Name);
+    const auto columns = Select(Handle(), "SELECT name, hidden FROM pragma_table_xinfo('" +
+                                              std::string(table.Name) + "')")
+                             .All;
+    for (const ColumnSchema& column : table.Columns) {
+        const auto found = std::find_if(columns.begin(), columns.end(), [&](const Row& each) {
+            return SameName(std::get<std::string>(each.Fields[0]), column.Name);
+        });
+        if (found == columns.end()) {
+            RefuseFile(m_name,
+                       "has no column " + std::string(column.Name) + " in" + in_table + ".");
+        }
+        if (found->Fields[1] != Value(0)) {
+            RefuseFile(m_name, "computes column " + std::string(column.Name) + " of" + in_table +
+                                   ", where a model holds values.");
+        }
+    }
+}
+
+void ForeignFile::CountContent(const Value& value) {
+    const auto* text = std::get_if<std::string>(&value);
+    m_content += text == nullptr ? sizeof(double) : text->size();
     if (m_content > kMostContent) {
         RefuseFile(m_name, "holds more than 64 MB of rows and texts, which no model does.");
     }
 }
 
-Value ForeignFile::ReadValue(const SQLite::Column& column, const TableSchema& table,
-                             std::size_t field, std::int64_t row) {
-    const auto& [field_name, type] = table.Columns[field];
-    const auto refuse = [&](const std::string& why) {
-        throw RunTimeError(ErrorKind::NotAModel, m_name + " has a wrong value in row " +
-                                                     std::to_string(row) + " of table " +
-                                                     std::string(table.Name) + ": " + why);
-    };
-    const std::string fault = Fault(column, type);
-    if (!fault.empty()) {
-        refuse(std::string(field_name) + " " + fault + " Correct it there.");
-    }
-    if (static_cast<std::size_t>(column.getBytes()) > kMostText) {
-        refuse(std::string(field_name) + " is longer than 128 KB. Shorten it there.");
-    }
-    try {
-        const Value untyped = Untyped(column);
-        if (type == FieldType::Integer) {
-            RequireWholeNumber(untyped, std::string(field_name));
-        }
-        Value value = ConvertTo(type, untyped, std::string(field_name));
-        const auto* text = std::get_if<std::string>(&value);
-        CountContent(text == nullptr ? sizeof(double) : text->size());
-        return value;
-    } catch (const RunTimeError& error) {
-        if (error.Kind() == ErrorKind::NotAModel) {
-            throw;
-        }
-        refuse(error.what());
-    }
-    return {};
-}
-
 std::int64_t ForeignFile::ReadRows(const TableSchema& table,
                                    const std::function<void(const std::vector<Value>&)>& action) {
+    const std::string table_name(table.Name);
+    std::int64_t count = 0;
+    const auto read = [&](const ReadStatement& row, std::size_t field) {
+        try {
+            return Converted(row, static_cast<int>(field), table.Columns[field]);
+        } catch (const RunTimeError& error) {
+            throw RunTimeError(ErrorKind::NotAModel, m_name + " has a wrong value in row " +
+                                                         std::to_string(count) + " of table " +
+                                                         table_name + ": " + error.what());
+        }
+    };
     return Guarded([&] {
         // An index could answer this too, in its own order.
-        SQLite::Statement rows(m_database, "SELECT " + List(table) + " FROM " +
-                                               std::string(table.Name) + " NOT INDEXED");
+        const ReadStatement rows = Prepare(
+            Handle(), "SELECT " + Joined(NamesOf(table)) + " FROM " + table_name + " NOT INDEXED");
         std::vector<Value> values(table.Columns.size());
-        std::int64_t count = 0;
-        while (rows.executeStep()) {
+        for (; Step(rows); action(values)) {
             if (count % kRowsBetweenLooks == 0) {
                 GiveTime();
             }
             if (++count > kMostRows) {
-                RefuseFile(m_name, "has more than 1,048,576 rows in table " +
-                                       std::string(table.Name) + ", which no model has.");
+                RefuseFile(m_name, "has more than 1,048,576 rows in table " + table_name +
+                                       ", which no model has.");
             }
             for (std::size_t field = 0; field < values.size(); ++field) {
-                values[field] =
-                    ReadValue(rows.getColumn(static_cast<int>(field)), table, field, count);
+                values[field] = read(rows, field);
+                CountContent(values[field]);
             }
-            action(values);
         }
         return count;
     });
@@ -281,15 +251,15 @@ std::int64_t ForeignFile::ReadRows(const TableSchema& table,
 std::vector<std::string> ForeignFile::ObjectsBeyondModel() const {
     return Guarded([&] {
         std::vector<std::string> objects;
-        SQLite::Statement find(m_database,
-                               "SELECT type, name FROM sqlite_master WHERE type IN ('table', "
-                               "'view', 'trigger') AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' "
-                               "ORDER BY type, name");
-        while (find.executeStep()) {
-            std::string object = find.getColumn(0).getString();
-            const std::string name = find.getColumn(1).getString();
-            if (object != "table" || FindTable(name) == nullptr) {
-                objects.push_back(object.append(" ").append(name));
+        for (const Row& row :
+             Select(Handle(),
+                    "SELECT type, name FROM sqlite_master WHERE type IN ('table', 'view', "
+                    "'trigger') AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY type, name")
+                 .All) {
+            const auto& type = std::get<std::string>(row.Fields[0]);
+            const auto& name = std::get<std::string>(row.Fields[1]);
+            if (type != "table" || FindTable(name) == nullptr) {
+                objects.push_back(type + " " + name);
             }
         }
         return objects;

@@ -25,10 +25,13 @@ class ForeignFile {
     ForeignFile(const std::filesystem::path& path, std::string_view name);
 
     /// Throws NotAModel for a file of a newer version of this program.
-    void RequireKnownFormat();
+    void RequireKnownFormat() const;
 
     /// Throws NotAModel unless tables and indices are whole.
-    void RequireWhole();
+    void RequireWhole() const;
+
+    /// Throws NotAModel unless the eight tables are as the program itself makes them.
+    void RequireModel() const;
 
     /// Throws NotAModel unless the table is a plain one and has every column, wherever they stand.
     void RequireTable(const TableSchema& table) const;
@@ -44,12 +47,12 @@ class ForeignFile {
 
   private:
     template <class Action>
-    decltype(auto) Guarded(Action action) const;
+    decltype(auto) Guarded(const Action& action) const;
     [[noreturn]] void Translate(const SQLite::Exception& error) const;
-    Value ReadValue(const SQLite::Column& column, const TableSchema& table, std::size_t field,
-                    std::int64_t row);
+    [[nodiscard]] sqlite3* Handle() const { return m_database.getHandle(); }
+    void RequireColumns(const TableSchema& table) const;
     void GiveTime();
-    void CountContent(std::size_t bytes);
+    void CountContent(const Value& value);
 
     std::filesystem::path m_path;
     std::string m_name;

@@ -1,6 +1,5 @@
 #include "model/InputDigest.h"
 
-#include <array>
 #include <bit>
 #include <string>
 #include <string_view>
@@ -11,9 +10,6 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::array<std::string_view, 5> kInputTables = {"Gen", "Tasks", "Resources", "Matrix",
-                                                          "Demand"};
-
 /// FNV-1a, 64 bits.
 class Digest {
   public:
@@ -23,8 +19,20 @@ class Digest {
         }
     }
     void Add(std::uint64_t number) {
-        for (int shift = 0; shift < 64; shift += 8) {
-            Add(static_cast<unsigned char>(number >> static_cast<unsigned>(shift)));
+        for (unsigned shift = 0; shift < 64; shift += 8) {
+            Add(static_cast<unsigned char>(number >> shift));
+        }
+    }
+    /// The alternative is part of the value: Null, 0 and "0" differ.
+    void Add(const Value& value) {
+        Add(std::uint64_t{value.index()});
+        if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+            Add(static_cast<std::uint64_t>(*whole));
+        } else if (const auto* real = std::get_if<double>(&value)) {
+            Add(std::bit_cast<std::uint64_t>(*real));
+        } else if (const auto* text = std::get_if<std::string>(&value)) {
+            Add(std::uint64_t{text->size()});
+            Add(std::string_view(*text));
         }
     }
     [[nodiscard]] std::uint64_t Result() const { return m_hash; }
@@ -38,30 +46,16 @@ class Digest {
     std::uint64_t m_hash = 0xCBF29CE484222325;
 };
 
-/// The alternative is part of the value: Null, 0 and "0" differ.
-void Add(Digest& digest, const Value& value) {
-    digest.Add(std::uint64_t{value.index()});
-    if (const auto* whole = std::get_if<std::int64_t>(&value)) {
-        digest.Add(static_cast<std::uint64_t>(*whole));
-    } else if (const auto* real = std::get_if<double>(&value)) {
-        digest.Add(std::bit_cast<std::uint64_t>(*real));
-    } else if (const auto* text = std::get_if<std::string>(&value)) {
-        digest.Add(std::uint64_t{text->size()});
-        digest.Add(std::string_view(*text));
-    }
-}
-
 }  // namespace
 
 std::uint64_t InputDigest(const Database& database) {
     Digest digest;
-    for (const std::string_view name : kInputTables) {
-        RecordSet rows = database.OpenRecordSet("SELECT * FROM " + std::string(name) + ";");
-        const int columns = static_cast<int>(FindTable(name)->Columns.size());
+    for (const std::string table : {"Gen", "Tasks", "Resources", "Matrix", "Demand"}) {
+        RecordSet rows = database.OpenRecordSet("SELECT * FROM " + table + ";");
         digest.Add(static_cast<std::uint64_t>(rows.RecordCount()));
         for (; !rows.Eof(); rows.MoveNext()) {
-            for (int column = 0; column < columns; ++column) {
-                Add(digest, rows.Field(column));
+            for (int column = 0; column < std::ssize(FindTable(table)->Columns); ++column) {
+                digest.Add(rows.Field(column));
             }
         }
     }

@@ -8,16 +8,14 @@
 
 #include "basic/Files.h"
 #include "model/Connection.h"
-#include "model/FileFormat.h"
+#include "model/ModelChecks.h"
 #include "model/SchemaScript.h"
-#include "model/SoundModel.h"
 
 namespace fs = std::filesystem;
 
 namespace quarnel02 {
 
 namespace {
-
 
 SQLite::Database OpenInMemory() {
     // Of a database behind this name the bytes can be had without another copy.
@@ -42,7 +40,7 @@ ModelImage::ModelImage() : m_database(OpenInMemory()) {
 }
 
 ModelImage::ModelImage(const fs::path& file, std::string_view name) : m_database(OpenInMemory()) {
-    try {
+    Translating(std::string(name), [&] {
         // Writing is for a journal that a killed program has left, which is played back first.
         SQLite::Database source(PathText(fs::absolute(file)), SQLite::OPEN_READWRITE,
                                 kBusyMilliseconds);
@@ -50,47 +48,25 @@ ModelImage::ModelImage(const fs::path& file, std::string_view name) : m_database
         source.execAndGet("SELECT COUNT(*) FROM sqlite_master");
         SQLite::Backup(m_database, source).executeStep();
         SkipJournal(m_database);
-    } catch (const SQLite::Exception& error) {
-        throw Connection::Translated(error, std::string(name));
-    }
+    });
 }
 
-void ModelImage::Refill(const std::function<void()>& add) {
+void ModelImage::Fill(const TableSchema& table,
+                      const std::function<void(const AddRow& add)>& rows) {
     m_database.exec("BEGIN");
-    for (const TableSchema& table : ModelSchema()) {
-        m_database.exec("DELETE FROM " + std::string(table.Name));
-    }
-    add();
+    m_database.exec("DELETE FROM " + std::string(table.Name));
+    SQLite::Statement insert(m_database, InsertText(table.Name, NamesOf(table)));
+    rows([&](const std::vector<Value>& row) { Execute(insert, row); });
     m_database.exec("COMMIT");
 }
 
-ModelImage::Appender::Appender(ModelImage& image, const TableSchema& table)
-    : m_insert(image.m_database, [&] {
-          std::string places;
-          for (std::size_t i = 0; i < table.Columns.size(); ++i) {
-              places += i == 0 ? "?" : ", ?";
-          }
-          return "INSERT INTO " + std::string(table.Name) + " VALUES (" + places + ")";
-      }()) {}
-
-void ModelImage::Appender::Append(const std::vector<Value>& row) {
-    m_insert.reset();
-    BindValues(m_insert, row);
-    m_insert.exec();
-}
-
-void ModelImage::Require(std::string_view name) {
-    try {
-        RequireSound(m_database, name);
-        RequireModelTables(m_database, name);
-    } catch (const SQLite::Exception& error) {
-        throw Connection::Translated(error, std::string(name));
-    }
-}
-
-std::string_view ModelImage::Content() {
-    m_database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
-    m_database.exec("PRAGMA user_version = " + std::to_string(kFormatVersion));
+std::string_view ModelImage::Content(const std::string& name) {
+    Translating(name, [&] {
+        RequireSound(m_database.getHandle(), name);
+        RequireModelTables(m_database.getHandle(), name);
+        m_database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
+        m_database.exec("PRAGMA user_version = " + std::to_string(kFormatVersion));
+    });
     sqlite3_int64 size = 0;
     const unsigned char* bytes =
         sqlite3_serialize(m_database.getHandle(), "main", &size, SQLITE_SERIALIZE_NOCOPY);

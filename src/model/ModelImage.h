@@ -22,24 +22,13 @@ class ModelImage {
     /// Throws RunTimeError in the name of `name`.
     ModelImage(const std::filesystem::path& file, std::string_view name);
 
-    /// Replaces all rows by those that `add` appends.
-    void Refill(const std::function<void()>& add);
+    /// Replaces the table's rows by those that `rows` hands to the function it is called with.
+    using AddRow = std::function<void(const std::vector<Value>& row)>;
+    void Fill(const TableSchema& table, const std::function<void(const AddRow& add)>& rows);
 
-    /// Adds one row of the table.
-    class Appender {
-      public:
-        Appender(ModelImage& image, const TableSchema& table);
-        void Append(const std::vector<Value>& row);
-
-      private:
-        SQLite::Statement m_insert;
-    };
-
-    /// Throws NotAModel in the name of `name` unless the image is a whole model.
-    void Require(std::string_view name);
-
-    /// The file, marked as a model of this program. Good until the image changes or goes.
-    std::string_view Content();
+    /// The file, marked as a model of this program. Good until the image changes or goes. Throws
+    /// NotAModel in the name of `name` unless the image is a whole model.
+    std::string_view Content(const std::string& name);
 
   private:
     SQLite::Database m_database;

@@ -3,8 +3,8 @@
 #include "basic/Files.h"
 #include "model/Connection.h"
 #include "model/ForeignFile.h"
+#include "model/ModelChecks.h"
 #include "model/ModelImage.h"
-#include "model/SoundModel.h"
 
 namespace fs = std::filesystem;
 
@@ -12,7 +12,7 @@ namespace quarnel02 {
 
 namespace {
 
-void RequireReadable(ForeignFile& file) {
+void RequireReadable(const ForeignFile& file) {
     file.RequireKnownFormat();
     file.RequireWhole();
     for (const TableSchema& table : ModelSchema()) {
@@ -22,28 +22,25 @@ void RequireReadable(ForeignFile& file) {
 
 void CopyRows(ForeignFile& file, ModelImage& image, std::string_view name) {
     for (const TableSchema& table : ModelSchema()) {
-        ModelImage::Appender rows(image, table);
-        const auto count =
-            file.ReadRows(table, [&](const std::vector<Value>& values) { rows.Append(values); });
-        if (table.Name == "Gen") {
-            RequireGenRow(count, name);
-        }
+        image.Fill(table, [&](const ModelImage::AddRow& add) {
+            const auto count = file.ReadRows(table, add);
+            if (table.Name == "Gen") {
+                RequireGenRow(count, name);
+            }
+        });
     }
 }
 
 }  // namespace
 
 void ReadModel(const fs::path& source, const fs::path& workingCopy, std::string_view name) {
-    try {
+    Translating(PathText(workingCopy), [&] {
         ForeignFile file(source, name);
         RequireReadable(file);
         ModelImage image;
-        image.Refill([&] { CopyRows(file, image, name); });
-        image.Require(name);
-        WritePrivate(workingCopy, image.Content());
-    } catch (const SQLite::Exception& error) {
-        throw Connection::Translated(error, PathText(workingCopy));
-    }
+        CopyRows(file, image, name);
+        WritePrivate(workingCopy, image.Content(std::string(name)));
+    });
 }
 
 }  // namespace quarnel02

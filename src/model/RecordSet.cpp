@@ -246,12 +246,9 @@ void RecordSet::WriteNew() {
     Connection& store = *m_session->Store;
     store.Change(InsertText(m_rows.Table, SetColumns()), SetValues());
     const std::string id = NumberText(store.LastInsertedId());
-    std::string fields;
-    for (const std::string& name : m_rows.Names) {
-        fields.append(fields.empty() ? "\"" : ",\"").append(name).append("\"");
-    }
+    const std::vector<std::string_view> names(m_rows.Names.begin(), m_rows.Names.end());
     Rows added =
-        store.Select("SELECT " + fields + " FROM " + m_rows.Table + " WHERE rowid = " + id);
+        store.Select("SELECT " + Joined(names) + " FROM " + m_rows.Table + " WHERE rowid = " + id);
     const bool was_at_end = Eof();
     m_lastModified = Size();
     m_rows.All.push_back(std::move(added.All.front()));

@@ -9,11 +9,24 @@
 #include <string_view>
 #include <vector>
 
-#include "model/Rows.h"
+#include "model/Value.h"
 
 namespace quarnel02 {
 
 struct Session;
+
+struct Row {
+    std::int64_t Id = 0;  ///< the row's identity in its table
+    std::vector<Value> Fields;
+    bool Deleted = false;
+};
+
+/// What a SELECT yields.
+struct Rows {
+    std::string Table;  ///< whose rows these are; empty where a row is not one row of one table
+    std::vector<std::string> Names;  ///< of the fields
+    std::vector<Row> All;
+};
 
 /// The rows that an SQL text selects, with a position among them.
 ///

@@ -3,8 +3,8 @@
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "model/Connection.h"
-#include "model/FileHead.h"
 #include "model/ForeignFile.h"
+#include "model/ModelChecks.h"
 #include "model/ModelImage.h"
 
 namespace fs = std::filesystem;
@@ -13,28 +13,21 @@ namespace quarnel02 {
 
 namespace {
 
-/// The working copy's content, checked.
-template <class Writer>
-void WriteChecked(const fs::path& workingCopy, const Writer& write) {
+/// A checked copy of the working copy.
+ModelImage ImageOf(const fs::path& workingCopy) {
     const std::string name = PathText(workingCopy);
     RequireOrdinaryFile(workingCopy, name);
-    try {
-        ModelImage image(workingCopy, name);
-        image.Require(name);
-        write(image.Content());
-    } catch (const SQLite::Exception& error) {
-        throw Connection::Translated(error, name);
-    }
+    return Translating(name, [&] { return ModelImage(workingCopy, name); });
 }
 
 }  // namespace
 
 void SaveModel(const fs::path& workingCopy, const fs::path& target) {
-    WriteChecked(workingCopy, [&](std::string_view content) { WriteWhole(target, content); });
+    WriteWhole(target, ImageOf(workingCopy).Content(PathText(workingCopy)));
 }
 
 void KeepModel(const fs::path& workingCopy, const fs::path& target) {
-    WriteChecked(workingCopy, [&](std::string_view content) { WritePrivate(target, content); });
+    WritePrivate(target, ImageOf(workingCopy).Content(PathText(workingCopy)));
 }
 
 std::vector<std::string> ForeignObjects(const fs::path& target) {

@@ -74,6 +74,14 @@ const std::vector<TableSchema>& ModelSchema() {
     return schema;
 }
 
+std::vector<std::string_view> NamesOf(const TableSchema& table) {
+    std::vector<std::string_view> names;
+    for (const ColumnSchema& column : table.Columns) {
+        names.push_back(column.Name);
+    }
+    return names;
+}
+
 const TableSchema* FindTable(std::string_view name) {
     const auto& schema = ModelSchema();
     const auto table = std::find_if(schema.begin(), schema.end(), [&](const TableSchema& each) {

@@ -17,6 +17,9 @@ struct TableSchema {
     std::vector<ColumnSchema> Columns;
 };
 
+/// Names of the table's columns, in file order.
+std::vector<std::string_view> NamesOf(const TableSchema& table);
+
 /// The eight tables of a model, columns in file order. Says the same as schema.sql, and which
 /// reals are singles, which SQL cannot say.
 const std::vector<TableSchema>& ModelSchema();

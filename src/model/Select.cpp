@@ -6,7 +6,12 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::string_view kSelect = "SELECT";
+/// Null for a text that SQLite does not take.
+ReadStatement TryPrepare(sqlite3* database, const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(database, sql.c_str(), -1, &statement, nullptr);
+    return {statement, sqlite3_finalize};
+}
 
 /// The table whose own columns, under their own names, are all that the statement yields.
 std::string OneTable(sqlite3_stmt* statement) {
@@ -26,16 +31,17 @@ std::string OneTable(sqlite3_stmt* statement) {
 /// The statement with the rows' identities in front of the fields. Null for joins and DISTINCT,
 /// with which SQLite refuses them, and for groups, with which it gives that of any of their rows.
 ReadStatement WithIds(sqlite3* database, std::string_view sql) {
+    constexpr std::string_view select = "SELECT";
     constexpr std::string_view blanks = "; \t\r\n";
-    const std::size_t fields = sql.find_first_not_of(blanks) + kSelect.size();
+    const std::size_t fields = sql.find_first_not_of(blanks) + select.size();
     const std::string text =
         "SELECT rowid," +
         std::string(sql.substr(fields, sql.find_last_not_of(blanks) + 1 - fields));
     if (sqlite3_strlike("%group by%", text.c_str(), 0) == 0) {
-        return Prepare(database, {});
+        return TryPrepare(database, {});
     }
-    auto statement = Prepare(database, text + " ORDER BY rowid");
-    return statement ? std::move(statement) : Prepare(database, text + ", rowid");
+    auto statement = TryPrepare(database, text + " ORDER BY rowid");
+    return statement ? std::move(statement) : TryPrepare(database, text + ", rowid");
 }
 
 void ReadAll(const ReadStatement& statement, int first_field, Rows& rows) {
@@ -56,9 +62,11 @@ void ReadAll(const ReadStatement& statement, int first_field, Rows& rows) {
 }  // namespace
 
 ReadStatement Prepare(sqlite3* database, const std::string& sql) {
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, sql.c_str(), -1, &statement, nullptr);
-    return {statement, sqlite3_finalize};
+    auto statement = TryPrepare(database, sql);
+    if (!statement) {
+        throw SQLite::Exception(database);
+    }
+    return statement;
 }
 
 bool Step(const ReadStatement& statement) {
@@ -87,13 +95,10 @@ Value FieldOf(const ReadStatement& statement, int column) {
 
 Rows Select(sqlite3* database, const std::string& sql) {
     const ReadStatement plain = Prepare(database, sql);
-    if (!plain) {
-        throw SQLite::Exception(database);
-    }
     Rows rows;
     rows.Table = OneTable(plain.get());
     const ReadStatement with_ids =
-        rows.Table.empty() ? Prepare(database, {}) : WithIds(database, sql);
+        rows.Table.empty() ? TryPrepare(database, {}) : WithIds(database, sql);
     if (with_ids) {
         ReadAll(with_ids, 1, rows);
     } else {
@@ -101,6 +106,10 @@ Rows Select(sqlite3* database, const std::string& sql) {
         ReadAll(plain, 0, rows);
     }
     return rows;
+}
+
+std::int64_t WholeNumber(sqlite3* database, const std::string& sql) {
+    return std::get<std::int64_t>(Select(database, sql).All.at(0).Fields.at(0));
 }
 
 }  // namespace quarnel02

@@ -8,13 +8,13 @@
 #include <string>
 #include <string_view>
 
-#include "model/Rows.h"
+#include "model/RecordSet.h"
 
 namespace quarnel02 {
 
 using ReadStatement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
 
-/// Null for a text that SQLite does not take.
+/// Throws SQLite::Exception.
 ReadStatement Prepare(sqlite3* database, const std::string& sql);
 
 /// False behind the last row. Throws SQLite::Exception.
@@ -27,5 +27,8 @@ Value FieldOf(const ReadStatement& statement, int column);
 /// the order in which they were added as far as the text asks for no other. Throws
 /// SQLite::Exception.
 Rows Select(sqlite3* database, const std::string& sql);
+
+/// The first field of the first row, a whole number.
+std::int64_t WholeNumber(sqlite3* database, const std::string& sql);
 
 }  // namespace quarnel02

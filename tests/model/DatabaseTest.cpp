@@ -262,7 +262,7 @@ TEST_F(LockedDatabase, HoldsNoLockBetweenCalls) {
 
 TEST(Translated, SaysThatTheDiskIsFull) {
     const RunTimeError error =
-        Connection::Translated(SQLite::Exception("full", SQLITE_FULL), "/a/line.mdb");
+        Translated(SQLite::Exception("full", SQLITE_FULL), "/a/line.mdb");
     EXPECT_EQ(error.Kind(), ErrorKind::FileAccess);
     EXPECT_EQ(std::string(error.what()),
               "The model database /a/line.mdb cannot be written. The disk is full: free some space "
@@ -270,7 +270,7 @@ TEST(Translated, SaysThatTheDiskIsFull) {
 }
 
 TEST(Translated, PassesOnThatMemoryIsShort) {
-    EXPECT_THROW((void)Connection::Translated(SQLite::Exception("memory", SQLITE_NOMEM), "x"),
+    EXPECT_THROW((void)Translated(SQLite::Exception("memory", SQLITE_NOMEM), "x"),
                  std::bad_alloc);
 }
 

@@ -1,10 +1,12 @@
-#include "model/FileHead.h"
+#include "model/ModelChecks.h"
 
 #include <array>
 #include <fstream>
 
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
+#include "model/Schema.h"
+#include "model/Select.h"
 
 namespace fs = std::filesystem;
 
@@ -21,6 +23,22 @@ std::string FileHead(const fs::path& path, std::string_view name) {
     }
     file.read(head.data(), head.size());
     return {head.data(), static_cast<std::size_t>(file.gcount())};
+}
+
+void RequireTable(sqlite3* database, const TableSchema& table, std::string_view name) {
+    const std::string table_name(table.Name);
+    const auto columns =
+        Select(database, "SELECT name FROM pragma_table_info('" + table_name + "')").All;
+    if (columns.empty()) {
+        RefuseFile(name, "has no table " + table_name + ".");
+    }
+    for (std::size_t i = 0; i < table.Columns.size(); ++i) {
+        if (i >= columns.size() ||
+            !SameName(std::get<std::string>(columns[i].Fields[0]), table.Columns[i].Name)) {
+            RefuseFile(name, "has no column " + std::string(table.Columns[i].Name) + " at place " +
+                                 std::to_string(i + 1) + " of table " + table_name + ".");
+        }
+    }
 }
 
 }  // namespace
@@ -65,6 +83,27 @@ void RequireDatabaseHead(const fs::path& path, std::string_view name) {
                    "(journal mode WAL).",
                    "Set its journal mode to DELETE, or choose another file.");
     }
+}
+
+void RequireSound(sqlite3* database, std::string_view name) {
+    const auto report = Select(database, "PRAGMA integrity_check(1)").All;
+    if (report.empty() || report[0].Fields[0] != Value("ok")) {
+        RefuseFile(name, "is damaged.");
+    }
+}
+
+void RequireGenRow(std::int64_t rows, std::string_view name) {
+    if (rows != 1) {
+        RefuseFile(name, "has " + std::to_string(rows) +
+                             " rows of production parameters in table Gen instead of one.");
+    }
+}
+
+void RequireModelTables(sqlite3* database, std::string_view name) {
+    for (const TableSchema& table : ModelSchema()) {
+        RequireTable(database, table, name);
+    }
+    RequireGenRow(WholeNumber(database, "SELECT COUNT(*) FROM Gen"), name);
 }
 
 }  // namespace quarnel02
