@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "basic/Immovable.h"
+
 namespace quarnel02 {
 
 /// A path as UTF-8 text, for messages and for the store.
@@ -42,15 +44,11 @@ void CopyWhole(const std::filesystem::path& source, const std::filesystem::path&
 void CopyPrivate(const std::filesystem::path& source, const std::filesystem::path& target);
 
 /// A new empty directory, removed with everything in it when the object goes.
-class TemporaryDirectory {
+class TemporaryDirectory : Immovable {
   public:
     /// Throws FileAccess when no directory can be made in the system's place for such files.
     TemporaryDirectory();
     ~TemporaryDirectory();
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-    TemporaryDirectory(TemporaryDirectory&&) = delete;
-    TemporaryDirectory& operator=(TemporaryDirectory&&) = delete;
 
     [[nodiscard]] const std::filesystem::path& Path() const { return m_path; }
 

@@ -11,6 +11,8 @@
 #include <random>
 #include <utility>
 
+#include "basic/ScopeGuard.h"
+
 namespace fs = std::filesystem;
 
 namespace quarnel02 {
@@ -72,19 +74,13 @@ bool IsLeft(const Descriptor& file) {
 
 Neighbour::Neighbour(fs::path target, std::string_view content, const Ownership& ownership)
     : m_target(std::move(target)), m_ownership(ownership) {
-    try {
-        if (!MakeNameless(content)) {
-            MakeNamed(content);
-        }
-    } catch (...) {
-        if (!m_name.empty()) {
-            ::unlink(m_name.c_str());
-        }
-        throw;
+    const FailureGuard remove([this] { Remove(); });
+    if (!MakeNameless(content)) {
+        MakeNamed(content);
     }
 }
 
-Neighbour::~Neighbour() {
+void Neighbour::Remove() {
     if (!m_name.empty()) {
         ::unlink(m_name.c_str());
     }

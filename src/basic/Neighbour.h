@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "basic/Descriptor.h"
+#include "basic/Immovable.h"
 
 namespace quarnel02 {
 
@@ -24,15 +25,11 @@ struct Ownership {
 /// has no name where the system has nameless files, so that nothing is left when the program is
 /// killed. It is locked, so that another program's RemoveLeftNeighbours spares it. Removed when the
 /// object goes, unless it has taken the target's place.
-class Neighbour {
+class Neighbour : Immovable {
   public:
     /// Throws FileNotFound or FileAccess in the name of `target`; nothing is left then.
     Neighbour(std::filesystem::path target, std::string_view content, const Ownership& ownership);
-    ~Neighbour();
-    Neighbour(const Neighbour&) = delete;
-    Neighbour& operator=(const Neighbour&) = delete;
-    Neighbour(Neighbour&&) = delete;
-    Neighbour& operator=(Neighbour&&) = delete;
+    ~Neighbour() { Remove(); }
 
     /// Whether it has the mode, owner and group that it was to have.
     [[nodiscard]] bool IsAsAsked() const;
@@ -43,6 +40,7 @@ class Neighbour {
     std::filesystem::path Keep();
 
   private:
+    void Remove();
     bool MakeNameless(std::string_view content);
     void MakeNamed(std::string_view content);
     void Fill(std::string_view content);

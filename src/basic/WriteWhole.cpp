@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "basic/Files.h"
+#include "basic/Immovable.h"
 #include "basic/Neighbour.h"
 #include "basic/RunTimeError.h"
 
@@ -80,7 +81,7 @@ void RequireUnprotected(const fs::path& real, const FileStatus& status, const fs
 
 /// The journals of a database, out of the way while its file is replaced: beside other content
 /// they would be played back into it. They come back unless Drop is called.
-class Journals {
+class Journals : Immovable {
   public:
     explicit Journals(const fs::path& database) : Journals() {
         for (const char* suffix : {"-journal", "-wal", "-shm"}) {
@@ -96,10 +97,6 @@ class Journals {
             ::rename(aside.c_str(), journal.c_str());
         }
     }
-    Journals(const Journals&) = delete;
-    Journals& operator=(const Journals&) = delete;
-    Journals(Journals&&) = delete;
-    Journals& operator=(Journals&&) = delete;
 
     void Drop() {
         for (const auto& each : m_aside) {

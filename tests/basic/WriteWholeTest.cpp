@@ -74,8 +74,10 @@ TEST_F(WriteWholeTest, RefusesAFileThatOnlyOthersMayWrite) {
 TEST_F(WriteWholeTest, KeepsTheModeBitsBeyondPermissions) {
     for (const unsigned bits : {02664U, 01644U, 06755U}) {
         SetPermissions(Target, bits);
+        const auto before = StatusOf(Target);
         WriteWhole(Target, "new");
         EXPECT_EQ(PermissionsOf(Target), bits);
+        EXPECT_NE(StatusOf(Target).st_ino, before.st_ino) << "written in place for want of a bit";
     }
     EXPECT_EQ(ReadFile(Target), "new");
 }
