@@ -1,7 +1,10 @@
 #include "picture/SvgWriter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <pugixml.hpp>
+#include <sstream>
 
 #include "basic/Numbers.h"
 #include "picture/Icons.h"
@@ -16,12 +19,9 @@ std::string Coordinate(double twips) {
     return NumberText(std::round(twips * 100) / 100);
 }
 
-std::string Attribute(const char* name, const std::string& value) {
-    return std::string(" ") + name + "=\"" + value + "\"";
-}
-
-std::string Attribute(const char* name, double twips) {
-    return Attribute(name, Coordinate(twips));
+/// A measure in the unit square of an icon.
+std::string UnitMeasure(double value) {
+    return NumberText(std::round(value * 1e6) / 1e6);
 }
 
 std::string ColourText(Colour colour) {
@@ -29,129 +29,159 @@ std::string ColourText(Colour colour) {
            NumberText(int{colour.Blue}) + ")";
 }
 
-std::string Stroke(Colour colour, int pixels) {
-    return Attribute("stroke", ColourText(colour)) +
-           Attribute("stroke-width", pixels * kTwipsPerPixel);
+/// Control characters, which no XML holds, become blanks.
+std::string Printable(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    return text;
 }
 
-std::string Escaped(const std::string& text) {
-    std::string safe;
-    for (const char c : text) {
-        switch (c) {
-            case '&':
-                safe += "&amp;";
-                break;
-            case '<':
-                safe += "&lt;";
-                break;
-            case '>':
-                safe += "&gt;";
-                break;
-            default:
-                safe += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
-        }
+/// A new last child of another element; attributes stand in the order in which they are set.
+class Element {
+  public:
+    Element(pugi::xml_node parent, const char* name) : m_node(parent.append_child(name)) {}
+
+    Element& Set(const char* attribute, const std::string& value) {
+        m_node.append_attribute(attribute).set_value(value.c_str());
+        return *this;
     }
-    return safe;
+    Element& Set(const char* attribute, double twips) { return Set(attribute, Coordinate(twips)); }
+    Element& Stroke(Colour colour, int pixels) {
+        return Set("stroke", ColourText(colour)).Set("stroke-width", pixels * kTwipsPerPixel);
+    }
+    Element& Fill(const CircleFigure& circle) {
+        return Set("fill", circle.Filled ? ColourText(circle.Pen) : "none");
+    }
+    void Text(const std::string& text) { m_node.text().set(text.c_str()); }
+    [[nodiscard]] pugi::xml_node Node() const { return m_node; }
+
+  private:
+    pugi::xml_node m_node;
+};
+
+void Append(pugi::xml_node svg, const LineFigure& line) {
+    Element(svg, "line")
+        .Set("x1", line.X1)
+        .Set("y1", line.Y1)
+        .Set("x2", line.X2)
+        .Set("y2", line.Y2)
+        .Stroke(line.Pen, line.Width);
 }
 
-std::string Element(const LineFigure& line) {
-    return "<line" + Attribute("x1", line.X1) + Attribute("y1", line.Y1) +
-           Attribute("x2", line.X2) + Attribute("y2", line.Y2) + Stroke(line.Pen, line.Width) +
-           "/>\n";
+void AppendFullEllipse(pugi::xml_node svg, const CircleFigure& circle) {
+    Element(svg, "ellipse")
+        .Set("cx", circle.X)
+        .Set("cy", circle.Y)
+        .Set("rx", circle.Radius)
+        .Set("ry", circle.Radius * circle.Aspect)
+        .Fill(circle)
+        .Stroke(circle.Pen, circle.Width);
 }
 
-std::string FullEllipse(const CircleFigure& circle) {
-    return "<ellipse" + Attribute("cx", circle.X) + Attribute("cy", circle.Y) +
-           Attribute("rx", circle.Radius) + Attribute("ry", circle.Radius * circle.Aspect) +
-           Attribute("fill", circle.Filled ? ColourText(circle.Pen) : "none") +
-           Stroke(circle.Pen, circle.Width) + "/>\n";
-}
-
-std::string Element(const CircleFigure& circle) {
+void Append(pugi::xml_node svg, const CircleFigure& circle) {
     const double sweep = circle.End - circle.Start;
     if (sweep >= 2 * std::numbers::pi - 1e-3) {
-        return FullEllipse(circle);
+        AppendFullEllipse(svg, circle);
+        return;
     }
     const double height = circle.Radius * circle.Aspect;
     const auto point = [&](double angle) {
         return Coordinate(circle.X + circle.Radius * std::cos(angle)) + " " +
                Coordinate(circle.Y - height * std::sin(angle));
     };
-    const std::string path = "M " + point(circle.Start) + " A " + Coordinate(circle.Radius) + " " +
-                             Coordinate(height) + " 0 " + (sweep > std::numbers::pi ? "1" : "0") +
-                             " 0 " + point(circle.End);
-    return "<path" + Attribute("d", path) +
-           Attribute("fill", circle.Filled ? ColourText(circle.Pen) : "none") +
-           Stroke(circle.Pen, circle.Width) + "/>\n";
+    Element(svg, "path")
+        .Set("d", "M " + point(circle.Start) + " A " + Coordinate(circle.Radius) + " " +
+                      Coordinate(height) + " 0 " + (sweep > std::numbers::pi ? "1" : "0") + " 0 " +
+                      point(circle.End))
+        .Fill(circle)
+        .Stroke(circle.Pen, circle.Width);
 }
 
-std::string Element(const TextFigure& text) {
+void Append(pugi::xml_node svg, const TextFigure& text) {
     constexpr double ascent = 0.95;
     const double size = text.Face.Points * kTwipsPerPoint;
     const bool fixed = text.Face.Family == FontFamily::FixedPitch;
-    std::string element = "<text xml:space=\"preserve\"" + Attribute("x", text.X) +
-                          Attribute("y", text.Y + size * ascent) + Attribute("font-size", size) +
-                          Attribute("class", fixed ? "fixed" : "label") +
-                          Attribute("fill", ColourText(text.Pen));
+    Element element(svg, "text");
+    element.Set("xml:space", "preserve")
+        .Set("x", text.X)
+        .Set("y", text.Y + size * ascent)
+        .Set("font-size", size)
+        .Set("class", fixed ? "fixed" : "label")
+        .Set("fill", ColourText(text.Pen));
     if (fixed) {
-        element += Attribute("textLength", TextWidth(text.Text, text.Face));
+        element.Set("textLength", TextWidth(text.Text, text.Face));
     }
-    return element + ">" + Escaped(text.Text) + "</text>\n";
+    element.Text(Printable(text.Text));
 }
 
-/// A measure in the unit square of an icon.
-std::string UnitMeasure(double value) {
-    return NumberText(std::round(value * 1e6) / 1e6);
-}
-
-std::string ShapeElement(const IconShape& shape) {
-    const std::string fill = Attribute("fill", ColourText(shape.Fill));
+void AppendShape(pugi::xml_node icon, const IconShape& shape) {
     if (shape.Radius > 0) {
-        return "<circle" + Attribute("cx", UnitMeasure(shape.Points[0].X)) +
-               Attribute("cy", UnitMeasure(shape.Points[0].Y)) +
-               Attribute("r", UnitMeasure(shape.Radius)) + fill + "/>";
+        Element(icon, "circle")
+            .Set("cx", UnitMeasure(shape.Points[0].X))
+            .Set("cy", UnitMeasure(shape.Points[0].Y))
+            .Set("r", UnitMeasure(shape.Radius))
+            .Set("fill", ColourText(shape.Fill));
+        return;
     }
     std::string points;
     for (const IconPoint& point : shape.Points) {
         points += (points.empty() ? "" : " ") + UnitMeasure(point.X) + "," + UnitMeasure(point.Y);
     }
-    return "<polygon" + Attribute("points", points) + fill + "/>";
+    Element(icon, "polygon").Set("points", points).Set("fill", ColourText(shape.Fill));
 }
 
-std::string Element(const IconFigure& icon) {
-    std::string element =
-        "<g" +
-        Attribute("transform", "translate(" + Coordinate(icon.X) + " " + Coordinate(icon.Y) +
-                                   ") scale(" + Coordinate(icon.Size) + ")") +
-        ">";
+void Append(pugi::xml_node svg, const IconFigure& icon) {
+    Element group(svg, "g");
+    group.Set("transform", "translate(" + Coordinate(icon.X) + " " + Coordinate(icon.Y) +
+                               ") scale(" + Coordinate(icon.Size) + ")");
     for (const IconShape& shape : IconShapes(icon.Type)) {
-        element += ShapeElement(shape);
+        AppendShape(group.Node(), shape);
     }
-    return element + "</g>\n";
+}
+
+void EndLine(pugi::xml_node svg) {
+    svg.append_child(pugi::node_pcdata).set_value("\n");
+}
+
+/// The root, with style and paper, one line each.
+pugi::xml_node AppendPaper(pugi::xml_node document, const Extent& extent) {
+    const double width = extent.Right - extent.Left;
+    const double height = extent.Bottom - extent.Top;
+    Element root(document, "svg");
+    root.Set("xmlns", "http://www.w3.org/2000/svg")
+        .Set("width", width / kTwipsPerPixel)
+        .Set("height", height / kTwipsPerPixel)
+        .Set("viewBox", Coordinate(extent.Left) + " " + Coordinate(extent.Top) + " " +
+                            Coordinate(width) + " " + Coordinate(height));
+    EndLine(root.Node());
+    Element(root.Node(), "style")
+        .Text(
+            "text{white-space:pre}"
+            ".fixed{font-family:'Liberation Mono','DejaVu Sans Mono',monospace}"
+            ".label{font-family:'Liberation Sans','DejaVu Sans',Arial,sans-serif}");
+    EndLine(root.Node());
+    Element(root.Node(), "rect")
+        .Set("x", extent.Left)
+        .Set("y", extent.Top)
+        .Set("width", width)
+        .Set("height", height)
+        .Set("fill", "white");
+    EndLine(root.Node());
+    return root.Node();
 }
 
 }  // namespace
 
 std::string ToSvg(const Picture& picture) {
-    const Extent extent = picture.Bounds();
-    const double width = extent.Right - extent.Left;
-    const double height = extent.Bottom - extent.Top;
-    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\"" +
-                      Attribute("width", width / kTwipsPerPixel) +
-                      Attribute("height", height / kTwipsPerPixel) +
-                      Attribute("viewBox", Coordinate(extent.Left) + " " + Coordinate(extent.Top) +
-                                               " " + Coordinate(width) + " " + Coordinate(height)) +
-                      ">\n<style>text{white-space:pre}"
-                      ".fixed{font-family:'Liberation Mono','DejaVu Sans Mono',monospace}"
-                      ".label{font-family:'Liberation Sans','DejaVu Sans',Arial,sans-serif}"
-                      "</style>\n";
-    svg += "<rect" + Attribute("x", extent.Left) + Attribute("y", extent.Top) +
-           Attribute("width", width) + Attribute("height", height) + Attribute("fill", "white") +
-           "/>\n";
+    pugi::xml_document document;
+    const pugi::xml_node svg = AppendPaper(document, picture.Bounds());
     for (const PictureFigure& figure : picture.Figures()) {
-        svg += std::visit([](const auto& each) { return Element(each); }, figure);
+        std::visit([&](const auto& each) { Append(svg, each); }, figure);
+        EndLine(svg);
     }
-    return svg + "</svg>\n";
+    std::ostringstream text;
+    document.save(text, "", pugi::format_raw | pugi::format_no_declaration);
+    return text.str() + "\n";
 }
 
 }  // namespace quarnel02
