@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include <QProcess>
 #include <QSysInfo>
 #include <string>
 
@@ -22,18 +22,18 @@ struct Locking : ::testing::Test {
     TemporaryDirectory Place;
 };
 
-std::string LockOf(long pid, const std::string& program, const std::string& host) {
+std::string LockOf(qint64 pid, const std::string& program, const std::string& host) {
     return std::to_string(pid) + "\n" + program + "\n" + host + "\n";
 }
 
 /// The id of a process that is gone.
-long DeadProcess() {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::_exit(0);
-    }
-    ::waitpid(child, nullptr, 0);
-    return child;
+qint64 DeadProcess() {
+    QProcess program;
+    program.start(QStringLiteral("true"), QStringList());
+    EXPECT_TRUE(program.waitForStarted());
+    const qint64 id = program.processId();
+    EXPECT_TRUE(program.waitForFinished());
+    return id;
 }
 
 TEST_F(Locking, IsRefusedWhileALivingProgramHoldsIt) {

@@ -1,11 +1,10 @@
 // The batch program when a signal ends it during a solve.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -30,34 +29,21 @@ class Interruption : public testing::Test {
             Model, ReadFile(QUARNEL02_SCHEMA_FILE) + GeneratedModelScript(40, 20, 1) +
                        "DELETE FROM Demand; INSERT INTO Demand VALUES (50000, 50), (90000, 50);");
     }
-    void TearDown() override {
-        if (m_child > 0) {
-            ::kill(m_child, SIGKILL);
-            ::waitpid(m_child, nullptr, 0);
-        }
-    }
 
     /// Starts the solve of a model that takes long, and returns once it works.
-    void Start(bool ignoringHangUp = false) {
-        m_child = ::fork();
-        if (m_child == 0) {
-            if (ignoringHangUp) {
-                std::signal(SIGHUP, SIG_IGN);
-            }
-            std::vector<std::string> words = {std::string(QUARNEL02_PROGRAMS) + "/quarnel02-solve",
-                                              PathText(Model), "--stochastic"};
-            std::vector<char*> arguments;
-            for (std::string& word : words) {
-                arguments.push_back(word.data());
-            }
-            arguments.push_back(nullptr);
-            test::BecomeProgram(arguments, {{"TMPDIR", PathText(Temporary)}}, Folder.Path() / "out",
-                                Folder.Path() / "err");
-        }
+    void Start() {
+        Solve.emplace(std::vector<std::string>{std::string(QUARNEL02_PROGRAMS) + "/quarnel02-solve",
+                                               PathText(Model), "--stochastic"},
+                      test::Environment{{"TMPDIR", PathText(Temporary)}});
         for (int wait = 0; wait < 4000 && !HasRunFiles(); ++wait) {
             std::this_thread::sleep_for(Milliseconds(5));
         }
         ASSERT_TRUE(HasRunFiles());
+    }
+    void StartIgnoringHangUp() {
+        const auto before = std::signal(SIGHUP, SIG_IGN);
+        Start();
+        std::signal(SIGHUP, before);
     }
     [[nodiscard]] bool HasRunFiles() const {
         std::error_code ignored;
@@ -68,21 +54,10 @@ class Interruption : public testing::Test {
         }
         return false;
     }
-    void Send(int signal) const { ::kill(m_child, signal); }
-    [[nodiscard]] bool IsRunning() const { return ::waitpid(m_child, nullptr, WNOHANG) == 0; }
-    int StatusAtEnd() {
-        int status = 0;
-        ::waitpid(m_child, &status, 0);
-        m_child = 0;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
     TemporaryDirectory Folder;
     fs::path Temporary = Folder.Path() / "tmp";
     fs::path Model = Folder.Path() / "line.mdb";
-
-  private:
-    pid_t m_child = 0;
+    std::optional<test::ProgramRun> Solve;
 };
 
 TEST_F(Interruption, RemovesTheTemporaryDirectory) {
@@ -90,22 +65,23 @@ TEST_F(Interruption, RemovesTheTemporaryDirectory) {
         SCOPED_TRACE(signal);
         Start();
         EXPECT_FALSE(fs::is_empty(Temporary));
-        Send(signal);
-        EXPECT_EQ(StatusAtEnd(), 128 + signal);
+        Solve->Send(signal);
+        const test::ProgramResult result = Solve->Result();
+        EXPECT_EQ(result.Status, 128 + signal);
         EXPECT_TRUE(fs::is_empty(Temporary));
-        EXPECT_EQ(ReadFile(Folder.Path() / "out"), "");
-        EXPECT_EQ(ReadFile(Folder.Path() / "err"), "");
+        EXPECT_EQ(result.Out, "");
+        EXPECT_EQ(result.Err, "");
     }
 }
 
 TEST_F(Interruption, IsIgnoredWhereTheProgramWasToldTo) {
-    Start(true);
-    Send(SIGHUP);
+    StartIgnoringHangUp();
+    Solve->Send(SIGHUP);
     std::this_thread::sleep_for(Milliseconds(200));
-    EXPECT_TRUE(IsRunning());
+    EXPECT_TRUE(Solve->IsRunning());
     EXPECT_FALSE(fs::is_empty(Temporary));
-    Send(SIGTERM);
-    EXPECT_EQ(StatusAtEnd(), 128 + SIGTERM);
+    Solve->Send(SIGTERM);
+    EXPECT_EQ(Solve->Result().Status, 128 + SIGTERM);
     EXPECT_TRUE(fs::is_empty(Temporary));
 }
 
