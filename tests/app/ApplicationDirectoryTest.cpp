@@ -7,6 +7,7 @@
 #include "model/InputDigest.h"
 #include "model/ModelFile.h"
 #include "support/RunTimeErrors.h"
+#include "support/Surroundings.h"
 
 namespace quarnel02 {
 namespace {
@@ -37,6 +38,23 @@ TEST_F(ChosenDirectory, IsElseTheUsersOwnWithTheInstalledTemplate) {
     PutTemplate(Root.Path() / "share" / "quarnel02");
     EXPECT_EQ(PrepareApplicationDirectory(Program, Data), Data);
     EXPECT_EQ(ReadFile(Data / "blank.seq"), "template");
+}
+
+TEST_F(ChosenDirectory, IsElseTheUsersOwnWhereThatOfTheProgramIsWriteProtected) {
+    PutTemplate(Program);
+    fs::create_directories(Data);
+    test::SetPermissions(Root.Path(), 0755);
+    test::SetPermissions(Data, 0777);
+    test::SetPermissions(Program, 0555);
+    {
+        const test::OrdinaryUser user;
+        EXPECT_EQ(PrepareApplicationDirectory(Program, Data), Data);
+        EXPECT_EQ(ReadFile(Data / "blank.seq"), "template");
+    }
+    test::SetPermissions(Program, 0755);
+    fs::remove(Data / "blank.seq");
+    EXPECT_EQ(PrepareApplicationDirectory(Program, Data), Program);
+    EXPECT_FALSE(fs::exists(Data / "blank.seq"));
 }
 
 TEST_F(ChosenDirectory, KeepsATemplateThatIsThere) {

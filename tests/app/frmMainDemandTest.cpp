@@ -109,6 +109,20 @@ TEST_F(frmMainDemand, AClickOnTheSelectedLineShowsItsRowAgain) {
     EXPECT_EQ(Text("txtVolume"), "3,000");
 }
 
+TEST_F(frmMainDemand, ATextOfAProcedureStandsInItsOwnBoxAndShowsItsBeginning) {
+    Start();
+    const char* const names[] = {"txtResources", "txtTasks",     "txtDays",    "txtACF",
+                                 "txtLaborCost", "txtTransTime", "txtPenalty", "txtProduct",
+                                 "txtVolume",    "txtProb"};
+    for (std::size_t box = 0; box < kTextBoxes; ++box) {
+        Window->SetText(static_cast<TextBox>(box), std::string("of ") + names[box]);
+    }
+    for (const char* name : names) {
+        EXPECT_EQ(Text(name), std::string("of ") + name);
+        EXPECT_EQ(Box(name).cursorPosition(), 0) << name;
+    }
+}
+
 TEST_F(frmMainDemand, TheArrowKeysShowRowsToo) {
     Start(kTwoRows);
     ClickLine(0);
@@ -143,6 +157,16 @@ TEST_F(frmMainDemand, DeleteRemovesTheRowInTheBoxes) {
     EXPECT_THAT(DemandRows(), ElementsAre("12500|25"));
     EXPECT_THAT(DemandLines(), ElementsAre("12,500:  25%"));
     EXPECT_EQ(Sum().text().toStdString(), "25% (75% missing)");
+}
+
+TEST_F(frmMainDemand, TheSelectionGoesWithALineThatIsTakenAway) {
+    Start(kTwoRows);
+    ClickLine(0);
+    EXPECT_EQ(Window->SelectedDemand(), 0);
+    Window->RemoveDemandLine(0);
+    EXPECT_THAT(DemandLines(), ElementsAre("12,500:  25%"));
+    EXPECT_EQ(Window->SelectedDemand(), -1);
+    EXPECT_EQ(Text("txtVolume"), "3,000");
 }
 
 TEST_F(frmMainDemand, DeletingTheLastRowEmptiesTheListButKeepsTheSum) {

@@ -77,5 +77,19 @@ TEST(HeadlessForm, ListsAndSelectsDemand) {
     EXPECT_EQ(demand.Form.SelectedDemand(), -1);
 }
 
+TEST(HeadlessForm, TheSelectionStaysOnItsLineWhenAnotherOneGoes) {
+    DemandForm demand("(500, 40), (400, 30), (300, 30)");
+    ListDemand(demand.Form);
+    const std::string line = demand.Form.DemandLine(1);
+    demand.Form.SelectDemand(1);
+    demand.Form.RemoveDemandLine(2);
+    EXPECT_EQ(demand.Form.SelectedDemand(), 1);
+    demand.Form.RemoveDemandLine(0);
+    EXPECT_EQ(demand.Form.SelectedDemand(), 0);
+    EXPECT_EQ(demand.Form.DemandLine(0), line);
+    demand.Form.RemoveDemandLine(0);
+    EXPECT_EQ(demand.Form.SelectedDemand(), -1);
+}
+
 }  // namespace
 }  // namespace quarnel02

@@ -38,12 +38,12 @@ class OrdinaryUser {
   public:
     OrdinaryUser() {
         if (m_wasRoot) {
-            m_done = ::seteuid(kNobody) == 0;
+            m_done = ::setresuid(kNobody, kNobody, 0) == 0;
         }
     }
     ~OrdinaryUser() {
         if (m_wasRoot && m_done) {
-            m_done = ::seteuid(0) != 0;
+            m_done = ::setresuid(0, 0, 0) != 0;
         }
     }
     OrdinaryUser(const OrdinaryUser&) = delete;

@@ -160,6 +160,14 @@ TEST_F(PictureBoxPixels, TrueSizeClaimsAllThatIsDrawn) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return box->size() == QSize(400, 100); }));
 }
 
+TEST_F(PictureBoxPixels, TrueSizeHasAWholePixelForTheLastHalfOne) {
+    Picture paper(3007.5, 1507.5);  // 200.5 x 100.5 pixels
+    Box.SetPicture(paper);
+    Box.SetSizing(PictureBox::Sizing::TrueSize);
+    EXPECT_EQ(Box.sizeHint(), QSize(201, 101));
+    EXPECT_EQ(Box.minimumSize(), QSize(201, 101));
+}
+
 TEST_F(PictureBoxPixels, FitWidthKeepsTheProportions) {
     QScrollArea area;
     auto* box = new PictureBox;
@@ -226,6 +234,25 @@ TEST_F(PictureBoxPixels, ASlowPictureIsStretchedWhileResizingAndSharpOnceItSettl
     const QImage sharp = fresh.grab().toImage();
     EXPECT_NE(stretched, sharp);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(Box) == sharp; }));
+}
+
+TEST_F(PictureBoxPixels, AQuickPictureIsSharpWhileResizing) {
+    Paper.Line(0, 0, 3000, 1500, kRed);
+    Show(PictureBox::Sizing::FitBox);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Box));
+    Box.resize(400, 200);
+    PictureBox fresh;
+    fresh.SetPicture(Paper);
+    fresh.resize(400, 200);
+    EXPECT_EQ(Image(), fresh.grab().toImage());
+}
+
+TEST_F(PictureBoxPixels, ABoxThatOnlyBecomesHigherHasWhitePaperThere) {
+    Show(PictureBox::Sizing::FitBox);
+    Paper.Line(0, 0, 3000, 1490, kRed);
+    EXPECT_GT(Inked(Box.rect()), 0);
+    Box.resize(200, 180);
+    EXPECT_EQ(Inked({0, 101, 200, 79}), 0);
 }
 
 TEST_F(PictureBoxPixels, WhatIsShownAtTheEndIsTheWholePicture) {
