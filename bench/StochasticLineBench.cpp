@@ -6,7 +6,7 @@
 #include "GeneratedLine.h"
 #include "line/StochasticDesign.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 constexpr std::uint32_t kSeed = 1;
@@ -44,4 +44,4 @@ BENCHMARK(StochasticDesign)
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

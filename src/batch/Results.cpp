@@ -1,6 +1,5 @@
 #include "batch/Results.h"
 
-#include <regex>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -81,19 +80,19 @@ void SpareModelFromReports(const SolveRequest& request) {
     }
 }
 
-void SpareModelFromRunFiles(const SolveRequest& request) {
-    static const std::regex run_file(
-        R"((Temp|Final|IT)[0-9]+|EProd|EShift|F[0-9]+T[0-9]+\.R[0-9]+)",
-        std::regex::ECMAScript | std::regex::icase);
+/// Run files of another solve, or anything else, would pass for some of this one's.
+void RequireEmptyForRunFiles(const SolveRequest& request) {
     if (!request.KeepRunFiles) {
         return;
     }
-    RequireDirectoryOrNothing(kKeep, *request.KeepRunFiles);
-    std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator(*request.KeepRunFiles, ignored)) {
-        if (std::regex_match(PathText(entry.path().filename()), run_file)) {
-            RequireOther(kKeep, entry.path(), request);
-        }
+    const fs::path& directory = *request.KeepRunFiles;
+    RequireDirectoryOrNothing(kKeep, directory);
+    std::error_code error;
+    if (KindOfFile(directory) == FileKind::Directory && !fs::is_empty(directory, error)) {
+        throw RunTimeError(ErrorKind::FileAccess, std::string(kKeep) + " " + PathText(directory) +
+                                                      (error ? " cannot be read: " + error.message()
+                                                             : std::string(" is not empty")) +
+                                                      ". Name an empty directory, or a new one.");
     }
 }
 
@@ -133,17 +132,13 @@ void WriteResults(const BatchForm& form, const SolveRequest& request, const std:
 void RequireModelSpared(const SolveRequest& request) {
     SpareModelFromSaving(request);
     SpareModelFromReports(request);
-    SpareModelFromRunFiles(request);
+    RequireEmptyForRunFiles(request);
 }
 
-std::function<void(const fs::path&)> RunFileKeeper(const SolveRequest& request) {
-    if (!request.KeepRunFiles) {
-        return {};
+void MakeRunFileDirectory(const SolveRequest& request) {
+    if (request.KeepRunFiles) {
+        MakeDirectory(kKeep, *request.KeepRunFiles);
     }
-    MakeDirectory(kKeep, *request.KeepRunFiles);
-    return [&request](const fs::path& file) {
-        WriteFile(*request.KeepRunFiles / file.filename(), ReadFile(file));
-    };
 }
 
 SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std::string& report) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <filesystem>
-#include <functional>
 #include <string>
 
 #include "batch/BatchForm.h"
@@ -9,13 +7,13 @@
 
 namespace quarnel02 {
 
-/// Refuses options by which the solve would write over its own model, or over a link to it, and
-/// directories that cannot be any. Throws FileAccess naming the option; nothing is touched.
+/// Refuses options by which the solve would write over its own model, or over a link to it,
+/// directories that cannot be any, and one for run files that is not empty. Throws FileAccess
+/// naming the option; nothing is touched.
 void RequireModelSpared(const SolveRequest& request);
 
-/// Keeps copies of run files in the directory that was asked for, which is made; nothing without
-/// one.
-std::function<void(const std::filesystem::path&)> RunFileKeeper(const SolveRequest& request);
+/// Makes the directory in which run files are to be kept, if that was asked for. Throws FileAccess.
+void MakeRunFileDirectory(const SolveRequest& request);
 
 /// What a solve has come to, from its messages and the report file `report` in the application
 /// directory: a report with messages is one of a line that is not whole. Leaves report and pictures

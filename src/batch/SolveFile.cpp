@@ -71,15 +71,9 @@ Printed SolveFixedDemand(BatchForm& form, const SolveRequest& request) {
 }
 
 Printed SolveStochastic(BatchForm& form, const SolveRequest& request) {
-    Printed printed{"", kProductionReport};
-    const RunListener listener{RunFileKeeper(request),
-                               [&](const std::string& summary) { printed.Text = summary + "\n"; }};
-    try {
-        cmdStoch_Click(form, listener);
-    } catch (const ProgramEnded&) {
-        // What the system said before it ended the program is in the form's messages.
-    }
-    return printed;
+    MakeRunFileDirectory(request);
+    const StochasticOutcome outcome = cmdStoch_Click(form, request.KeepRunFiles);
+    return {outcome.Summary + "\n", kProductionReport};
 }
 
 }  // namespace

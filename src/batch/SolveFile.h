@@ -18,7 +18,7 @@ struct SolveRequest {
     BatchAnswers Answers;
     std::optional<std::filesystem::path> OutDirectory;  ///< where the report is left too
     bool Pictures = false;                              ///< leave the pictures there as well
-    std::optional<std::filesystem::path> KeepRunFiles;  ///< where run files are copied
+    std::optional<std::filesystem::path> KeepRunFiles;  ///< where run files are kept
     std::optional<std::filesystem::path> SaveAs;        ///< where the solved model is written
 };
 

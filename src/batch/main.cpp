@@ -63,7 +63,7 @@ void Describe(CLI::App& app, Options& options) {
         ->type_name("K")
         ->needs(shifts);
     app.add_option("--keep-run-files", options.KeepRunFiles,
-                   "Directory in which to keep copies of the run files, for inspection")
+                   "Empty or new directory in which to keep the run files, for inspection")
         ->type_name("DIR")
         ->needs(stochastic);
     app.add_flag("--progress", options.Progress, "Print the status texts on standard error")

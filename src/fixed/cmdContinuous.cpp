@@ -83,7 +83,7 @@ void cmdContinuous_Click(MainForm& form, std::int16_t index) {
     if (!limit) {
         return;
     }
-    RemoveReport(form, kRunReport);
+    RemoveReport(form.ApplicationDirectory(), kRunReport);
     TakeStationLimit(state, *limit);
     if (!HasTasksAndResources(form)) {
         return;

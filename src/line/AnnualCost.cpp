@@ -3,7 +3,7 @@
 #include "basic/Numbers.h"
 #include "line/CostModel.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 namespace {
 
@@ -35,4 +35,4 @@ float CycleTimeAt(const Production& production, float capacity) {
     return ToSingle(SecondsOfYear(production) / static_cast<double>(capacity), "Capacity");
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

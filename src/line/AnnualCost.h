@@ -3,7 +3,7 @@
 #include "line/LineModel.h"
 #include "line/WorkContent.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// What runs every year, dollars per year. Production and shifts may be expected ones; the formulas
 /// are those of a fixed demand.
@@ -27,4 +27,4 @@ double SecondsOfYear(const Production& production);
 /// Seconds per unit that a capacity (units per year) leaves with three shifts. Throws Overflow.
 float CycleTimeAt(const Production& production, float capacity);
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

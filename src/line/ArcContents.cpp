@@ -1,23 +1,19 @@
 #include "line/ArcContents.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 void ArcContents::Next() {
-    const int last = static_cast<int>(m_arcs.size()) + 1;
+    const double transport = m_model.Parameters().TransportTime;
     auto& begun = m_arcs.emplace_back();
     for (const Resource& resource : m_model.Resources()) {
-        if (m_model.CanDo(resource.Number, last)) {
-            begun.push_back(
-                {resource.Number, StationContent(resource, m_model.Parameters().TransportTime)});
+        if (m_model.CanDo(resource.Number, LastTask())) {
+            begun.push_back({resource.Number, StationContent(resource, transport)});
         }
     }
     for (auto& arc : m_arcs) {
-        std::erase_if(arc,
-                      [&](const OfResource& each) { return !m_model.CanDo(each.Resource, last); });
-        for (OfResource& each : arc) {
-            each.Content.Add(m_model.Entry(each.Resource, last));
-        }
+        std::erase_if(
+            arc, [&](const OfResource& each) { return !m_model.CanDo(each.Resource, LastTask()); });
     }
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

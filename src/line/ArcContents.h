@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <vector>
 
 #include "line/LineModel.h"
 #include "line/WorkContent.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// The work contents of all arcs that end at one task, for every resource that can do them. Going
 /// on to the next task adds one task to each.
@@ -17,21 +16,30 @@ class ArcContents {
     explicit ArcContents(const LineModel& model) : m_model(model) {}
 
     /// Goes on to the next last task. Throws DivisionByZero when the uptime of a resource that can
-    /// do it is 0, and Overflow.
+    /// do it is 0.
     void Next();
 
+    /// Calls `action` with every resource, ascending, that can do the tasks from `first` to the
+    /// last task in hand, and with its work content. To be called once for each first task before
+    /// going on. Throws Overflow, when the resource's turn has come.
+    template <class Action>
+    void ForEachResource(int first, Action action) {
+        for (OfResource& each : m_arcs[static_cast<std::size_t>(first) - 1]) {
+            each.Content.Add(m_model.Entry(each.Resource, LastTask()));
+            action(each.Resource, each.Content.Content());
+        }
+    }
+
+  private:
     struct OfResource {
         int Resource = 0;
         StationContent Content;
     };
-    /// Resources for the tasks from `first` to the last task in hand, ascending.
-    [[nodiscard]] std::span<const OfResource> From(int first) const {
-        return m_arcs[static_cast<std::size_t>(first) - 1];
-    }
 
-  private:
+    [[nodiscard]] int LastTask() const { return static_cast<int>(m_arcs.size()); }
+
     const LineModel& m_model;
     std::vector<std::vector<OfResource>> m_arcs;  ///< by first task
 };
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

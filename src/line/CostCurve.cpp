@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 namespace {
 
@@ -76,4 +76,4 @@ CostCurve Sum(const CostCurve& last, const CostCurve& before, int previousTask) 
     return sum;
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

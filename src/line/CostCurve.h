@@ -6,7 +6,7 @@
 
 #include "line/Singles.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// The most segments that a curve may have.
 inline constexpr std::size_t kMostSegments = 10000;
@@ -76,4 +76,4 @@ CostCurve WithPreviousTask(const CostCurve& curve, int previousTask);
 /// tags of `last` with `previousTask`; their ends are singles, rounded from the sums.
 CostCurve Sum(const CostCurve& last, const CostCurve& before, int previousTask);
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

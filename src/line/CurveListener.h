@@ -2,9 +2,10 @@
 
 #include <cstdint>
 
+#include "basic/Immovable.h"
 #include "line/CostCurve.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// The kinds of curves of a stochastic design, in the order in which they are made.
 enum class CurveStage : std::int8_t {
@@ -38,14 +39,9 @@ struct EarlyEnd {
 };
 
 /// Is told the curves of a stochastic design as they are made. Ignores them unless overridden.
-class CurveListener {
+class CurveListener : Immovable {
   public:
-    CurveListener() = default;
     virtual ~CurveListener() = default;
-    CurveListener(const CurveListener&) = delete;
-    CurveListener& operator=(const CurveListener&) = delete;
-    CurveListener(CurveListener&&) = delete;
-    CurveListener& operator=(CurveListener&&) = delete;
 
     /// The curves of a stage are made next: of Resource or Arc for an arc, of Candidate or Prefix
     /// for a prefix, of WithPenalties for all tasks.
@@ -56,4 +52,4 @@ class CurveListener {
     virtual void EndsEarly(const EarlyEnd& /*end*/) {}
 };
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -9,7 +9,7 @@
 #include "basic/RunTimeError.h"
 #include "line/Singles.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 namespace {
 
@@ -174,4 +174,4 @@ void DemandDistribution::SetVolumes() {
     std::sort(m_meantVolumes.begin(), m_meantVolumes.end());
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

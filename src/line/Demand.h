@@ -6,7 +6,7 @@
 
 #include "line/LineModel.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 inline constexpr int kMostDemandPoints = 10;
 
@@ -112,4 +112,4 @@ class DemandDistribution {
     ShiftCurve m_shifts;
 };
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 CostCurve WithExpectedPenalties(const CostCurve& curve, const ProductionCurve& production,
                                 float penaltyPerUnit) {
@@ -21,4 +21,4 @@ CostCurve WithExpectedPenalties(const CostCurve& curve, const ProductionCurve& p
     return sum;
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

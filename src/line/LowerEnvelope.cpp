@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <optional>
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 namespace {
 
@@ -175,4 +175,4 @@ CostCurve LowerEnvelope(const CostCurve& first, const CostCurve& second, ZeroCos
     return envelope;
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -4,7 +4,7 @@
 
 #include "line/CostCurve.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// How a cost of exactly 0 compares with others.
 enum class ZeroCost : std::int8_t {
@@ -17,4 +17,4 @@ enum class ZeroCost : std::int8_t {
 /// only where the other curve takes over.
 CostCurve LowerEnvelope(const CostCurve& first, const CostCurve& second, ZeroCost zero);
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

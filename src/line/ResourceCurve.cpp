@@ -7,7 +7,7 @@
 #include "line/CostModel.h"
 #include "line/Singles.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 namespace {
 
@@ -117,4 +117,4 @@ CostCurve ResourceCurve(const LineModel& model, const DemandDistribution& demand
     return CurveMaker(model, demand, resource, content).Curve();
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

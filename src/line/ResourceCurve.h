@@ -5,7 +5,7 @@
 #include "line/LineModel.h"
 #include "line/WorkContent.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// Largest resource number and count of parallel stations of a cost curve.
 inline constexpr int kMostInCurve = 4095;
@@ -18,4 +18,4 @@ inline constexpr int kMostInCurve = 4095;
 CostCurve ResourceCurve(const LineModel& model, const DemandDistribution& demand, int resource,
                         const WorkContent& content);
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

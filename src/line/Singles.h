@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// The neighbours of a volume in single precision. Curves belong to every single exactly once, so
 /// a segment that ends at x is followed by one that starts at NextSingle(x).
@@ -58,4 +58,4 @@ class StraightLine {
     double m_slope;
 };
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

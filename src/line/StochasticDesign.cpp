@@ -11,18 +11,9 @@
 #include "line/LowerEnvelope.h"
 #include "line/ResourceCurve.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 namespace {
-
-void RequireFitting(int resources) {
-    if (resources > kMostInCurve) {
-        throw RunTimeError(ErrorKind::Overflow,
-                           "Number of resources is " + Format(resources, "#,###") +
-                               "; the stochastic design takes at most 4,095 of them. Delete some "
-                               "in the resource editor.");
-    }
-}
 
 void RequirePenalty(float penalty) {
     if (penalty < 0) {
@@ -69,29 +60,29 @@ class Programme {
         for (int first = 1; first <= last; ++first) {
             arcs.push_back(ArcCurve(first, last));
         }
-        const std::vector<CostCurve> candidates = Candidates(arcs, last);
+        std::vector<CostCurve> candidates = Candidates(std::move(arcs), last);
         if (candidates.empty()) {
             return false;
         }
-        m_prefixes.push_back(PrefixCurve(candidates, last));
+        m_prefixes.push_back(PrefixCurve(std::move(candidates), last));
         return true;
     }
 
     /// Lower envelope of the curves of the resources that can do an arc.
     CostCurve ArcCurve(int first, int last) {
-        const std::vector<CostCurve> curves = ResourceCurves(first, last);
+        std::vector<CostCurve> curves = ResourceCurves(first, last);
         const CurveName name{CurveStage::Arc, first, last, 0};
         m_listener.Begin(name);
-        return Envelope(curves, name, CurveStage::ArcMerge, ZeroCost::AsItIs);
+        return Envelope(std::move(curves), name, CurveStage::ArcMerge, ZeroCost::AsItIs);
     }
 
     /// Empty where even the first volume needs too many stations.
     std::vector<CostCurve> ResourceCurves(int first, int last) {
         m_listener.Begin({CurveStage::Resource, first, last, 0});
         std::vector<CostCurve> curves;
-        for (const auto& [resource, content] : m_contents.From(first)) {
+        m_contents.ForEachResource(first, [&](int resource, const WorkContent& content) {
             const CurveName name{CurveStage::Resource, first, last, resource};
-            CostCurve curve = ResourceCurve(m_model, m_demand, resource, content.Content());
+            CostCurve curve = ResourceCurve(m_model, m_demand, resource, content);
             Tell(name, curve);
             if (curve.Ending() != CurveEnd::None) {
                 const bool empty = curve.IsEmpty();
@@ -101,16 +92,17 @@ class Programme {
             if (!curve.IsEmpty()) {
                 curves.push_back(std::move(curve));
             }
-        }
+        });
         return curves;
     }
 
-    /// The arcs that end at a task, each added to the cheapest lines of the tasks before it.
-    std::vector<CostCurve> Candidates(const std::vector<CostCurve>& arcs, int last) {
+    /// The arcs that end at a task, each added to the cheapest lines of the tasks before it. An arc
+    /// goes when it is added: the curves of a long line take memory.
+    std::vector<CostCurve> Candidates(std::vector<CostCurve> arcs, int last) {
         m_listener.Begin({CurveStage::Candidate, 1, last, 0});
         std::vector<CostCurve> candidates;
         for (int first = 1; first <= last; ++first) {
-            const CostCurve& arc = arcs[static_cast<std::size_t>(first) - 1];
+            const CostCurve arc = std::move(arcs[static_cast<std::size_t>(first) - 1]);
             if (arc.IsEmpty()) {
                 continue;
             }
@@ -125,18 +117,21 @@ class Programme {
         return candidates;
     }
 
-    CostCurve PrefixCurve(const std::vector<CostCurve>& candidates, int last) {
+    CostCurve PrefixCurve(std::vector<CostCurve> candidates, int last) {
         const CurveName name{CurveStage::Prefix, 1, last, 0};
         m_listener.Begin(name);
-        return Envelope(candidates, name, CurveStage::PrefixMerge, ZeroCost::AsTenThousand);
+        return Envelope(std::move(candidates), name, CurveStage::PrefixMerge,
+                        ZeroCost::AsTenThousand);
     }
 
-    /// Lower envelope of curves in their order; every merge is told as one of `merges`.
-    CostCurve Envelope(const std::vector<CostCurve>& curves, const CurveName& name,
-                       CurveStage merges, ZeroCost zero) {
-        CostCurve lowest = curves.empty() ? CostCurve() : curves.front();
+    /// Lower envelope of curves in their order, each of which goes when it is merged; every merge
+    /// is told as one of `merges`.
+    CostCurve Envelope(std::vector<CostCurve> curves, const CurveName& name, CurveStage merges,
+                       ZeroCost zero) {
+        CostCurve lowest = curves.empty() ? CostCurve() : std::move(curves.front());
         for (std::size_t next = 1; next < curves.size(); ++next) {
-            lowest = LowerEnvelope(lowest, curves[next], zero);
+            const CostCurve curve = std::move(curves[next]);
+            lowest = LowerEnvelope(lowest, curve, zero);
             Tell({merges, name.FirstTask, name.LastTask, static_cast<int>(next) + 1}, lowest);
             NoteTooLong(name, lowest);
         }
@@ -167,9 +162,18 @@ class Programme {
 
 }  // namespace
 
+void RequireFewResources(int resources) {
+    if (resources > kMostInCurve) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "Number of resources is " + Format(resources, "#,###") +
+                               "; the stochastic design takes at most 4,095 of them. Delete some "
+                               "in the resource editor.");
+    }
+}
+
 StochasticResult DesignForDemand(const LineModel& model, float penaltyPerUnit,
                                  CurveListener& listener) {
-    RequireFitting(model.ResourceCount());
+    RequireFewResources(model.ResourceCount());
     RequirePenalty(penaltyPerUnit);
     StochasticResult result;
     Programme(model, listener, result).Run(penaltyPerUnit);
@@ -181,4 +185,4 @@ StochasticResult DesignForDemand(const LineModel& model, float penaltyPerUnit) {
     return DesignForDemand(model, penaltyPerUnit, ignored);
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -7,7 +7,7 @@
 #include "line/LineModel.h"
 #include "line/StochasticLine.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// The outcome of a stochastic design.
 struct StochasticResult {
@@ -23,6 +23,10 @@ struct StochasticResult {
     std::vector<EarlyEnd> EarlyEnds;
 };
 
+/// Throws Overflow for a number of resources that the stochastic design cannot take: more than
+/// 4,095.
+void RequireFewResources(int resources);
+
 /// Designs a line for the demand distribution of a model: a dynamic programme over task prefixes
 /// whose values are curves of expected annual cost over capacity. Of equal costs the resource, the
 /// first task of the last group, and the volume that come first count.
@@ -34,4 +38,4 @@ StochasticResult DesignForDemand(const LineModel& model, float penaltyPerUnit,
                                  CurveListener& listener);
 StochasticResult DesignForDemand(const LineModel& model, float penaltyPerUnit);
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

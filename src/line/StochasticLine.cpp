@@ -7,7 +7,7 @@
 #include "line/CostModel.h"
 #include "line/WorkContent.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 namespace {
 
@@ -136,4 +136,4 @@ std::optional<StochasticLine> CheapestLineOf(const LineModel& model,
     return line;
 }
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

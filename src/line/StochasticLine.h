@@ -9,7 +9,7 @@
 #include "line/LineModel.h"
 #include "line/StationGroup.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 
 /// A station group of a line for an uncertain demand.
 struct ExpectedGroup {
@@ -50,4 +50,4 @@ std::optional<StochasticLine> CheapestLineOf(const LineModel& model,
                                              std::span<const CostCurve> prefixes,
                                              const CostCurve& withPenalties);
 
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -39,8 +39,4 @@ void HeadlessForm::RemoveDemandLine(int line) {
     }
 }
 
-void HeadlessForm::EndProgram() {
-    throw ProgramEnded{};
-}
-
 }  // namespace quarnel02

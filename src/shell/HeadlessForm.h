@@ -8,9 +8,6 @@
 
 namespace quarnel02 {
 
-/// Thrown by EndProgram of a form without windows.
-struct ProgramEnded {};
-
 /// A main form without windows: boxes and the demand list are plain texts; title and sum go
 /// nowhere. What it is asked and told is for the forms derived from it.
 class HeadlessForm : public MainForm {
@@ -40,8 +37,9 @@ class HeadlessForm : public MainForm {
     void SetProgress(int /*done*/, int /*total*/) override {}
     void HideStatus() override {}
     void Notice(const std::string& /*text*/) override {}
-    /// Throws ProgramEnded, for the caller to let the program end.
-    [[noreturn]] void EndProgram() override;
+    /// Only records it, for the caller to let the program end.
+    void EndProgram() override { m_ended = true; }
+    [[nodiscard]] bool ProgramHasEnded() const { return m_ended; }
 
     void DoEvents() override {}
     void SetBusy(bool /*busy*/) override {}
@@ -50,6 +48,7 @@ class HeadlessForm : public MainForm {
     std::array<std::string, kTextBoxes> m_texts;
     std::vector<std::string> m_demandLines;
     int m_selectedDemand = -1;
+    bool m_ended = false;
 };
 
 }  // namespace quarnel02

@@ -41,8 +41,9 @@ class MainForm : public Dialogs,
     /// Title of the window.
     virtual void SetTitle(const std::string& title) = 0;
 
-    /// Ends the whole program at once, without cleaning up.
-    [[noreturn]] virtual void EndProgram() = 0;
+    /// Ends the whole program without cleaning up: the last thing that a procedure does. A window
+    /// does not return from it.
+    virtual void EndProgram() = 0;
 
     /// Lets pending screen events run.
     virtual void DoEvents() = 0;

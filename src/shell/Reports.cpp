@@ -8,16 +8,24 @@
 
 namespace quarnel02 {
 
-bool HasReport(const MainForm& form, const std::string& file) {
+namespace {
+
+bool IsReport(const std::filesystem::path& path) {
     std::error_code ignored;
-    return std::filesystem::is_regular_file(form.InApplicationDirectory(file), ignored);
+    return std::filesystem::is_regular_file(path, ignored);
 }
 
-void RemoveReport(const MainForm& form, const std::string& file) {
-    if (!HasReport(form, file)) {
+}  // namespace
+
+bool HasReport(const MainForm& form, const std::string& file) {
+    return IsReport(form.InApplicationDirectory(file));
+}
+
+void RemoveReport(const std::filesystem::path& applicationDirectory, const std::string& file) {
+    const std::filesystem::path path = applicationDirectory / file;
+    if (!IsReport(path)) {
         return;
     }
-    const std::filesystem::path path = form.InApplicationDirectory(file);
     std::error_code error;
     std::filesystem::remove(path, error);
     if (error) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "shell/MainForm.h"
@@ -14,7 +15,7 @@ inline constexpr const char* kProductionReport = "ProdRpt.txt";
 
 /// Removes the report of an earlier solve, if there is one, so that it does not pass for the result
 /// of the next. Throws FileAccess when it cannot be removed.
-void RemoveReport(const MainForm& form, const std::string& file);
+void RemoveReport(const std::filesystem::path& applicationDirectory, const std::string& file);
 
 /// Clears the result pictures, which then show no design.
 void ClearResults(MainForm& form);

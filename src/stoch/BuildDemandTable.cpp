@@ -1,119 +1,82 @@
 #include "stoch/BuildDemandTable.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
-#include "basic/Numbers.h"
-#include "basic/RunTimeError.h"
-#include "shell/Demand.h"
-#include "stoch/Curves.h"
-#include "stoch/DemandChart.h"
-#include "stoch/RecordFile.h"
+#include "picture/Chart.h"
+#include "stoch/RunRecords.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr double kPercent = 100;
+constexpr Colour kBar{21, 101, 192};
+constexpr Colour kInk{40, 40, 40};
 
-void NoticeLeftOut(StochRun& run, int rows) {
-    if (rows > 0) {
-        run.Form.Notice((rows == 1 ? "1 demand row" : NumberText(rows) + " demand rows") +
-                        " without a number left out.");
-    }
-}
+/// Volumes and probabilities of the points, equal volumes added up.
+struct DemandBar {
+    double Volume;
+    double Prob;
+};
 
-void ReadDemandPoints(StochRun& run) {
-    RecordSet demand =
-        run.Form.Model.OpenRecordSet("SELECT Volume, Prob FROM Demand ORDER BY Volume;");
-    int point = 0;
-    int left_out = 0;
-    for (; !demand.Eof(); demand.MoveNext()) {
-        if (!IsDemandPoint(demand)) {
-            ++left_out;
-            continue;
+std::vector<DemandBar> BarsOf(const DemandDistribution& demand) {
+    std::vector<DemandBar> bars;
+    for (const DemandPoint& point : demand.Points()) {
+        const auto volume = static_cast<double>(point.Volume);
+        if (bars.empty() || bars.back().Volume != volume) {
+            bars.push_back({volume, 0});
         }
-        ++point;
-        if (point > kMostDemandPoints) {
-            throw RunTimeError(ErrorKind::SubscriptOutOfRange,
-                               "Demand has more than 10 points. Remove some of them.");
+        bars.back().Prob += static_cast<double>(point.Probability);
+    }
+    return bars;
+}
+
+/// Wide enough to see, and narrower than the distance of the closest bars.
+double BarWidth(const Chart& chart, const std::vector<DemandBar>& bars) {
+    double width = chart.PlotWidth() / 14;
+    for (std::size_t i = 1; i < bars.size(); ++i) {
+        width = std::min(width, 0.7 * (chart.ToX(bars[i].Volume) - chart.ToX(bars[i - 1].Volume)));
+    }
+    return std::max(width, 2 * kTwipsPerPixel);
+}
+
+Chart ChartOf(const std::vector<DemandBar>& bars, Picture& picture) {
+    constexpr int most_ticks = 8;
+    const double highest =
+        std::max_element(bars.begin(), bars.end(), [](const DemandBar& a, const DemandBar& b) {
+            return a.Prob < b.Prob;
+        })->Prob;
+    const double room = bars.back().Volume * 0.08;
+    return {picture,
+            "Demand Distribution",
+            {RoundScale(std::max(0.0, bars.front().Volume - room), bars.back().Volume + room,
+                        most_ticks),
+             "Annual volume", true, false},
+            {RoundScale(0, highest * 1.1, 6), "Probability (%)", false, false}};
+}
+
+void DrawDemandDistribution(const DemandDistribution& demand, Picture& picture) {
+    const auto bars = BarsOf(demand);
+    Chart chart = ChartOf(bars, picture);
+    const double width = BarWidth(chart, bars);
+    double free_from = 0;
+    for (const DemandBar& bar : bars) {
+        chart.Bar(bar.Volume, bar.Prob, width, kBar);
+        const std::string text = ThousandsText(bar.Volume);
+        const double half = TextWidth(text, Font{}) / 2;
+        if (chart.ToX(bar.Volume) - half >= free_from) {
+            chart.LabelAbove(bar.Volume, bar.Prob, text, kInk);
+            free_from = chart.ToX(bar.Volume) + half;
         }
-        const auto index = static_cast<std::size_t>(point);
-        run.Volume.at(index) = demand.Single(0);
-        run.Prob.at(index) = demand.Single(1);
     }
-    run.DemandPoints = point;
-    NoticeLeftOut(run, left_out);
-}
-
-void SetVolumeRange(StochRun& run) {
-    auto* const first = run.Volume.begin() + 1;
-    auto* const last = first + run.DemandPoints;
-    auto* const positive = std::find_if(first, last, [](float volume) { return volume > 0; });
-    if (positive == last) {
-        throw RunTimeError(ErrorKind::TypeMismatch,
-                           "Demand has no volume above 0. Enter the volumes of the distribution.");
-    }
-    run.FirstVolume = *positive;
-    run.LastVolume = CeilingSingle(3.0 * static_cast<double>(*(last - 1)));
-    run.MeantVolumes.clear();
-    for (const auto* volume = positive; volume != last; ++volume) {
-        for (const double factor : {1.0, 1.5, 3.0}) {
-            run.MeantVolumes.push_back(CeilingSingle(factor * static_cast<double>(*volume)));
-        }
-    }
-    std::sort(run.MeantVolumes.begin(), run.MeantVolumes.end());
-}
-
-/// Expected smaller one of demand and the volume of point k:
-/// E(k) = p1 v1 + ... + pk vk + vk (p(k+1) + ... + pm).
-float ExpectedAtPoint(const StochRun& run, int k) {
-    double production = 0;
-    for (int point = 1; point <= run.DemandPoints; ++point) {
-        const auto volume = run.Volume.at(static_cast<std::size_t>(std::min(point, k)));
-        production += static_cast<double>(run.Prob.at(static_cast<std::size_t>(point))) / kPercent *
-                      static_cast<double>(volume);
-    }
-    return ToSingle(production, "Expected production");
-}
-
-double SumOfPoints(const StochRun& run) {
-    double sum = 0;
-    for (int point = 1; point <= run.DemandPoints; ++point) {
-        sum += static_cast<double>(run.Prob.at(static_cast<std::size_t>(point)));
-    }
-    return sum;
-}
-
-/// Of a complete distribution E(1) is v1 itself, and no later point falls short of it by what the
-/// singles of the probabilities are rounded.
-float ProductionAtPoint(const StochRun& run, int k) {
-    const float expected = ExpectedAtPoint(run, k);
-    if (!IsComplete(SumOfPoints(run))) {
-        return expected;
-    }
-    return k == 1 ? run.Volume[1] : std::max(expected, run.Volume[1]);
-}
-
-void WriteExpectedProduction(StochRun& run) {
-    RecordWriter<ExpectedProductionRecord> file(run.Files.ExpectedProduction());
-    float low = ProductionAtPoint(run, 1);
-    for (int k = 2; k <= run.DemandPoints; ++k) {
-        const float high = ProductionAtPoint(run, k);
-        file.Write({run.Volume.at(static_cast<std::size_t>(k - 1)),
-                    run.Volume.at(static_cast<std::size_t>(k)), low, high});
-        low = high;
-    }
-    file.Write({run.Volume.at(static_cast<std::size_t>(run.DemandPoints)), kNoUpperEnd, low, low});
-    file.Close();
 }
 
 }  // namespace
 
-void BuildDemandTable(StochRun& run) {
-    ReadDemandPoints(run);
-    SetVolumeRange(run);
-    WriteExpectedProduction(run);
-    DrawDemandDistribution(run);
+void BuildDemandTable(const DemandDistribution& demand, const RunFiles& files, Picture& picture) {
+    files.Write(kProductionTable, ProductionRecords(demand.Production()));
+    DrawDemandDistribution(demand, picture);
 }
 
 }  // namespace quarnel02

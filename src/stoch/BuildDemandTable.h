@@ -1,14 +1,13 @@
 #pragma once
 
-#include "stoch/StochRun.h"
+#include "line/Demand.h"
+#include "picture/Picture.h"
+#include "stoch/RunFiles.h"
 
 namespace quarnel02 {
 
-/// Reads the demand points, writes "EProd", the expected production over capacity, and draws the
-/// distribution on picGraph 1. Sets the range of volumes that all curves cover. Rows that are no
-/// demand points (IsDemandPoint) are left out with a notice.
-/// Throws SubscriptOutOfRange for an eleventh point, TypeMismatch when no volume is above
-/// 0, FileAccess.
-void BuildDemandTable(StochRun& run);
+/// Writes "EProd", the expected production over capacity, and draws bars of the distribution over
+/// volume, equal volumes added up. Throws FileAccess.
+void BuildDemandTable(const DemandDistribution& demand, const RunFiles& files, Picture& picture);
 
 }  // namespace quarnel02

@@ -1,54 +1,39 @@
 #include "stoch/BuildShiftTable.h"
 
-#include <algorithm>
-#include <vector>
-
-#include "basic/Numbers.h"
-#include "stoch/Curves.h"
-#include "stoch/DemandChart.h"
-#include "stoch/ExpectedShifts.h"
-#include "stoch/RecordFile.h"
+#include "picture/Chart.h"
+#include "stoch/RunRecords.h"
 
 namespace quarnel02 {
 
 namespace {
 
-/// From capacity Volume on, demand point Point needs one shift less.
-struct ShiftEntry {
-    int Point;
-    float Volume;
-};
+constexpr Colour kStep{21, 101, 192};
 
-std::vector<ShiftEntry> ShiftEntries(const StochRun& run) {
-    constexpr double two_shifts_from = 1.5;
-    constexpr double one_shift_from = 3;
-    std::vector<ShiftEntry> entries;
-    for (int point = 1; point <= run.DemandPoints; ++point) {
-        const auto volume = static_cast<double>(run.Volume.at(static_cast<std::size_t>(point)));
-        entries.push_back({point, CeilingSingle(two_shifts_from * volume)});
-        entries.push_back({point, CeilingSingle(one_shift_from * volume)});
+void DrawShifts(const DemandDistribution& demand, Picture& picture) {
+    constexpr int most_ticks = 8;
+    const auto steps = demand.Shifts().Steps();
+    const auto last = static_cast<double>(demand.LastVolume());
+    const auto most = static_cast<double>(steps.front().Shifts);
+    Chart chart(picture, "Expected Shifts",
+                {RoundScale(static_cast<double>(demand.FirstVolume()), last, most_ticks),
+                 "Capacity", true, false},
+                {RoundScale(0, most, 6), "Shifts per day", false, false});
+    double before = most;
+    for (const ShiftStep& step : steps) {
+        const auto low = static_cast<double>(step.Low);
+        const double high = step.High == kNoUpperEnd ? last : static_cast<double>(step.High);
+        const auto level = static_cast<double>(step.Shifts);
+        chart.Line(low, before, low, level, kStep, 2);
+        chart.Line(low, level, high, level, kStep, 2);
+        before = level;
     }
-    std::stable_sort(entries.begin(), entries.end(),
-                     [](const ShiftEntry& a, const ShiftEntry& b) { return a.Volume < b.Volume; });
-    return entries;
 }
 
 }  // namespace
 
-void BuildShiftTable(StochRun& run) {
-    RecordWriter<ExpectedShiftRecord> file(run.Files.ExpectedShifts());
-    std::vector<int> shifts(static_cast<std::size_t>(run.DemandPoints) + 1, 3);
-    float low = run.FirstVolume;
-    for (const auto& [point, volume] : ShiftEntries(run)) {
-        if (volume > low) {
-            file.Write({low, volume, ExpectedShiftCount(run, shifts)});
-            low = volume;
-        }
-        --shifts[static_cast<std::size_t>(point)];
-    }
-    file.Write({low, kNoUpperEnd, ExpectedShiftCount(run, shifts)});
-    file.Close();
-    DrawShiftTable(run);
+void BuildShiftTable(const DemandDistribution& demand, const RunFiles& files, Picture& picture) {
+    files.Write(kShiftTable, ShiftRecords(demand.Shifts()));
+    DrawShifts(demand, picture);
 }
 
 }  // namespace quarnel02

@@ -4,8 +4,6 @@
 
 #include "basic/NumberFormat.h"
 #include "picture/Chart.h"
-#include "stoch/CurveFile.h"
-#include "stoch/ExpectedShifts.h"
 
 namespace quarnel02 {
 
@@ -20,49 +18,48 @@ struct Range {
     double High;
 };
 
-/// The curve streams past twice: once for its range, once to be drawn.
-Range CostRange(const StochRun& run) {
-    CurveReader<DesignSegment> designs(run.Files.Final(run.Tasks));
-    Range range{static_cast<double>(run.ExpectedCost), static_cast<double>(run.ExpectedCost)};
-    for (; !designs.AtEnd(); designs.Advance()) {
-        const auto [low, high] =
-            std::minmax(designs.Current().CostStart, designs.Current().CostEnd);
+Range RangeOf(const CostCurve& costs, float chosen) {
+    Range range{static_cast<double>(chosen), static_cast<double>(chosen)};
+    for (const CurveSegment& segment : costs.Segments()) {
+        const auto [low, high] = std::minmax(segment.CostStart, segment.CostEnd);
         range.Low = std::min(range.Low, static_cast<double>(low));
         range.High = std::max(range.High, static_cast<double>(high));
     }
     return range;
 }
 
-void DrawCurve(const StochRun& run, Chart& chart) {
-    for (CurveReader<DesignSegment> designs(run.Files.Final(run.Tasks)); !designs.AtEnd();
-         designs.Advance()) {
-        const DesignSegment& design = designs.Current();
-        chart.Line(static_cast<double>(design.SegStart), static_cast<double>(design.CostStart),
-                   static_cast<double>(design.SegEnd), static_cast<double>(design.CostEnd), kCurve,
+void DrawGuides(const ShiftCurve& shifts, Chart& chart) {
+    for (const ShiftStep& step : shifts.Steps()) {
+        if (step.High != kNoUpperEnd) {
+            chart.Guide(static_cast<double>(step.High), kGuide);
+        }
+    }
+}
+
+void DrawCurve(const CostCurve& costs, Chart& chart) {
+    for (const CurveSegment& segment : costs.Segments()) {
+        chart.Line(static_cast<double>(segment.Start), static_cast<double>(segment.CostStart),
+                   static_cast<double>(segment.End), static_cast<double>(segment.CostEnd), kCurve,
                    2);
     }
 }
 
 }  // namespace
 
-void DrawStochasticCosts(const StochRun& run) {
+void DrawStochasticCosts(const StochasticLine& line, const CostCurve& expectedCosts,
+                         const DemandDistribution& demand, Picture& picture) {
     constexpr int most_ticks = 8;
-    const Range costs = CostRange(run);
-    Chart chart(run.Form.picGraph[3], "Expected Annual Cost",
-                {RoundScale(static_cast<double>(run.FirstVolume),
-                            static_cast<double>(run.LastVolume), most_ticks),
+    const Range costs = RangeOf(expectedCosts, line.ExpectedCost);
+    Chart chart(picture, "Expected Annual Cost",
+                {RoundScale(static_cast<double>(demand.FirstVolume()),
+                            static_cast<double>(demand.LastVolume()), most_ticks),
                  "Capacity", true, false},
                 {RoundScale(costs.Low - (costs.High - costs.Low) * 0.1, costs.High, 6),
                  "Dollars per year", false, true});
-    const ExpectedShifts shifts(run.Files);
-    for (const ExpectedShiftRecord& step : shifts.Steps()) {
-        if (step.VolHigh != kNoUpperEnd) {
-            chart.Guide(static_cast<double>(step.VolHigh), kGuide);
-        }
-    }
-    DrawCurve(run, chart);
-    const auto capacity = static_cast<double>(run.Capacity);
-    const auto cost = static_cast<double>(run.ExpectedCost);
+    DrawGuides(demand.Shifts(), chart);
+    DrawCurve(expectedCosts, chart);
+    const auto capacity = static_cast<double>(line.Capacity);
+    const auto cost = static_cast<double>(line.ExpectedCost);
     chart.Mark(capacity, cost, kChosen);
     chart.LabelBelow(capacity, cost, ThousandsText(capacity) + ": " + Format(cost, "$#,###"),
                      kChosen);

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "stoch/StochRun.h"
+#include "line/StochasticDesign.h"
 
 namespace quarnel02 {
 
-/// Takes the volume of lowest expected cost as the line's capacity, and traces the design that
-/// gives it back through the final tables. Throws NoCurrentRecord when the table of the last task
-/// is empty, FileAccess.
-void ExtractStochasticSolution(StochRun& run);
+/// The line at the volume of lowest expected cost, its capacity. Throws NoCurrentRecord when no
+/// line is possible at any volume.
+const StochasticLine& ExtractStochasticSolution(const StochasticResult& result);
 
 }  // namespace quarnel02

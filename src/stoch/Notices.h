@@ -1,22 +1,20 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
+#include <string>
 
-#include "stoch/StochRun.h"
+#include "line/CurveListener.h"
+#include "line/LineModel.h"
 
 namespace quarnel02 {
 
-/// Tells the user, by the status text, that a table was full and its curve ends early; does
-/// nothing without a volume.
-void NoticeEarlyEnd(StochRun& run, const std::filesystem::path& table, std::optional<float> volume);
+/// Tells the user that a table is full and its curve ends early, or that a resource gets none
+/// because the lowest volume already needs too many stations.
+std::string NoticeOf(const EarlyEnd& end);
 
-/// The same of the table of a resource whose curve ends where more than 4,095 parallel stations
-/// would be needed.
-void NoticeStationsEnd(StochRun& run, const std::filesystem::path& table,
-                       std::optional<float> volume);
+/// Of how many rows of the demand distribution are no demand points.
+std::string NoticeOfRowsLeftOut(int rows);
 
-/// Tells the user that a resource gets no table, because the lowest volume already needs more.
-void NoticeNoTable(StochRun& run, const std::filesystem::path& table);
+/// Why no line can do a task: `firstVolume` (units per year) is the lowest one asked for.
+std::string ImpossibleTaskText(const LineModel& model, int task, float firstVolume);
 
 }  // namespace quarnel02

@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstdio>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "basic/Files.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
-#include "stoch/Records.h"
+#include "stoch/RunRecords.h"
 
 namespace fs = std::filesystem;
 
@@ -25,17 +28,12 @@ struct Family {
     std::size_t RecordSize;
 };
 
-constexpr std::array kFamilies = {Family{1, "temp", DesignSegment::kSize},
-                                  Family{1, "temp#", DesignSegment::kSize},
-                                  Family{1, "tempa", ArcSegment::kSize},
-                                  Family{1, "tempc", ArcSegment::kSize},
-                                  Family{2, "final", DesignSegment::kSize},
-                                  Family{2, "final#", DesignSegment::kSize},
-                                  Family{3, "it##", ArcSegment::kSize},
-                                  Family{4, "eprod", ExpectedProductionRecord::kSize},
-                                  Family{5, "eshift", ExpectedShiftRecord::kSize},
-                                  Family{6, "f#t#.r#", ArcSegment::kSize}};
-constexpr int kLastTurn = 6;
+constexpr std::array kFamilies = {
+    Family{1, "temp", kDesignRecord},  Family{1, "temp#", kDesignRecord},
+    Family{1, "tempa", kArcRecord},    Family{1, "tempc", kArcRecord},
+    Family{2, "final", kDesignRecord}, Family{2, "final#", kDesignRecord},
+    Family{3, "it##", kArcRecord},     Family{4, "eprod", kProductionRecord},
+    Family{5, "eshift", kShiftRecord}, Family{6, "f#t#.r#", kArcRecord}};
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -79,28 +77,35 @@ std::string InSmallLetters(std::string name) {
 }
 
 /// The family of a run file; nullptr for any other file.
-const Family* FamilyOf(const fs::path& path) {
-    const std::string name = InSmallLetters(PathText(path.filename()));
+const Family* FamilyOf(const fs::directory_entry& file) {
+    const std::string name = InSmallLetters(PathText(file.path().filename()));
     const auto* const family =
         std::find_if(kFamilies.begin(), kFamilies.end(),
                      [&](const Family& each) { return Matches(each.Pattern, name); });
     std::error_code error;
-    if (family == kFamilies.end() || !fs::is_regular_file(fs::symlink_status(path, error))) {
+    if (family == kFamilies.end() || file.is_symlink(error) || !file.is_regular_file(error)) {
         return nullptr;
     }
-    const auto size = fs::file_size(path, error);
+    const auto size = file.file_size(error);
     return !error && size % family->RecordSize == 0 ? family : nullptr;
 }
 
-std::vector<fs::path> FilesOfTurn(int turn, const fs::path& directory) {
-    std::vector<fs::path> files;
+/// In the order in which they are deleted: family by family.
+std::vector<fs::path> RunFilesIn(const fs::path& directory) {
+    std::vector<std::pair<int, fs::path>> files;
     for (const auto& entry : fs::directory_iterator(directory)) {
-        const Family* const family = FamilyOf(entry.path());
-        if (family != nullptr && family->Turn == turn) {
-            files.push_back(entry.path());
+        if (const Family* const family = FamilyOf(entry)) {
+            files.emplace_back(family->Turn, entry.path());
         }
     }
-    return files;
+    std::stable_sort(files.begin(), files.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<fs::path> paths;
+    paths.reserve(files.size());
+    for (auto& [turn, path] : files) {
+        paths.push_back(std::move(path));
+    }
+    return paths;
 }
 
 [[noreturn]] void ThrowFileError(const std::string& doing, const fs::path& path,
@@ -109,49 +114,14 @@ std::vector<fs::path> FilesOfTurn(int turn, const fs::path& directory) {
                                                   PathText(path) + ": " + error.message() + ".");
 }
 
-}  // namespace
-
-fs::path RunFiles::Resource(int start, int end, int resource) const {
-    return Path("F" + NumberText(start) + "T" + NumberText(end) + ".R" + NumberText(resource));
+[[noreturn]] void ThrowWriteError(const fs::path& path, const char* doing, int reason) {
+    throw RunTimeError(ErrorKind::FileAccess,
+                       "The run file " + PathText(path) + " cannot be " + doing + ": " +
+                           std::generic_category().message(reason) +
+                           ". Check the space and the rights of the application directory.");
 }
 
-fs::path RunFiles::Initial(int start, int end) const {
-    return Path("IT" + NumberText(start) + NumberText(end));
-}
-
-fs::path RunFiles::Candidate(int number) const {
-    return Path("Temp" + NumberText(number));
-}
-
-fs::path RunFiles::Final(int end) const {
-    return Path("Final" + NumberText(end));
-}
-
-void RunFiles::DeleteAll() const noexcept {
-    for (int turn = 1; turn <= kLastTurn; ++turn) {
-        try {
-            for (const fs::path& file : FilesOfTurn(turn, m_directory)) {
-                std::error_code ignored;
-                fs::remove(file, ignored);
-            }
-        } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
-            // Meant: what cannot be deleted stays.
-        }
-    }
-}
-
-void RunFiles::ForEach(const std::function<void(const fs::path&)>& action) const {
-    for (int turn = 1; turn <= kLastTurn; ++turn) {
-        for (const fs::path& file : FilesOfTurn(turn, m_directory)) {
-            action(file);
-        }
-    }
-}
-
-bool IsRunFile(const fs::path& path) {
-    return FamilyOf(path) != nullptr;
-}
-
+/// Refuses to make a run file where something stands that is none.
 void RequireFree(const fs::path& path) {
     std::error_code ignored;
     if (fs::exists(fs::symlink_status(path, ignored)) && !IsRunFile(path)) {
@@ -162,20 +132,109 @@ void RequireFree(const fs::path& path) {
     }
 }
 
-void DeleteRunFile(const fs::path& path) {
+/// Whether the records are on their way to the disk: in one piece, so that what a killed program
+/// leaves is whole records, which are known as a run file.
+bool WriteAtOnce(std::FILE* file, const std::string& records) {
+    (void)std::setvbuf(file, nullptr, _IONBF, 0);
+    const bool written = std::fwrite(records.data(), 1, records.size(), file) == records.size();
+    const int reason = errno;
+    const bool closed = std::fclose(file) == 0;
+    errno = written ? errno : reason;
+    return written && closed;
+}
+
+void WriteRunFile(const fs::path& path, const std::string& records) {
+    RequireFree(path);
+    std::FILE* const file = std::fopen(path.c_str(), "wb");
+    if (file == nullptr) {
+        ThrowWriteError(path, "made", errno);
+    }
+    if (!WriteAtOnce(file, records)) {
+        const int reason = errno;
+        std::error_code ignored;
+        fs::remove(path, ignored);
+        ThrowWriteError(path, "written", reason);
+    }
+}
+
+void DeleteFile(const fs::path& path) {
     std::error_code error;
-    if (IsRunFile(path) && !fs::remove(path, error) && error) {
+    if (!fs::remove(path, error) && error) {
         ThrowFileError("delete", path, error);
     }
 }
 
-void RenameRunFile(const fs::path& from, const fs::path& to) {
-    RequireFree(to);
-    std::error_code error;
-    fs::rename(from, to, error);
-    if (error) {
-        ThrowFileError("rename", from, error);
+}  // namespace
+
+std::string RunFileName(const CurveName& curve) {
+    const std::string first = NumberText(curve.FirstTask);
+    const std::string last = NumberText(curve.LastTask);
+    switch (curve.Stage) {
+        case CurveStage::Resource:
+            return "F" + first + "T" + last + ".R" + NumberText(curve.Number);
+        case CurveStage::ArcMerge:
+            return "TempC";
+        case CurveStage::Arc:
+            return "IT" + first + last;
+        case CurveStage::Candidate:
+            return "Temp" + NumberText(curve.Number);
+        case CurveStage::PrefixMerge:
+            return "Final";
+        case CurveStage::Prefix:
+        case CurveStage::WithPenalties:
+            return "Final" + last;
     }
+    return {};
+}
+
+RunFiles::RunFiles(fs::path directory, std::optional<fs::path> kept)
+    : m_directory(std::move(directory)), m_kept(std::move(kept)) {}
+
+void RunFiles::Write(const std::string& name, const std::string& records) const {
+    WriteRunFile(m_directory / name, records);
+    WriteScratch(name, records);
+}
+
+void RunFiles::Delete(const std::string& name) const {
+    if (IsRunFile(m_directory / name)) {
+        DeleteFile(m_directory / name);
+    }
+    if (m_kept) {
+        DeleteFile(*m_kept / name);
+    }
+}
+
+void RunFiles::WriteScratch(const std::string& name, const std::string& records) const {
+    if (m_kept) {
+        WriteFile(*m_kept / name, records);
+    }
+}
+
+void RunFiles::RenameScratch(const std::string& from, const std::string& to) const {
+    if (!m_kept) {
+        return;
+    }
+    std::error_code error;
+    fs::rename(*m_kept / from, *m_kept / to, error);
+    if (error) {
+        ThrowFileError("rename", *m_kept / from, error);
+    }
+}
+
+void RunFiles::DeleteAll() const noexcept {
+    try {
+        for (const fs::path& file : RunFilesIn(m_directory)) {
+            std::error_code ignored;
+            fs::remove(file, ignored);
+        }
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+        // Meant: what cannot be deleted stays.
+    }
+}
+
+bool IsRunFile(const fs::path& path) {
+    std::error_code ignored;
+    return FamilyOf(fs::directory_entry(path, ignored)) != nullptr;
 }
 
 }  // namespace quarnel02

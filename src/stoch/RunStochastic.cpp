@@ -1,124 +1,124 @@
 #include "stoch/RunStochastic.h"
 
-#include <string>
+#include <set>
+#include <utility>
 
 #include "basic/Numbers.h"
+#include "basic/ScopeGuard.h"
+#include "line/StochasticDesign.h"
+#include "shell/LoadLineModel.h"
 #include "shell/Reports.h"
-#include "stoch/AddExpectedPenalties.h"
 #include "stoch/BuildDemandTable.h"
-#include "stoch/BuildFinalTable.h"
-#include "stoch/BuildInitialTable.h"
-#include "stoch/BuildIntermediateTable.h"
-#include "stoch/BuildResourceTables.h"
 #include "stoch/BuildShiftTable.h"
 #include "stoch/DrawStochasticCosts.h"
 #include "stoch/ExtractStochasticSolution.h"
-#include "stoch/LoadStochData.h"
+#include "stoch/Notices.h"
+#include "stoch/StageTables.h"
 #include "stoch/WriteProductionReport.h"
 
 namespace quarnel02 {
 
 namespace {
 
-/// Shows the status window while it lives.
-class StatusWindow {
-  public:
-    explicit StatusWindow(MainForm& form) : m_form(form) {
-        m_form.ShowStatus("PLEASE WAIT -- PROGRAM IS RUNNING");
+/// Demand rows that are no demand points. More points than a design takes are an error of their
+/// own.
+void NoticeRowsLeftOut(const Database& database, const LineModel& model, SolveStatus& status) {
+    const auto points = static_cast<int>(model.Demand().size());
+    const int rows = database.OpenRecordSet("SELECT Volume FROM Demand;").RecordCount();
+    if (points <= kMostDemandPoints && rows > points) {
+        status.Notice(NoticeOfRowsLeftOut(rows - points));
     }
-    ~StatusWindow() { m_form.HideStatus(); }
-    StatusWindow(const StatusWindow&) = delete;
-    StatusWindow& operator=(const StatusWindow&) = delete;
-    StatusWindow(StatusWindow&&) = delete;
-    StatusWindow& operator=(StatusWindow&&) = delete;
+}
 
-  private:
-    MainForm& m_form;
-};
-
-/// Deletes the run files when it goes.
-class RunFileCleaner {
+/// One solve of a complete model.
+class Solve {
   public:
-    explicit RunFileCleaner(const RunFiles& files) : m_files(files) { m_files.DeleteAll(); }
-    ~RunFileCleaner() { m_files.DeleteAll(); }
-    RunFileCleaner(const RunFileCleaner&) = delete;
-    RunFileCleaner& operator=(const RunFileCleaner&) = delete;
-    RunFileCleaner(RunFileCleaner&&) = delete;
-    RunFileCleaner& operator=(RunFileCleaner&&) = delete;
+    Solve(const Database& database, const StochasticRequest& request, const RunFiles& files,
+          SolveStatus& status, Dialogs& dialogs, PictureBoxes& pictures)
+        : m_database(database),
+          m_request(request),
+          m_files(files),
+          m_status(status),
+          m_dialogs(dialogs),
+          m_pictures(pictures),
+          m_model(LoadLineModel(database)) {}
 
-  private:
-    const RunFiles& m_files;
-};
-
-void ShowResourceTables(const StochRun& run, const RunListener& listener) {
-    if (!listener.RunFile) {
-        return;
-    }
-    for (int resource = 1; resource <= run.Resources; ++resource) {
-        const auto table = run.Files.Resource(run.StartTask, run.EndTask, resource);
-        if (IsRunFile(table)) {
-            listener.RunFile(table);
+    StochasticOutcome Run() {
+        const std::optional<StochasticLine> line = BuildTables();
+        if (!line) {
+            return {StochasticEnd::ImpossibleTask, {}, {}};
         }
+        std::string summary = WriteProductionReport(*line, m_model, m_database,
+                                                    m_request.ApplicationDirectory, m_pictures);
+        return {StochasticEnd::Designed, std::move(summary), CapacityText(*line)};
     }
-}
 
-/// All arcs that end at the end task in hand, then its intermediate and final tables.
-void BuildTablesOfEndTask(StochRun& run, int tasks, const RunListener& listener) {
-    MainForm& form = run.Form;
-    const std::string end = NumberText(run.EndTask);
-    const int arcs = tasks * (tasks + 1) / 2;
-    for (int start = 1; start <= run.EndTask; ++start) {
-        run.StartTask = start;
-        const std::string arc = " for Task " + NumberText(start) + " To Task " + end;
-        form.SetStatus("Creating Resource Tables" + arc);
-        BuildResourceTables(run);
-        ShowResourceTables(run, listener);
-        form.SetStatus("Creating Initial Tables" + arc);
-        BuildInitialTable(run);
-        form.SetProgress(run.EndTask * (run.EndTask - 1) / 2 + start, arcs);
+  private:
+    /// Shows the status window meanwhile. Where a task is impossible it says so and leaves the
+    /// window: the program is to end.
+    std::optional<StochasticLine> BuildTables() {
+        m_status.ShowStatus("PLEASE WAIT -- PROGRAM IS RUNNING");
+        const FailureGuard hide([this] { m_status.HideStatus(); });
+        NoticeRowsLeftOut(m_database, m_model, m_status);
+        const DemandDistribution demand(m_model.Demand());
+        BuildDemandTable(demand, m_files, m_pictures.picGraph[1]);
+        BuildShiftTable(demand, m_files, m_pictures.picGraph[3]);
+        StageTables tables(m_files, m_status, m_model.TaskCount());
+        const StochasticResult result = DesignForDemand(m_model, m_request.PenaltyPerUnit, tables);
+        if (result.ImpossibleTask != 0) {
+            m_dialogs.ShowMessage(
+                ImpossibleTaskText(m_model, result.ImpossibleTask, demand.FirstVolume()),
+                MessageIcon::Critical);
+            return std::nullopt;
+        }
+        const StochasticLine& line = ExtractStochasticSolution(result);
+        DrawStochasticCosts(line, result.ExpectedCosts, demand, m_pictures.picGraph[3]);
+        m_status.HideStatus();
+        return line;
     }
-    form.SetStatus("Creating Intermediate Tables for Task " + end);
-    const int counter = BuildIntermediateTable(run);
-    form.SetStatus("Creating Final Table for Task " + end);
-    BuildFinalTable(run, counter);
-    form.SetStatus(end + " of " + NumberText(tasks) + " Tasks Completed");
-}
 
-void BuildTables(StochRun& run, const RunListener& listener) {
-    const StatusWindow status(run.Form);
-    BuildDemandTable(run);
-    BuildShiftTable(run);
-    const int tasks = run.Form.Model.OpenRecordSet("SELECT Tasks FROM GEN;").Integer(0);
-    for (run.EndTask = 1; run.EndTask <= tasks; ++run.EndTask) {
-        BuildTablesOfEndTask(run, tasks, listener);
-    }
-    run.Form.SetStatus("Adding Expected Penalties to Final Table");
-    AddExpectedPenalties(run);
-    ExtractStochasticSolution(run);
-    DrawStochasticCosts(run);
-}
+    const Database& m_database;
+    const StochasticRequest& m_request;
+    const RunFiles& m_files;
+    SolveStatus& m_status;
+    Dialogs& m_dialogs;
+    PictureBoxes& m_pictures;
+    LineModel m_model;
+};
 
 }  // namespace
 
-void RunStochastic(MainForm& form, const RunListener& listener) {
-    form.OpenWorkingCopy();
-    StochRun run(form);
-    const RunFileCleaner cleaner(run.Files);
-    if (!LoadStochData(run)) {
-        form.ShowMessage("Please complete the task and resource information tables first.",
-                         MessageIcon::Information);
-        return;
+bool HasEveryResource(const Database& database) {
+    RecordSet rows = database.OpenRecordSet("SELECT ResourceId FROM Resources;");
+    std::set<Value> numbers;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        numbers.insert(rows.Field(0));
     }
-    RemoveReport(form, kProductionReport);
-    BuildTables(run, listener);
-    const std::string summary = WriteProductionReport(run);
-    if (listener.Summary) {
-        listener.Summary(summary);
+    std::int64_t number = database.OpenRecordSet("SELECT Resources FROM Gen;").Integer(0);
+    while (number > 0 && numbers.contains(Value(number))) {
+        --number;
     }
-    form.Model.Close();
-    if (listener.RunFile) {
-        run.Files.ForEach(listener.RunFile);
+    return number == 0;
+}
+
+StochasticOutcome RunStochastic(const Database& database, const StochasticRequest& request,
+                                SolveStatus& status, Dialogs& dialogs, PictureBoxes& pictures) {
+    const RunFiles files(request.ApplicationDirectory, request.KeepRunFiles);
+    files.DeleteAll();
+    const FailureGuard clean_up([&] { files.DeleteAll(); });
+    RequireFewResources(database.OpenRecordSet("SELECT Resources FROM Gen;").Integer(0));
+    if (!HasEveryResource(database)) {
+        dialogs.ShowMessage("Please complete the task and resource information tables first.",
+                            MessageIcon::Information);
+        return {};
     }
+    Solve solve(database, request, files, status, dialogs, pictures);
+    RemoveReport(request.ApplicationDirectory, kProductionReport);
+    StochasticOutcome outcome = solve.Run();
+    if (outcome.End == StochasticEnd::Designed) {
+        files.DeleteAll();
+    }
+    return outcome;
 }
 
 }  // namespace quarnel02

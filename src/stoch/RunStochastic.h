@@ -1,27 +1,50 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
-#include <functional>
+#include <optional>
 #include <string>
 
-#include "shell/MainForm.h"
+#include "model/Database.h"
+#include "shell/Dialogs.h"
+#include "shell/PictureBoxes.h"
+#include "shell/SolveStatus.h"
 
 namespace quarnel02 {
 
-/// What a caller may want of a run beside its results on the form.
-struct RunListener {
-    /// Sees every run file before it is merged away or deleted; may copy it.
-    std::function<void(const std::filesystem::path&)> RunFile;
-    /// Gets the lines of the summary.
-    std::function<void(const std::string&)> Summary;
+/// What a stochastic solve is asked for, the model aside.
+struct StochasticRequest {
+    std::filesystem::path ApplicationDirectory;  ///< of run files and report
+    float PenaltyPerUnit = 0;                    ///< dollars per unit of unmet demand
+    /// An empty directory in which every run file is kept, scratch tables as they were last.
+    std::optional<std::filesystem::path> KeepRunFiles;
 };
 
-/// Designs the line for the demand distribution of the working copy: builds the stage tables in
+/// How a solve ended.
+enum class StochasticEnd : std::int8_t {
+    NotStarted,      ///< something is missing, or the planner did not want it
+    ImpossibleTask,  ///< a task that no resource can do, which ends the program
+    Designed
+};
+
+struct StochasticOutcome {
+    StochasticEnd End = StochasticEnd::NotStarted;
+    std::string Summary;       ///< lines of the summary
+    std::string CapacityText;  ///< of the line: "84,000"
+};
+
+/// Whether each resource that Gen counts has a row.
+[[nodiscard]] bool HasEveryResource(const Database& database);
+
+/// Designs the line for the demand distribution of the database: writes the tables of the stages as
 /// run files, takes the capacity of lowest expected cost, reports and draws it. Run files of an
 /// earlier run are deleted first, its own at the end, also when it fails. The status window is
 /// shown meanwhile.
 /// Says so, and stops, when a resource has no row. From then on the report of an earlier run is
-/// gone. Throws what the stages throw; the model is then unchanged.
-void RunStochastic(MainForm& form, const RunListener& listener = {});
+/// gone. Where no resource can do a task, it says so and leaves run files and status window as they
+/// are: the program is to end at once.
+/// Throws what the stages throw; the model is then unchanged.
+StochasticOutcome RunStochastic(const Database& database, const StochasticRequest& request,
+                                SolveStatus& status, Dialogs& dialogs, PictureBoxes& pictures);
 
 }  // namespace quarnel02

@@ -9,26 +9,46 @@
 #include "basic/LinePrinter.h"
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
-#include "fixed/DrawLinks.h"
 #include "fixed/LinePicture.h"
+#include "fixed/ToolsText.h"
+#include "model/RowWriter.h"
 #include "shell/Reports.h"
-#include "stoch/ProductionFigures.h"
 
 namespace quarnel02 {
 
 namespace {
 
-std::string CapacityText(const ProductionFigures& figures) {
-    return Format(static_cast<double>(figures.Capacity), "#,###");
+/// What the rows of the store call the states of a pathway.
+constexpr int kFeasible = 1;
+constexpr int kChosen = 4;
+
+/// A station as the summary prints it.
+struct Station {
+    int Number;
+    ExpectedGroup Group;
+    std::string ShortName;
+    std::string Tools;
+};
+
+std::vector<Station> StationsOf(const StochasticLine& line, const LineModel& model,
+                                const Database& database) {
+    std::vector<Station> stations;
+    for (const ExpectedGroup& each : line.Groups) {
+        const StationGroup& group = each.Group;
+        stations.push_back({static_cast<int>(stations.size()) + 1, each,
+                            model.ResourceOf(group.Resource).ShortName,
+                            ToolsText(database, group.Resource, group.FirstTask, group.LastTask)});
+    }
+    return stations;
 }
 
-void PrintHead(LinePrinter& printer, const ProductionFigures& figures) {
+void PrintHead(LinePrinter& printer, const StochasticLine& line) {
     printer.Print("Final Solution");
     printer.Print("-------------------");
     // Meant: two fixed texts, whatever the design. A capacity is one of three shifts.
     printer.Print("Station Limit: ---");
     printer.Print("# of Shifts: 3");
-    printer.Print("Capacity: ", CapacityText(figures));
+    printer.Print("Capacity: ", CapacityText(line));
     printer.Print();
     printer.Print("Sta.  Resource  Qty     Cost      Time    Tasks    Tools");
 }
@@ -56,34 +76,39 @@ std::vector<std::string> ToolLines(const std::string& tools) {
     return lines;
 }
 
-void PrintStation(LinePrinter& printer, const ProductionStation& station) {
+void PrintStation(LinePrinter& printer, const Station& station) {
     constexpr int tools_column = 51;
+    const StationGroup& group = station.Group.Group;
     const std::vector<std::string> tools = ToolLines(station.Tools);
-    printer.Print(station.Number, Column{7}, station.ShortName, Column{17}, station.Quantity,
-                  Column{25}, Dollars(station.Cost, "$###"), Column{35},
-                  Format(static_cast<double>(station.Time), "###.##"), Column{43},
-                  NumberText(station.FirstTask) + "-" + NumberText(station.LastTask),
+    printer.Print(station.Number, Column{7}, station.ShortName, Column{17}, group.Stations,
+                  Column{25}, Dollars(static_cast<double>(station.Group.Cost), "$###"), Column{35},
+                  Format(static_cast<double>(station.Group.Time), "###.##"), Column{43},
+                  NumberText(group.FirstTask) + "-" + NumberText(group.LastTask),
                   Column{tools_column}, tools.front());
     for (auto line = tools.begin() + 1; line != tools.end(); ++line) {
         printer.Print(Column{tools_column}, *line);
     }
 }
 
-void PrintStations(LinePrinter& printer, const ProductionFigures& figures) {
-    for (const ProductionStation& station : figures.Stations) {
-        PrintStation(printer, station);
-    }
-}
-
-void PrintClosing(LinePrinter& printer, const ProductionFigures& figures) {
+void PrintClosing(LinePrinter& printer, const StochasticLine& line) {
     const auto seconds = [](float time) {
         return Format(static_cast<double>(time), "###.##") + " sec";
     };
-    printer.Print("Cycle Time: ", seconds(figures.CycleTime));
-    printer.Print("Max. Cycle Time: ", seconds(figures.MaximumCycleTime));
-    printer.Print("Expected Penalty Cost: ", Dollars(figures.ExpectedPenalty, "$#,###"));
-    printer.Print("Expected Annualized System Costs: ", Dollars(figures.SystemCosts, "$#,###"));
-    printer.Print("Expected Annualized Fixed Costs: ", Dollars(figures.FixedCosts, "$#,###"));
+    printer.Print("Cycle Time: ", seconds(line.CycleTime));
+    printer.Print("Max. Cycle Time: ", seconds(line.MaximumCycleTime));
+    printer.Print("Expected Penalty Cost: ", Dollars(line.ExpectedPenalty, "$#,###"));
+    printer.Print("Expected Annualized System Costs: ",
+                  Dollars(static_cast<double>(line.ExpectedCost), "$#,###"));
+    printer.Print("Expected Annualized Fixed Costs: ", Dollars(line.FixedCosts, "$#,###"));
+}
+
+void PrintSummary(LinePrinter& printer, const StochasticLine& line,
+                  const std::vector<Station>& stations) {
+    PrintHead(printer, line);
+    for (const Station& station : stations) {
+        PrintStation(printer, station);
+    }
+    PrintClosing(printer, line);
 }
 
 /// A number without exponent; from 10 million on, where a single has no decimals, a whole one.
@@ -97,17 +122,17 @@ std::string VolumeText(float volume) {
     return decimal == std::floor(decimal) ? Format(decimal, "###0") : NumberText(decimal);
 }
 
-std::string ReportText(const ProductionFigures& figures) {
+std::string ReportText(const StochasticLine& line) {
     TextLines lines;
     LinePrinter printer(lines);
     printer.Print("Production Report");
     printer.Print("-----------------");
     printer.Print(" ");
-    for (const DemandOutcome& outcome : figures.Outcomes) {
-        if (outcome.Prob == 0) {
+    for (const DemandOutcome& outcome : line.Outcomes) {
+        if (outcome.Point.Probability == 0) {
             continue;
         }
-        printer.Print("Demand:     ", VolumeText(outcome.Volume));
+        printer.Print("Demand:     ", VolumeText(outcome.Point.Volume));
         printer.Print("Shifts:     ", NumberText(outcome.Shifts));
         printer.Print("Total Cost: ", Dollars(outcome.TotalCost, "$#,###"));
         printer.Print("Penalty:    ", PlainText(outcome.Penalty));
@@ -117,67 +142,64 @@ std::string ReportText(const ProductionFigures& figures) {
 }
 
 void ClearMarks(const Database& database) {
-    RecordSet pathways = database.OpenRecordSet("SELECT * FROM Pathways;");
-    for (; !pathways.Eof(); pathways.MoveNext()) {
-        pathways.Edit();
-        pathways.Set("Feasible", 1);
-        pathways.Update();
-        pathways.MoveToLastModified();
+    RowWriter rows = RowWriter::Changing(database, "Pathways", {"Feasible"}, "Feasible");
+    RecordSet states = database.OpenRecordSet("SELECT DISTINCT Feasible FROM Pathways;");
+    for (; !states.Eof(); states.MoveNext()) {
+        rows.Write({kFeasible, states.Field(0)});
     }
 }
 
-void MarkStation(const Database& database, const ProductionStation& station) {
+int PathwayOf(const StationGroup& group, const Database& database) {
     const RecordSet arc = database.OpenRecordSet(
-        "SELECT ArcId FROM Arcs WHERE TaskStart = " + NumberText(station.FirstTask) +
-        " AND TaskEnd = " + NumberText(station.LastTask + 1) + ";");
-    RecordSet pathway = database.OpenRecordSet(
-        "SELECT Feasible FROM Pathways WHERE ArcId = " + NumberText(int{arc.Integer(0)}) +
-        " AND ResourceId = " + NumberText(station.Resource) + ";");
-    pathway.Edit();
-    pathway.Set("Feasible", 4);
-    pathway.Update();
-    pathway.MoveToLastModified();
+        "SELECT ArcId FROM Arcs WHERE TaskStart = " + NumberText(group.FirstTask) +
+        " AND TaskEnd = " + NumberText(group.LastTask + 1) + ";");
+    return database
+        .OpenRecordSet(
+            "SELECT PathId FROM Pathways WHERE ArcId = " + NumberText(int{arc.Integer(0)}) +
+            " AND ResourceId = " + NumberText(group.Resource) + ";")
+        .Integer(0);
 }
 
-void MarkDesign(MainForm& form, const ProductionFigures& figures) {
-    const Database database = form.OpenWorkingCopy();
+void MarkDesign(const Database& database, const StochasticLine& line) {
     Transaction transaction(database);
     ClearMarks(database);
-    for (const ProductionStation& station : figures.Stations) {
-        MarkStation(database, station);
+    RowWriter rows = RowWriter::Changing(database, "Pathways", {"Feasible"}, "PathId");
+    for (const ExpectedGroup& each : line.Groups) {
+        rows.Write({kChosen, PathwayOf(each.Group, database)});
     }
     transaction.Commit();
 }
 
-void DrawChosenLine(Picture& picture, const ProductionFigures& figures) {
+void DrawChosenLine(Picture& picture, const StochasticLine& line, const LineModel& model) {
     std::vector<StationFigure> stations;
-    for (const ProductionStation& station : figures.Stations) {
-        stations.push_back({station.Type, station.Quantity});
+    for (const ExpectedGroup& each : line.Groups) {
+        stations.push_back({model.ResourceOf(each.Group.Resource).Type, each.Group.Stations});
     }
     DrawLine(picture, stations);
 }
 
 }  // namespace
 
-std::string WriteProductionReport(StochRun& run) {
-    MainForm& form = run.Form;
-    const ProductionFigures figures = FiguresOf(run);
-    WriteFile(form.InApplicationDirectory(kProductionReport), ReportText(figures));
-    MarkDesign(form, figures);
-    form.picGraph[0].Clear();
-    PictureLines picture_lines(form.picGraph[0]);
+std::string CapacityText(const StochasticLine& line) {
+    return Format(static_cast<double>(line.Capacity), "#,###");
+}
+
+std::string WriteProductionReport(const StochasticLine& line, const LineModel& model,
+                                  const Database& database,
+                                  const std::filesystem::path& applicationDirectory,
+                                  PictureBoxes& pictures) {
+    const std::vector<Station> stations = StationsOf(line, model, database);
+    WriteFile(applicationDirectory / kProductionReport, ReportText(line));
+    MarkDesign(database, line);
+    pictures.picGraph[0].Clear();
+    PictureLines picture_lines(pictures.picGraph[0]);
     LinePrinter picture(picture_lines);
     TextLines text_lines;
     LinePrinter text(text_lines);
     for (LinePrinter* printer : {&picture, &text}) {
-        PrintHead(*printer, figures);
-        PrintStations(*printer, figures);
-        PrintClosing(*printer, figures);
+        PrintSummary(*printer, line, stations);
     }
-    DrawLinks(form);
-    DrawChosenLine(form.picGraph[2], figures);
-    NoteDesign(form, "Capacity " + CapacityText(figures) + " units a year");
-    mnuViewLast(form);
+    DrawChosenLine(pictures.picGraph[2], line, model);
     return text_lines.Text();
 }
 

@@ -1,14 +1,24 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
-#include "stoch/StochRun.h"
+#include "line/LineModel.h"
+#include "line/StochasticLine.h"
+#include "model/Database.h"
+#include "shell/PictureBoxes.h"
 
 namespace quarnel02 {
 
-/// Shows the chosen design on picGraph 0, marks it in Pathways with state 4 (all other rows get
-/// 1), redraws the network, writes "ProdRpt.txt", opens it, and draws the line on picGraph 2.
-/// Returns the summary's lines as text. Throws what the store reports, FileAccess.
-std::string WriteProductionReport(StochRun& run);
+/// Capacity of a line as the report prints it: "84,000".
+std::string CapacityText(const StochasticLine& line);
+
+/// Writes "ProdRpt.txt" in the application directory, marks the line in Pathways with state 4 (all
+/// other rows get 1), shows its summary on picGraph 0 and draws it on picGraph 2. Returns the
+/// summary's lines as text. Throws what the store reports, FileAccess.
+std::string WriteProductionReport(const StochasticLine& line, const LineModel& model,
+                                  const Database& database,
+                                  const std::filesystem::path& applicationDirectory,
+                                  PictureBoxes& pictures);
 
 }  // namespace quarnel02

@@ -1,13 +1,14 @@
 #include "stoch/cmdStoch.h"
 
 #include <cmath>
-#include <set>
 #include <string>
 
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "fixed/DrawLinks.h"
 #include "shell/Demand.h"
 #include "shell/ModelCheck.h"
 #include "shell/Reports.h"
-#include "stoch/AddExpectedPenalties.h"
 
 namespace quarnel02 {
 
@@ -15,57 +16,71 @@ namespace {
 
 constexpr int kFewestPoints = 2;
 
-/// Whether each resource that Gen counts is there. The run says so when it is not.
-bool HasEveryResource(const Database& database) {
-    RecordSet rows = database.OpenRecordSet("SELECT ResourceId FROM Resources;");
-    std::set<Value> numbers;
-    for (; !rows.Eof(); rows.MoveNext()) {
-        numbers.insert(rows.Field(0));
+/// What txtPenalty holds, dollars per unit of unmet demand.
+float PenaltyPerUnit(const TextBoxes& boxes) {
+    const float penalty = TextToSingle(boxes.Text(TextBox::txtPenalty), "Penalty ($/unit)");
+    if (penalty < 0) {
+        throw RunTimeError(ErrorKind::Overflow, "Penalty ($/unit) is " + NumberText(penalty) +
+                                                    "; it must be at least 0.");
     }
-    const RecordSet gen = database.OpenRecordSet("SELECT Resources FROM Gen;");
-    std::int64_t number = gen.Integer(0);
-    while (number > 0 && numbers.contains(Value(number))) {
-        --number;
-    }
-    return number == 0;
+    return penalty;
 }
 
 /// Whether the planner wants a design for probabilities that do not add up to 100.
-bool WantsProbabilities(MainForm& form) {
+bool WantsProbabilities(const Database& database, Dialogs& dialogs) {
     constexpr double tolerated = 0.05;
     constexpr double complete = 100;
-    const double sum = SumOfProbabilities(form.Model);
+    const double sum = SumOfProbabilities(database);
     return std::fabs(sum - complete) <= tolerated ||
-           form.SolveAnyway("The probabilities add up to " + PercentText(sum) + ".");
+           dialogs.SolveAnyway("The probabilities add up to " + PercentText(sum) + ".");
 }
 
-/// Everything that may stop a run before it touches anything.
-bool MayRun(MainForm& form) {
-    if (!HasTasksAndResources(form)) {  // which opens the model
-        return false;
+/// Refuses figures that a run cannot be made of. Returns the penalty per unit; without one where a
+/// resource is missing, which is for the run to say.
+float UsablePenalty(const Database& database, const TextBoxes& boxes) {
+    RequireUsableResources(database);  // one entered twice leaves another number without a row
+    if (!HasEveryResource(database)) {
+        return 0;
     }
-    RequireUsableResources(form.Model);  // one entered twice leaves another number without a row
-    if (HasEveryResource(form.Model)) {
-        RequireUsableModel(form.Model);
-        RequireUsableDemand(form.Model);
-        (void)PenaltyPerUnit(form);
+    RequireUsableModel(database);
+    RequireUsableDemand(database);
+    return PenaltyPerUnit(boxes);
+}
+
+StochasticOutcome Design(MainForm& form, const std::optional<std::filesystem::path>& keepRunFiles) {
+    if (!HasTasksAndResources(form)) {
+        return {};
     }
-    return WantsProbabilities(form);
+    const Database database = form.OpenWorkingCopy();
+    const float penalty = UsablePenalty(database, form);
+    if (!WantsProbabilities(database, form)) {
+        return {};
+    }
+    return RunStochastic(database, {form.ApplicationDirectory(), penalty, keepRunFiles}, form, form,
+                         form);
 }
 
 }  // namespace
 
-void cmdStoch_Click(MainForm& form, const RunListener& listener) {
+StochasticOutcome cmdStoch_Click(MainForm& form,
+                                 const std::optional<std::filesystem::path>& keepRunFiles) {
     ClearResults(form);
     if (form.DemandCount() < kFewestPoints) {
         form.ShowMessage("You must first enter a probability distribution for demand.",
                          MessageIcon::Information);
-        return;
+        return {};
     }
-    if (MayRun(form)) {
-        RunStochastic(form, listener);
+    StochasticOutcome outcome = Design(form, keepRunFiles);
+    if (outcome.End == StochasticEnd::Designed) {
+        DrawLinks(form);
+        NoteDesign(form, "Capacity " + outcome.CapacityText + " units a year");
+        mnuViewLast(form);
     }
-    form.Model.Close();
+    form.CloseModel();
+    if (outcome.End == StochasticEnd::ImpossibleTask) {
+        form.EndProgram();
+    }
+    return outcome;
 }
 
 }  // namespace quarnel02

@@ -113,16 +113,56 @@ TEST_F(StochasticProgram, LeavesThePicturesBesideTheReport) {
     }
 }
 
-TEST_F(StochasticProgram, KeepsCopiesOfEveryRunFile) {
+TEST_F(StochasticProgram, KeepsEveryRunFile) {
     ExpectSolved(Solve({"--keep-run-files", File("deep/kept")}));
-    const Lines names = {"EProd",  "EShift", "F1T1.R1", "F1T2.R1", "F2T2.R1", "F2T2.R2",
-                         "Final1", "Final2", "IT11",    "IT12",    "IT22"};
-    EXPECT_EQ(NamesIn(Run.File("deep/kept")), names);
-    const std::vector<std::uintmax_t> records = {2 * 16, 4 * 12,  6 * 20, 9 * 20, 6 * 20, 5 * 20,
-                                                 6 * 22, 10 * 22, 6 * 20, 9 * 20, 8 * 20};
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        EXPECT_EQ(fs::file_size(Run.File("deep/kept") / names[i]), records[i]) << names[i];
+    const std::vector<std::pair<std::string, std::uintmax_t>> records = {
+        {"EProd", 2 * 16},   {"EShift", 4 * 12},  {"F1T1.R1", 6 * 20}, {"F1T2.R1", 9 * 20},
+        {"F2T2.R1", 6 * 20}, {"F2T2.R2", 5 * 20}, {"Final", 10 * 22},  {"Final1", 6 * 22},
+        {"Final2", 10 * 22}, {"IT11", 6 * 20},    {"IT12", 9 * 20},    {"IT22", 8 * 20},
+        {"Temp1", 9 * 22},   {"Temp2", 9 * 22},   {"TempA", 6 * 20},   {"TempC", 8 * 20}};
+    Lines names;
+    for (const auto& [name, size] : records) {
+        names.push_back(name);
+        EXPECT_EQ(fs::file_size(Run.File("deep/kept") / name), size) << name;
     }
+    EXPECT_EQ(NamesIn(Run.File("deep/kept")), names);
+}
+
+TEST_F(StochasticProgram, KeepsRunFilesInAnEmptyDirectoryOnly) {
+    fs::create_directory(Run.File("kept"));
+    ExpectSolved(Solve({"--keep-run-files", File("kept")}));
+    const Lines kept = NamesIn(Run.File("kept"));
+    const std::string first = ReadFile(Run.File("kept") / "Final2");
+    const auto result = Solve({"--keep-run-files", File("kept"), "--progress", "--out", File("out"),
+                               "--save", File("solved.mdb")});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Out, "");
+    EXPECT_EQ(result.Err, "quarnel02-solve: --keep-run-files " + File("kept") +
+                              " is not empty. Name an empty directory, or a new one.\n");
+    EXPECT_EQ(NamesIn(Run.File("kept")), kept);
+    EXPECT_EQ(ReadFile(Run.File("kept") / "Final2"), first);
+    EXPECT_EQ(NamesIn(Run.File("")), (Lines{"kept", "line.mdb", "tmp"}));
+}
+
+TEST_F(StochasticProgram, KeepsTheRunFilesOfATaskThatNoResourceCanDo) {
+    ModelScript model = StagesModel();
+    model.Matrix = {{1, 1, 60, 1, 1000}};
+    const auto result =
+        Run({Run.Make("gap.mdb", model), "--stochastic", "--keep-run-files", File("kept")});
+    EXPECT_EQ(result.Status, 2);
+    EXPECT_EQ(NamesIn(Run.File("kept")),
+              (Lines{"EProd", "EShift", "F1T1.R1", "Final1", "IT11", "Temp1", "TempA"}));
+}
+
+TEST_F(StochasticProgram, KeepsTheRunFilesOfASolveThatFails) {
+    ModelScript model = StagesModel();
+    model.Matrix[1].ToolCost = 3e38;  // task 2, with a factor beyond a single
+    model.Resources[0].Icf = 2;
+    const auto result =
+        Run({Run.Make("dear.mdb", model), "--stochastic", "--keep-run-files", File("kept")});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(NamesIn(Run.File("kept")),
+              (Lines{"EProd", "EShift", "F1T1.R1", "Final1", "IT11", "Temp1", "TempA"}));
 }
 
 TEST_F(StochasticProgram, TellsItsProgress) {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 constexpr CurveTag kOne{1, 1, 0};
@@ -130,4 +130,4 @@ TEST(CurvesWithAPreviousTask, CostTheSame) {
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -14,7 +14,7 @@
 #include "line/LowerEnvelope.h"
 #include "line/RandomLine.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 using test::OneOf;
@@ -208,4 +208,4 @@ RC_GTEST_PROP(CurveAlgebraOfRandomCurves, ASumIsTheSumAsFarAsBothReach, ()) {
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

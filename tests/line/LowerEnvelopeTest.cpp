@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 constexpr CurveTag kOne{1, 1, 0};
@@ -95,4 +95,4 @@ TEST(EnvelopeOfTwoCurves, SaysWhenItIsTooLong) {
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

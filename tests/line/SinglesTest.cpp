@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 using Limits = std::numeric_limits<float>;
@@ -46,4 +46,4 @@ TEST(StraightLines, MeetBothEndsAndAreLevelAtTheFirstOfOneX) {
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -14,7 +14,7 @@
 #include "line/StochasticDesign.h"
 #include "line/StochasticTwin.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 using test::OneOf;
@@ -130,4 +130,4 @@ RC_GTEST_PROP(StochasticDesignOfRandomModels, DoesNotDependOnTheOrderOfEntry, ()
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

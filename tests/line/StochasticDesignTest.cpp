@@ -8,7 +8,7 @@
 #include "line/StochasticModels.h"
 #include "support/RunTimeErrors.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 using test::Oven;
@@ -253,4 +253,4 @@ TEST(StochasticDesign, TakesFourThousandAndNinetyFiveResources) {
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

@@ -30,16 +30,16 @@ TEST(RemoveReport, RemovesTheNamedReportOnly) {
     const ScriptedForm form(model.Directory());
     WriteFile(model.File("RunRpt.txt"), "x");
     WriteFile(model.File("ProdRpt.txt"), "x");
-    RemoveReport(form, kRunReport);
+    RemoveReport(form.ApplicationDirectory(), kRunReport);
     EXPECT_FALSE(HasReport(form, kRunReport));
     EXPECT_TRUE(HasReport(form, kProductionReport));
-    EXPECT_NO_THROW(RemoveReport(form, kRunReport));
+    EXPECT_NO_THROW(RemoveReport(form.ApplicationDirectory(), kRunReport));
 }
 
 TEST(RemoveReport, LeavesADirectoryOfThatName) {
     const TestModel model;
     std::filesystem::create_directory(model.File("RunRpt.txt"));
-    RemoveReport(ScriptedForm(model.Directory()), kRunReport);
+    RemoveReport(model.Directory(), kRunReport);
     EXPECT_TRUE(std::filesystem::is_directory(model.File("RunRpt.txt")));
 }
 

@@ -9,8 +9,6 @@
 #include <vector>
 
 #include "picture/Chart.h"
-#include "stoch/CurveFile.h"
-#include "stoch/DrawStochasticCosts.h"
 #include "support/FigureText.h"
 #include "support/StochBruteForce.h"
 #include "support/StochDesk.h"
@@ -96,10 +94,7 @@ TEST_P(Charts, AreReadable) {
         EXPECT_EQ(Bars(desk.Form.picGraph[1]), static_cast<std::size_t>(GetParam()));
         ExpectReadable(desk.Form.picGraph[3]);
         EXPECT_TRUE(HasText(desk.Form.picGraph[3], "Expected Shifts"));
-        desk.BuildFinalTables();
-        AddExpectedPenalties(desk.Run);
-        ExtractStochasticSolution(desk.Run);
-        DrawStochasticCosts(desk.Run);
+        desk.Solve();
         ExpectReadable(desk.Form.picGraph[3]);
         EXPECT_TRUE(HasText(desk.Form.picGraph[3], "Expected Annual Cost"));
     }
@@ -118,7 +113,6 @@ TEST(ChartDrawings, LabelVolumesInThousands) {
 TEST(ChartDrawings, MarkTheChosenCapacity) {
     StochDesk desk(test::StagesModel());
     desk.Solve();
-    DrawStochasticCosts(desk.Run);
     const auto discs = test::FiguresOf<CircleFigure>(desk.Form.picGraph[3]);
     ASSERT_EQ(discs.size(), 1U);
     EXPECT_TRUE(discs[0].Filled);
@@ -148,13 +142,9 @@ struct CostPlot {
 TEST(ChartDrawings, DrawTheCostCurveSegmentBySegment) {
     StochDesk desk(test::StagesModel(), "2");
     desk.Solve();
-    DrawStochasticCosts(desk.Run);
     const CostPlot plot(desk.Form.picGraph[3]);
     const auto curve = LinesOf(plot.Paper, {0, 0, 127});
-    std::vector<DesignSegment> designs;
-    for (CurveReader<DesignSegment> file(desk.Run.Files.Final(2)); !file.AtEnd(); file.Advance()) {
-        designs.push_back(file.Current());
-    }
+    const auto designs = desk.Result.ExpectedCosts.Segments();
     ASSERT_EQ(designs.size(), 10U);
     ASSERT_EQ(curve.size(), designs.size());
     // costs from 178,400 to 354,000, and a tenth of that below
@@ -164,8 +154,8 @@ TEST(ChartDrawings, DrawTheCostCurveSegmentBySegment) {
             return plot.Y(static_cast<double>(cost), scale.Low, scale.High);
         };
         EXPECT_EQ(curve[i].Width, 2);
-        EXPECT_NEAR(curve[i].X1, plot.X(static_cast<double>(designs[i].SegStart)), 1) << i;
-        EXPECT_NEAR(curve[i].X2, plot.X(static_cast<double>(designs[i].SegEnd)), 1) << i;
+        EXPECT_NEAR(curve[i].X1, plot.X(static_cast<double>(designs[i].Start)), 1) << i;
+        EXPECT_NEAR(curve[i].X2, plot.X(static_cast<double>(designs[i].End)), 1) << i;
         EXPECT_NEAR(curve[i].Y1, y(designs[i].CostStart), 1) << i;
         EXPECT_NEAR(curve[i].Y2, y(designs[i].CostEnd), 1) << i;
     }
@@ -174,7 +164,6 @@ TEST(ChartDrawings, DrawTheCostCurveSegmentBySegment) {
 TEST(ChartDrawings, GuideToTheVolumesThatSaveAShift) {
     StochDesk desk(test::StagesModel(), "2");
     desk.Solve();
-    DrawStochasticCosts(desk.Run);
     const CostPlot plot(desk.Form.picGraph[3]);
     const auto guides = LinesOf(plot.Paper, {200, 215, 235});
     const std::vector<double> volumes = {150000, 300000, 600000};
@@ -202,7 +191,6 @@ TEST(ChartDrawings, OfOneVolumeAlone) {
     model.Demand = {{100000, 50}, {100000, 50}};
     StochDesk desk(model);
     desk.Solve();
-    DrawStochasticCosts(desk.Run);
     ExpectReadable(desk.Form.picGraph[1]);
     ExpectReadable(desk.Form.picGraph[3]);
 }
@@ -212,7 +200,6 @@ TEST(ChartDrawings, OfProbabilitiesThatAreAllZero) {
     model.Demand = {{100000, 0}, {200000, 0}};
     StochDesk desk(model);
     desk.Solve();
-    DrawStochasticCosts(desk.Run);
     for (const int index : {1, 3}) {
         for (const auto& text :
              test::FiguresOf<TextFigure>(desk.Form.picGraph[static_cast<std::size_t>(index)])) {

@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "stoch/RecordFile.h"
-#include "stoch/Records.h"
 #include "stoch/RunFiles.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
@@ -51,18 +49,19 @@ class RunFilesTest : public testing::Test {
     RunFiles Files{Directory.Path()};
 };
 
-TEST_F(RunFilesTest, AreNamedByTaskAndResource) {
-    EXPECT_EQ(Files.ExpectedProduction(), Directory.Path() / "EProd");
-    EXPECT_EQ(Files.ExpectedShifts().filename(), "EShift");
-    EXPECT_EQ(Files.Resource(1, 12, 3).filename(), "F1T12.R3");
-    EXPECT_EQ(Files.Candidate(2).filename(), "Temp2");
-    EXPECT_EQ(Files.Final(10).filename(), "Final10");
+TEST(RunFileNames, AreThoseOfTaskAndResource) {
+    EXPECT_EQ(RunFileName({CurveStage::Resource, 1, 12, 3}), "F1T12.R3");
+    EXPECT_EQ(RunFileName({CurveStage::ArcMerge, 1, 12, 2}), "TempC");
+    EXPECT_EQ(RunFileName({CurveStage::Candidate, 1, 12, 2}), "Temp2");
+    EXPECT_EQ(RunFileName({CurveStage::PrefixMerge, 1, 12, 2}), "Final");
+    EXPECT_EQ(RunFileName({CurveStage::Prefix, 1, 10, 0}), "Final10");
+    EXPECT_EQ(RunFileName({CurveStage::WithPenalties, 1, 10, 0}), "Final10");
 }
 
-TEST_F(RunFilesTest, InitialTablesOfSomeArcsShareAName) {
-    EXPECT_EQ(Files.Initial(1, 12).filename(), "IT112");
-    EXPECT_EQ(Files.Initial(1, 112).filename(), "IT1112");
-    EXPECT_EQ(Files.Initial(11, 12).filename(), "IT1112");
+TEST(RunFileNames, OfSomeArcsAreTheSame) {
+    EXPECT_EQ(RunFileName({CurveStage::Arc, 1, 12, 0}), "IT112");
+    EXPECT_EQ(RunFileName({CurveStage::Arc, 1, 112, 0}), "IT1112");
+    EXPECT_EQ(RunFileName({CurveStage::Arc, 11, 12, 0}), "IT1112");
 }
 
 TEST_F(RunFilesTest, AllOfThemAreDeleted) {
@@ -168,102 +167,112 @@ TEST_F(RunFilesTest, CleanUpNeverFails) {
     EXPECT_NO_THROW(nowhere.DeleteAll());
 }
 
-TEST_F(RunFilesTest, EachIsShownOnce) {
-    Make({"EProd", "EShift", "F1T1.R1", "IT11", "Final1", "Temp1", "blank.seq", "Final.mdb"});
-    Names shown;
-    Files.ForEach([&](const fs::path& file) { shown.push_back(file.filename().string()); });
-    std::sort(shown.begin(), shown.end());
-    EXPECT_EQ(shown, (Names{"EProd", "EShift", "F1T1.R1", "Final1", "IT11", "Temp1"}));
-}
-
-TEST_F(RunFilesTest, AreShownAndDeletedFamilyByFamily) {
-    Make({"F1T1.R1", "EShift", "EProd", "IT11", "Final1", "Temp1"});
-    Names shown;
-    Files.ForEach([&](const fs::path& file) { shown.push_back(file.filename().string()); });
-    EXPECT_EQ(shown, (Names{"Temp1", "Final1", "IT11", "EProd", "EShift", "F1T1.R1"}));
-}
-
 TEST_F(RunFilesTest, OneIsDeletedIfThereIsOne) {
     Make({"TempA"});
-    DeleteRunFile(Files.Path("TempA"));
+    Files.Delete("TempA");
     EXPECT_EQ(NamesIn(Directory.Path()), Names{});
-    EXPECT_NO_THROW(DeleteRunFile(Files.Path("TempA")));
+    EXPECT_NO_THROW(Files.Delete("TempA"));
 }
 
 TEST_F(RunFilesTest, NothingElseIsDeletedInItsPlace) {
     MakeDirectory("TempA");
     Make("IT11", 21);
-    DeleteRunFile(Files.Path("TempA"));
-    DeleteRunFile(Files.Path("IT11"));
+    Files.Delete("TempA");
+    Files.Delete("IT11");
     EXPECT_EQ(NamesIn(Directory.Path()), (Names{"IT11", "TempA"}));
 }
 
 TEST_F(RunFilesTest, NothingElseIsReplaced) {
-    Make({"TempA"});
     Make("Final2", 21);
     Make("target", 22);
     MakeDirectory("IT11");
     fs::create_symlink(Directory.Path() / "target", Directory.Path() / "EProd");
     ASSERT_EQ(::mkfifo((Directory.Path() / "Temp1").c_str(), 0600), 0);
     for (const char* taken : {"Final2", "IT11", "EProd", "Temp1"}) {
-        const fs::path path = Files.Path(taken);
-        for (const std::string& message :
-             {ExpectRunTimeError(ErrorKind::FileAccess,
-                                 [&] { RenameRunFile(Files.Path("TempA"), path); }),
-              ExpectRunTimeError(ErrorKind::FileAccess,
-                                 [&] { const RecordWriter<ArcSegment> writer(path); })}) {
-            EXPECT_NE(message.find(taken), std::string::npos) << message;
-            EXPECT_NE(message.find("Move that elsewhere"), std::string::npos) << message;
-        }
+        const std::string message = ExpectRunTimeError(
+            ErrorKind::FileAccess, [&] { Files.Write(taken, std::string(2640, 'r')); });
+        EXPECT_EQ(message, "The run file " + PathText(Directory.Path() / taken) +
+                               " cannot be made: something else has its name. Move that elsewhere "
+                               "and solve again.");
     }
-    EXPECT_EQ(fs::file_size(Files.Path("Final2")), 21U);
-    EXPECT_EQ(ReadFile(Files.Path("target")), std::string(22, 'x'));
-    EXPECT_EQ(NamesIn(Directory.Path()),
-              (Names{"EProd", "Final2", "IT11", "Temp1", "TempA", "target"}));
+    EXPECT_EQ(fs::file_size(Directory.Path() / "Final2"), 21U);
+    EXPECT_EQ(ReadFile(Directory.Path() / "target"), std::string(22, 'x'));
+    EXPECT_EQ(NamesIn(Directory.Path()), (Names{"EProd", "Final2", "IT11", "Temp1", "target"}));
 }
 
-TEST_F(RunFilesTest, OneIsRenamedOverAnother) {
-    Make("TempA", 20);
-    Make("IT11", 40);
-    RenameRunFile(Files.Path("TempA"), Files.Path("IT11"));
-    EXPECT_EQ(NamesIn(Directory.Path()), Names{"IT11"});
-    EXPECT_EQ(fs::file_size(Files.Path("IT11")), 20U);
-    ExpectRunTimeError(ErrorKind::FileAccess,
-                       [&] { RenameRunFile(Files.Path("TempA"), Files.Path("IT11")); });
-}
-
-TEST_F(RunFilesTest, HoldWholeRecordsAtAnyTime) {
-    RecordWriter<DesignSegment> writer(Files.Path("Final"));
-    std::size_t largest = 0;
-    for (int record = 0; record < 1000; ++record) {
-        writer.Write({});
-        const auto size = fs::file_size(Files.Path("Final"));
-        EXPECT_EQ(size % DesignSegment::kSize, 0U);
-        largest = std::max<std::size_t>(largest, size);
-    }
-    EXPECT_GT(largest, 0U);  // some of it was on the disk meanwhile
-    writer.Close();
-    EXPECT_EQ(fs::file_size(Files.Path("Final")), 1000 * DesignSegment::kSize);
-}
-
-TEST_F(RunFilesTest, GoAgainWhenTheyAreNotEnded) {
-    {
-        RecordWriter<ArcSegment> writer(Files.Path("TempC"));
-        writer.Write({});
-        EXPECT_TRUE(fs::exists(Files.Path("TempC")));
-    }
-    EXPECT_EQ(NamesIn(Directory.Path()), Names{});
+TEST_F(RunFilesTest, OneIsWrittenOverAnother) {
+    Files.Write("IT11", std::string(40, 'a'));
+    Files.Write("IT11", std::string(20, 'b'));
+    EXPECT_EQ(ReadFile(Directory.Path() / "IT11"), std::string(20, 'b'));
+    Files.Write("Final1", "");
+    EXPECT_EQ(fs::file_size(Directory.Path() / "Final1"), 0U);
 }
 
 TEST_F(RunFilesTest, GoAgainWhenTheDiskIsFull) {
     {
         const test::FileSizeLimit limit(30);
-        RecordWriter<ArcSegment> writer(Files.Path("TempC"));
-        writer.Write({});
-        writer.Write({});
-        ExpectRunTimeError(ErrorKind::FileAccess, [&] { writer.Close(); });
+        const std::string message = ExpectRunTimeError(
+            ErrorKind::FileAccess, [&] { Files.Write("IT12", std::string(40, 'a')); });
+        EXPECT_TRUE(message.starts_with("The run file " + PathText(Directory.Path() / "IT12") +
+                                        " cannot be written: "))
+            << message;
+        EXPECT_TRUE(
+            message.ends_with(". Check the space and the rights of the application directory."))
+            << message;
     }
     EXPECT_EQ(NamesIn(Directory.Path()), Names{});
+}
+
+TEST_F(RunFilesTest, NeedADirectory) {
+    const RunFiles nowhere(Directory.Path() / "nowhere");
+    const std::string message =
+        ExpectRunTimeError(ErrorKind::FileAccess, [&] { nowhere.Write("EProd", ""); });
+    EXPECT_NE(message.find("nowhere/EProd cannot be made: No such file"), std::string::npos)
+        << message;
+}
+
+TEST_F(RunFilesTest, OfScratchAreOnlyKept) {
+    EXPECT_FALSE(Files.KeepsScratch());
+    Files.WriteScratch("TempC", "abc");
+    Files.RenameScratch("TempC", "TempA");
+    EXPECT_EQ(NamesIn(Directory.Path()), Names{});
+}
+
+class KeptRunFiles : public RunFilesTest {
+  protected:
+    TemporaryDirectory Kept;
+    RunFiles KeptFiles{Directory.Path(), Kept.Path()};
+};
+
+TEST_F(KeptRunFiles, AreWrittenTwice) {
+    KeptFiles.Write("IT11", "abc");
+    EXPECT_EQ(ReadFile(Directory.Path() / "IT11"), "abc");
+    EXPECT_EQ(ReadFile(Kept.Path() / "IT11"), "abc");
+}
+
+TEST_F(KeptRunFiles, OutliveTheRun) {
+    KeptFiles.Write("EProd", std::string(16, 'a'));
+    KeptFiles.DeleteAll();
+    EXPECT_EQ(NamesIn(Directory.Path()), Names{});
+    EXPECT_EQ(NamesIn(Kept.Path()), Names{"EProd"});
+}
+
+TEST_F(KeptRunFiles, AreDeletedWithTheirTable) {
+    KeptFiles.Write("IT11", std::string(20, 'a'));
+    KeptFiles.Delete("IT11");
+    EXPECT_EQ(NamesIn(Directory.Path()), Names{});
+    EXPECT_EQ(NamesIn(Kept.Path()), Names{});
+}
+
+TEST_F(KeptRunFiles, OfScratchAreRenamedOverOneAnother) {
+    EXPECT_TRUE(KeptFiles.KeepsScratch());
+    KeptFiles.WriteScratch("TempA", "old");
+    KeptFiles.WriteScratch("TempC", "new");
+    KeptFiles.RenameScratch("TempC", "TempA");
+    EXPECT_EQ(NamesIn(Kept.Path()), Names{"TempA"});
+    EXPECT_EQ(ReadFile(Kept.Path() / "TempA"), "new");
+    EXPECT_EQ(NamesIn(Directory.Path()), Names{});
+    ExpectRunTimeError(ErrorKind::FileAccess, [&] { KeptFiles.RenameScratch("TempC", "TempA"); });
 }
 
 }  // namespace

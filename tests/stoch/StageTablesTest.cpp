@@ -7,11 +7,14 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "basic/Files.h"
+#include "stoch/RunRecords.h"
 #include "support/StochDesk.h"
 #include "support/StochModels.h"
+#include "support/Surroundings.h"
 
 namespace quarnel02 {
 namespace {
@@ -138,15 +141,13 @@ const std::vector<Piece> kRobotBoth = {
     {600000, 600000, 197400, 197400, kRobot1 + 5, 1, 0, 6},
 };
 
-class StageTables : public testing::Test {
+/// All tables of a solve; scratch tables as they were last, those of the second task.
+class StageTablesTest : public testing::Test {
   protected:
-    StageTables() { Desk.BuildDemandTables(); }
+    StageTablesTest() { Desk.Solve(); }
 
     [[nodiscard]] std::filesystem::path File(const std::string& name) const {
-        return Desk.Copy.File(name);
-    }
-    [[nodiscard]] bool Has(const std::string& name) const {
-        return std::filesystem::exists(File(name));
+        return Desk.File(name);
     }
 
     /// Where Robot and Press cost the same for task 2, the last volume of Robot: 111,000 +
@@ -155,10 +156,44 @@ class StageTables : public testing::Test {
     /// 117,400 + 0.288 (C - 150,000) = 119,800 + 0.144 (C - 150,000) at 166,666.67.
     [[nodiscard]] float SecondCrossing() const { return RawFile(File("IT22")).Single(2 * 20 + 4); }
 
+    /// The cheaper one of Robot and Press on task 2.
+    [[nodiscard]] std::vector<Piece> CheaperOnTask2() const {
+        const float first = FirstCrossing();
+        const float second = SecondCrossing();
+        return {
+            {100000, first, 111000, 118200, kRobot1},
+            {After(first), Before(150000), 118200, 121800, kPress1},
+            {150000, second, 117400, 122200, kRobot1},
+            {After(second), 200000, 122200, 127000, kPress1},
+            {After(200000), Before(300000), 127000, 127000, kPress1},
+            {300000, 450000, 111800, 111800, kRobot1},
+            {After(450000), Before(600000), 108400, 108400, kRobot1 + 1},
+            {600000, 600000, 84400, 84400, kRobot1 + 1},
+        };
+    }
+
+    /// The cheapest designs of both tasks.
+    [[nodiscard]] std::vector<Piece> CheapestDesigns() const {
+        const float first = FirstCrossing();
+        const float second = SecondCrossing();
+        return {
+            {100000, first, 234000, 250200, 0, 1, 1, 1},
+            {After(first), Before(150000), 250200, 262800, 0, 2, 1, 1},
+            {150000, second, 250400, 261200, 0, 1, 1, 1},
+            {After(second), 200000, 261200, 278000, 0, 2, 1, 1},
+            {After(200000), Before(300000), 278000, 278000, 0, 2, 1, 1},
+            {300000, 300000, 221100, 221100, 0, 1, 0, 3},
+            {After(300000), 400000, 227600, 227600, 0, 1, 0, 4},
+            {After(400000), 450000, 229800, 229800, 0, 1, 1, 1},
+            {After(450000), Before(600000), 226400, 226400, 0, 1, 1, 2},
+            {600000, 600000, 178400, 178400, 0, 1, 1, 2},
+        };
+    }
+
     StochDesk Desk{StagesModel(), "2"};
 };
 
-TEST_F(StageTables, DemandStage) {
+TEST_F(StageTablesTest, DemandStage) {
     const RawFile file(File("EProd"));
     ASSERT_EQ(file.Size(), 2U * 16);
     // 0.4 x 100,000 + 0.6 x 200,000 = 160,000
@@ -166,11 +201,9 @@ TEST_F(StageTables, DemandStage) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         EXPECT_EQ(file.Single(i * 4), fields[i]) << i;
     }
-    EXPECT_EQ(Desk.Run.FirstVolume, 100000);
-    EXPECT_EQ(Desk.Run.LastVolume, 600000);
 }
 
-TEST_F(StageTables, ShiftStage) {
+TEST_F(StageTablesTest, ShiftStage) {
     const RawFile file(File("EShift"));
     ASSERT_EQ(file.Size(), 4U * 12);
     // 0.4 x 2 + 0.6 x 3 = 2.6; 0.4 x 1 + 0.6 x 2 = 1.6
@@ -181,66 +214,27 @@ TEST_F(StageTables, ShiftStage) {
     }
 }
 
-TEST_F(StageTables, ResourceStage) {
-    for (const auto& [start, end] : {std::pair(1, 1), std::pair(1, 2), std::pair(2, 2)}) {
-        Desk.Run.StartTask = start;
-        Desk.Run.EndTask = end;
-        BuildResourceTables(Desk.Run);
-    }
+TEST_F(StageTablesTest, ResourceStage) {
     ExpectArcs(File("F1T1.R1"), kRobotTask1);
     ExpectArcs(File("F2T2.R1"), kRobotTask2);
     ExpectArcs(File("F2T2.R2"), kPressTask2);
     ExpectArcs(File("F1T2.R1"), kRobotBoth);
-    EXPECT_FALSE(Has("F1T1.R2"));
-    EXPECT_FALSE(Has("F1T2.R2"));
 }
 
-TEST_F(StageTables, InitialStageTakesASingleTableAsItStands) {
-    Desk.BuildArc(1, 1);
+TEST_F(StageTablesTest, InitialStageMergesTables) {
+    EXPECT_NEAR(static_cast<double>(FirstCrossing()), 125000, 0.1);
+    EXPECT_NEAR(static_cast<double>(SecondCrossing()), 166666.67, 0.2);
+    ExpectArcs(File("IT22"), CheaperOnTask2());
+    ExpectArcs(File("TempA"), kRobotTask2);  // merged with Press
+    ExpectArcs(File("TempC"), CheaperOnTask2());
+}
+
+TEST_F(StageTablesTest, InitialStageTakesASingleTableAsItStands) {
     ExpectArcs(File("IT11"), kRobotTask1);
-    EXPECT_FALSE(Has("F1T1.R1"));
-    EXPECT_FALSE(Has("TempA"));
+    ExpectArcs(File("IT12"), kRobotBoth);
 }
 
-TEST_F(StageTables, InitialStageMergesTables) {
-    Desk.BuildArc(2, 2);
-    const float first = FirstCrossing();
-    const float second = SecondCrossing();
-    EXPECT_NEAR(static_cast<double>(first), 125000, 0.1);
-    EXPECT_NEAR(static_cast<double>(second), 166666.67, 0.2);
-    ExpectArcs(File("IT22"), {
-                                 {100000, first, 111000, 118200, kRobot1},
-                                 {After(first), Before(150000), 118200, 121800, kPress1},
-                                 {150000, second, 117400, 122200, kRobot1},
-                                 {After(second), 200000, 122200, 127000, kPress1},
-                                 {After(200000), Before(300000), 127000, 127000, kPress1},
-                                 {300000, 450000, 111800, 111800, kRobot1},
-                                 {After(450000), Before(600000), 108400, 108400, kRobot1 + 1},
-                                 {600000, 600000, 84400, 84400, kRobot1 + 1},
-                             });
-    EXPECT_FALSE(Has("F2T2.R1") || Has("F2T2.R2") || Has("TempA") || Has("TempC"));
-}
-
-TEST_F(StageTables, FirstTaskHasOneCandidate) {
-    EXPECT_EQ(Desk.BuildCandidates(1), 2);
-    ExpectDesigns(File("Temp1"), kRobotTask1);
-    EXPECT_FALSE(Has("Temp2"));
-    BuildFinalTable(Desk.Run, 2);
-    ExpectDesigns(File("Final1"), kRobotTask1);
-    EXPECT_FALSE(Has("Temp1"));
-}
-
-class SecondTask : public StageTables {
-  protected:
-    SecondTask() {
-        BuildFinalTable(Desk.Run, Desk.BuildCandidates(1));
-        Counter = Desk.BuildCandidates(2);
-    }
-    int Counter;
-};
-
-TEST_F(SecondTask, HasACandidatePerStartTask) {
-    EXPECT_EQ(Counter, 3);
+TEST_F(StageTablesTest, IntermediateStageHasACandidatePerStartTask) {
     ExpectDesigns(File("Temp1"), kRobotBoth);
     // Robot on task 1 and the cheaper of both on task 2, added up
     const float first = FirstCrossing();
@@ -258,63 +252,125 @@ TEST_F(SecondTask, HasACandidatePerStartTask) {
                                  });
 }
 
-TEST_F(SecondTask, FinalStageKeepsTheCheapestDesign) {
-    BuildFinalTable(Desk.Run, Counter);
-    const float first = FirstCrossing();
-    const float second = SecondCrossing();
-    ExpectDesigns(File("Final2"), {
-                                      {100000, first, 234000, 250200, 0, 1, 1, 1},
-                                      {After(first), Before(150000), 250200, 262800, 0, 2, 1, 1},
-                                      {150000, second, 250400, 261200, 0, 1, 1, 1},
-                                      {After(second), 200000, 261200, 278000, 0, 2, 1, 1},
-                                      {After(200000), Before(300000), 278000, 278000, 0, 2, 1, 1},
-                                      {300000, 300000, 221100, 221100, 0, 1, 0, 3},
-                                      {After(300000), 400000, 227600, 227600, 0, 1, 0, 4},
-                                      {After(400000), 450000, 229800, 229800, 0, 1, 1, 1},
-                                      {After(450000), Before(600000), 226400, 226400, 0, 1, 1, 2},
-                                      {600000, 600000, 178400, 178400, 0, 1, 1, 2},
-                                  });
-    EXPECT_FALSE(Has("Temp1") || Has("Temp2") || Has("Final"));
+TEST_F(StageTablesTest, FinalStageKeepsTheCheapestDesign) {
+    ExpectDesigns(File("Final1"), kRobotTask1);
+    ExpectDesigns(File("Final"), CheapestDesigns());
 }
 
-TEST_F(SecondTask, PenaltyStageAddsTheShortfall) {
-    BuildFinalTable(Desk.Run, Counter);
-    AddExpectedPenalties(Desk.Run);
-    const float first = FirstCrossing();
-    const float second = SecondCrossing();
+TEST_F(StageTablesTest, PenaltyStageAddsTheShortfall) {
+    std::vector<Piece> designs = CheapestDesigns();
     // 2 x (160,000 - E): 120,000 at 100,000, 90,000 at 125,000, 60,000 at 150,000, 40,000 at
     // 166,666.67, nothing from 200,000 on
-    ExpectDesigns(File("Final2"), {
-                                      {100000, first, 354000, 340200, 0, 1, 1, 1},
-                                      {After(first), Before(150000), 340200, 322800, 0, 2, 1, 1},
-                                      {150000, second, 310400, 301200, 0, 1, 1, 1},
-                                      {After(second), 200000, 301200, 278000, 0, 2, 1, 1},
-                                      {After(200000), Before(300000), 278000, 278000, 0, 2, 1, 1},
-                                      {300000, 300000, 221100, 221100, 0, 1, 0, 3},
-                                      {After(300000), 400000, 227600, 227600, 0, 1, 0, 4},
-                                      {After(400000), 450000, 229800, 229800, 0, 1, 1, 1},
-                                      {After(450000), Before(600000), 226400, 226400, 0, 1, 1, 2},
-                                      {600000, 600000, 178400, 178400, 0, 1, 1, 2},
-                                  });
-    EXPECT_FALSE(Has("Final"));
+    const std::vector<std::pair<double, double>> penalties = {
+        {120000, 90000}, {90000, 60000}, {60000, 40000}, {40000, 0}};
+    for (std::size_t i = 0; i < penalties.size(); ++i) {
+        designs[i].CostStart += penalties[i].first;
+        designs[i].CostEnd += penalties[i].second;
+    }
+    ExpectDesigns(File("Final2"), designs);
 }
 
-TEST_F(SecondTask, TheDesignIsTracedBackFromTheCheapestVolume) {
-    BuildFinalTable(Desk.Run, Counter);
-    AddExpectedPenalties(Desk.Run);
-    ExtractStochasticSolution(Desk.Run);
-    EXPECT_EQ(Desk.Run.Capacity, 600000);
-    EXPECT_NEAR(static_cast<double>(Desk.Run.ExpectedCost), 178400, kCents);
-    ASSERT_EQ(Desk.Run.Solution.size(), 2U);
-    const std::vector<SolutionEntry> expected = {{2, 2, 1, 2, 84400}, {1, 1, 1, 2, 94000}};
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        const SolutionEntry& entry = Desk.Run.Solution[i];
-        EXPECT_EQ(entry.StartTask, expected[i].StartTask);
-        EXPECT_EQ(entry.EndTask, expected[i].EndTask);
-        EXPECT_EQ(entry.ArcResource, expected[i].ArcResource);
-        EXPECT_EQ(entry.ArcInfo, expected[i].ArcInfo);
-        EXPECT_NEAR(static_cast<double>(entry.Cost), static_cast<double>(expected[i].Cost), kCents);
+using Names = std::vector<std::string>;
+
+TEST_F(StageTablesTest, AreAllKept) {
+    EXPECT_EQ(
+        test::NamesIn(Desk.Kept.Path()),
+        (Names{"EProd", "EShift", "F1T1.R1", "F1T2.R1", "F2T2.R1", "F2T2.R2", "Final", "Final1",
+               "Final2", "IT11", "IT12", "IT22", "Temp1", "Temp2", "TempA", "TempC"}));
+}
+
+TEST_F(StageTablesTest, AreInTheApplicationDirectoryWhereStagesExchangeThem) {
+    const Names tables = {"EProd", "EShift", "Final1", "Final2", "IT11", "IT12", "IT22"};
+    Names names = test::NamesIn(Desk.Copy.Directory());
+    std::erase(names, "blank.seq");
+    std::erase(names, "working.seq");
+    EXPECT_EQ(names, tables);
+    for (const std::string& name : tables) {
+        EXPECT_EQ(ReadFile(Desk.Copy.File(name)), ReadFile(File(name))) << name;
     }
+}
+
+TEST_F(StageTablesTest, TheDesignIsTracedBackFromTheCheapestVolume) {
+    const StochasticLine& line = Desk.Line();
+    EXPECT_EQ(line.Capacity, 600000);
+    EXPECT_NEAR(static_cast<double>(line.ExpectedCost), 178400, kCents);
+    ASSERT_EQ(line.Groups.size(), 2U);
+    EXPECT_EQ(line.Groups[0].Group, (StationGroup{1, 1, 1, 2}));
+    EXPECT_NEAR(static_cast<double>(line.Groups[0].Cost), 94000, kCents);
+    EXPECT_EQ(line.Groups[1].Group, (StationGroup{1, 2, 2, 2}));
+    EXPECT_NEAR(static_cast<double>(line.Groups[1].Cost), 84400, kCents);
+}
+
+/// A curve of one segment.
+CostCurve CurveOf(int resource) {
+    CostCurve curve;
+    curve.Append({100, 200, 1, 2, {static_cast<std::int16_t>(resource), 1, 0}});
+    return curve;
+}
+
+/// Stages that are told curves by hand.
+class ToldStages : public testing::Test {
+  protected:
+    void Arc(int first, int last, const CostCurve& curve) {
+        Tables.Made({CurveStage::Arc, first, last, 0}, curve);
+    }
+    void Resources(int first, int last, const std::vector<CostCurve>& curves) {
+        Tables.Begin({CurveStage::Resource, first, last, 0});
+        for (std::size_t i = 0; i < curves.size(); ++i) {
+            Tables.Made({CurveStage::Resource, first, last, static_cast<int>(i) + 1}, curves[i]);
+        }
+    }
+    [[nodiscard]] std::string Kept(const std::string& name) const {
+        return ReadFile(KeptFiles.Path() / name);
+    }
+    [[nodiscard]] std::string Table(const std::string& name) const {
+        return ReadFile(Directory.Path() / name);
+    }
+
+    TemporaryDirectory Directory;
+    TemporaryDirectory KeptFiles;
+    RunFiles Files{Directory.Path(), KeptFiles.Path()};
+    test::ScriptedForm Form{Directory.Path()};
+    StageTables Tables{Files, Form, 120};
+};
+
+TEST_F(ToldStages, ReplaceTheTableOfAnArcOfTheSameName) {
+    Arc(11, 12, CurveOf(1));
+    Arc(1, 112, CurveOf(2));
+    EXPECT_EQ(Table("IT1112"), ArcRecords(CurveOf(2)));
+    EXPECT_EQ(Kept("IT1112"), ArcRecords(CurveOf(2)));
+}
+
+TEST_F(ToldStages, LeaveNoTableOfTheSameNameToAnArcWithoutOne) {
+    Arc(11, 12, CurveOf(1));
+    Arc(1, 112, {});
+    EXPECT_EQ(test::NamesIn(Directory.Path()), Names{});
+    EXPECT_EQ(test::NamesIn(KeptFiles.Path()), Names{});
+}
+
+TEST_F(ToldStages, MakeNoTableOfAResourceWithoutACurve) {
+    Resources(1, 2, {{}, CurveOf(2), CurveOf(3)});
+    EXPECT_EQ(test::NamesIn(KeptFiles.Path()), (Names{"F1T2.R2", "F1T2.R3", "TempA"}));
+    EXPECT_EQ(Kept("TempA"), ArcRecords(CurveOf(2)));
+    Resources(2, 2, {CurveOf(4)});
+    EXPECT_EQ(Kept("TempA"), ArcRecords(CurveOf(4)));
+}
+
+TEST_F(ToldStages, MergeWhatTheMergeBeforeHasPutOut) {
+    Resources(1, 1, {CurveOf(1), CurveOf(2), CurveOf(3)});
+    Tables.Made({CurveStage::ArcMerge, 1, 1, 2}, CurveOf(4));
+    EXPECT_EQ(Kept("TempA"), ArcRecords(CurveOf(1)));
+    EXPECT_EQ(Kept("TempC"), ArcRecords(CurveOf(4)));
+    Tables.Made({CurveStage::ArcMerge, 1, 1, 3}, CurveOf(5));
+    EXPECT_EQ(Kept("TempA"), ArcRecords(CurveOf(4)));
+    EXPECT_EQ(Kept("TempC"), ArcRecords(CurveOf(5)));
+    Tables.Made({CurveStage::Candidate, 1, 3, 1}, CurveOf(1));
+    Tables.Made({CurveStage::PrefixMerge, 1, 3, 2}, CurveOf(6));
+    EXPECT_EQ(Kept("Temp1"), DesignRecords(CurveOf(1)));
+    Tables.Made({CurveStage::PrefixMerge, 1, 3, 3}, CurveOf(7));
+    EXPECT_EQ(Kept("Temp1"), DesignRecords(CurveOf(6)));
+    EXPECT_EQ(Kept("Final"), DesignRecords(CurveOf(7)));
+    EXPECT_EQ(test::NamesIn(Directory.Path()), Names{});
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The chosen capacity and design, and every table on the way, against shortest paths at every
-// volume where a cost can bend or jump, on small random models.
+// The chosen capacity and design of a loaded model, and every curve on the way, against shortest
+// paths at every volume where a cost can bend or jump, on small random models.
 
 #include <gtest/gtest.h>
 
@@ -9,21 +9,17 @@
 #include <string>
 #include <vector>
 
-#include "stoch/CurveFile.h"
-#include "stoch/ProductionFigures.h"
-#include "stoch/Records.h"
+#include "line/StochasticDesign.h"
+#include "shell/LoadLineModel.h"
 #include "support/StochBruteForce.h"
-#include "support/StochDesk.h"
+#include "support/TestModel.h"
 
 namespace quarnel02 {
 namespace {
 
-namespace fs = std::filesystem;
-
 using test::Dice;
 using test::ModelScript;
 using test::StochBruteForce;
-using test::StochDesk;
 
 #if defined(__SANITIZE_ADDRESS__)
 constexpr int kModels = 30;
@@ -31,17 +27,6 @@ constexpr int kModels = 30;
 constexpr int kModels = 250;
 #endif
 constexpr int kBatches = 10;
-
-/// Many small files: in memory, where there is such a place.
-class InMemory : public testing::Environment {
-  public:
-    void SetUp() override {
-        if (fs::is_directory("/dev/shm")) {
-            ::setenv("TMPDIR", "/dev/shm", 1);
-        }
-    }
-};
-[[maybe_unused]] const auto* const kInMemory = testing::AddGlobalTestEnvironment(new InMemory);
 
 std::string RandomPenalty(Dice& dice) {
     switch (dice(1, 4)) {
@@ -54,27 +39,41 @@ std::string RandomPenalty(Dice& dice) {
     }
 }
 
-/// A random model, solved stage by stage, beside its brute force.
+/// Keeps the curves of the task prefixes, the last one without penalties.
+class PrefixKeeper : public CurveListener {
+  public:
+    void Made(const CurveName& name, const CostCurve& curve) override {
+        if (name.Stage == CurveStage::Prefix) {
+            Prefixes.push_back(curve);
+        }
+    }
+
+    std::vector<CostCurve> Prefixes;
+};
+
+/// A random model, designed beside its brute force.
 class RandomSolve {
   public:
     explicit RandomSolve(unsigned seed) : m_dice(seed) {}
 
     void Check() {
+        const LineModel model = LoadLineModel(test::TestModel(Model.Sql()).Open());
+        PrefixKeeper kept;
+        const auto penalty = std::strtof(PenaltyText.c_str(), nullptr);
+        const StochasticResult result = DesignForDemand(model, penalty, kept);
         if (!Truth.DesignCost(Model.Tasks, Truth.FirstVolume())) {
-            EXPECT_THROW(m_desk.Solve(), ProgramEnded);
+            EXPECT_NE(result.ImpossibleTask, 0);
             return;
         }
-        m_desk.BuildDemandTables();
-        m_desk.BuildFinalTables();
+        ASSERT_EQ(kept.Prefixes.size(), static_cast<std::size_t>(Model.Tasks));
         for (int end = 1; end <= Model.Tasks; ++end) {
-            CheckFinalTable(end, 0);
+            CheckCurve(kept.Prefixes[static_cast<std::size_t>(end) - 1], end, 0);
         }
-        AddExpectedPenalties(m_desk.Run);
-        CheckFinalTable(Model.Tasks, 1);
-        ExtractStochasticSolution(m_desk.Run);
-        CheckOptimum();
-        CheckDesign();
-        CheckFigures();
+        CheckCurve(result.ExpectedCosts, Model.Tasks, 1);
+        ASSERT_TRUE(result.Line);
+        CheckOptimum(*result.Line);
+        CheckDesign(*result.Line);
+        CheckFigures(*result.Line);
         ++Solved;
     }
 
@@ -96,67 +95,64 @@ class RandomSolve {
     }
 
     /// One segment for every volume from the first to the last, each of them attained.
-    void CheckFinalTable(int end, int withPenalty) {
+    void CheckCurve(const CostCurve& curve, int end, int withPenalty) {
         float next = Truth.FirstVolume();
-        for (CurveReader<DesignSegment> file(m_desk.Run.Files.Final(end)); !file.AtEnd();
-             file.Advance()) {
-            const DesignSegment& segment = file.Current();
-            EXPECT_EQ(segment.SegStart, next) << "final table " << end;
-            EXPECT_LE(segment.SegStart, segment.SegEnd);
-            next = std::nextafter(segment.SegEnd, 1e30F);
-            const double width = static_cast<double>(segment.SegEnd - segment.SegStart);
-            const auto inside = static_cast<float>(static_cast<double>(segment.SegStart) +
+        for (const CurveSegment& segment : curve.Segments()) {
+            EXPECT_EQ(segment.Start, next) << "final table " << end;
+            EXPECT_LE(segment.Start, segment.End);
+            next = std::nextafter(segment.End, 1e30F);
+            const double width = static_cast<double>(segment.End - segment.Start);
+            const auto inside = static_cast<float>(static_cast<double>(segment.Start) +
                                                    width * m_dice(0, 1000) / 1000);
-            for (const float volume : {segment.SegStart, inside, segment.SegEnd}) {
-                ExpectTrue(CostAt(segment, volume), end, volume, withPenalty);
+            for (const float volume : {segment.Start, inside, segment.End}) {
+                ExpectTrue(segment.CostAt(volume), end, volume, withPenalty);
             }
         }
         EXPECT_EQ(next, std::nextafter(Truth.LastVolume(), 1e30F)) << "final table " << end;
     }
 
-    void CheckOptimum() const {
-        const auto cost = static_cast<double>(m_desk.Run.ExpectedCost);
-        ExpectTrue(cost, Model.Tasks, m_desk.Run.Capacity, 1);
+    void CheckOptimum(const StochasticLine& line) const {
+        ExpectTrue(static_cast<double>(line.ExpectedCost), Model.Tasks, line.Capacity, 1);
         for (const float volume : Truth.Volumes()) {
             const double other = TruthAt(Model.Tasks, volume, 1);
-            EXPECT_LE(cost, other + Rounding(volume, other)) << "cheaper at " << volume;
+            EXPECT_LE(static_cast<double>(line.ExpectedCost), other + Rounding(volume, other))
+                << "cheaper at " << volume;
         }
     }
 
-    /// The design is a chain over all tasks whose costs, worked out anew, add up.
-    void CheckDesign() const {
-        const float capacity = m_desk.Run.Capacity;
+    /// The line is a chain over all tasks whose costs, worked out anew, add up.
+    void CheckDesign(const StochasticLine& line) const {
+        const float capacity = line.Capacity;
         double sum = Truth.Penalty(capacity);
-        int end = Model.Tasks;
-        for (const SolutionEntry& entry : m_desk.Run.Solution) {
-            EXPECT_EQ(entry.EndTask, end);
-            ASSERT_TRUE(Truth.CanDo(entry.ArcResource, entry.StartTask, entry.EndTask));
-            EXPECT_EQ(entry.ArcInfo,
-                      Truth.Stations(entry.ArcResource, entry.StartTask, entry.EndTask, capacity));
-            const double cost =
-                Truth.ArcCost(entry.ArcResource, entry.StartTask, entry.EndTask, capacity);
-            EXPECT_NEAR(static_cast<double>(entry.Cost), cost, Rounding(capacity, cost));
+        int next = 1;
+        for (const auto& [group, time, expected] : line.Groups) {
+            const auto& [resource, first, last, stations] = group;
+            EXPECT_EQ(first, next);
+            ASSERT_TRUE(Truth.CanDo(resource, first, last));
+            EXPECT_EQ(stations, Truth.Stations(resource, first, last, capacity));
+            const double cost = Truth.ArcCost(resource, first, last, capacity);
+            EXPECT_NEAR(static_cast<double>(expected), cost, Rounding(capacity, cost));
             sum += cost;
-            end = entry.StartTask - 1;
+            next = last + 1;
         }
-        EXPECT_EQ(end, 0);
-        EXPECT_NEAR(sum, static_cast<double>(m_desk.Run.ExpectedCost), Rounding(capacity, sum));
+        EXPECT_EQ(next, Model.Tasks + 1);
+        EXPECT_NEAR(sum, static_cast<double>(line.ExpectedCost), Rounding(capacity, sum));
     }
 
-    void CheckFigures() const {
-        const ProductionFigures figures = FiguresOf(m_desk.Run);
+    void CheckFigures(const StochasticLine& line) const {
         double percent = 0;
         double expected = 0;
-        for (const DemandOutcome& outcome : figures.Outcomes) {
-            percent += static_cast<double>(outcome.Prob);
-            expected += static_cast<double>(outcome.Prob) / 100 * outcome.TotalCost;
+        for (const DemandOutcome& outcome : line.Outcomes) {
+            percent += static_cast<double>(outcome.Point.Probability);
+            expected += static_cast<double>(outcome.Point.Probability) / 100 * outcome.TotalCost;
         }
+        const auto cost = static_cast<double>(line.ExpectedCost);
         // Only then do the points' costs weigh as much as the expectations they are part of.
         if (percent == 100) {
-            EXPECT_NEAR(expected, figures.SystemCosts, Rounding(figures.Capacity, expected) * 4);
+            EXPECT_NEAR(expected, cost, Rounding(line.Capacity, expected) * 4);
         }
-        EXPECT_NEAR(figures.ExpectedPenalty, Truth.Penalty(figures.Capacity),
-                    Rounding(figures.Capacity, figures.SystemCosts));
+        EXPECT_NEAR(line.ExpectedPenalty, Truth.Penalty(line.Capacity),
+                    Rounding(line.Capacity, cost));
     }
 
     Dice m_dice;
@@ -166,9 +162,6 @@ class RandomSolve {
     const std::string PenaltyText = RandomPenalty(m_dice);
     const StochBruteForce Truth{Model,
                                 static_cast<double>(std::strtof(PenaltyText.c_str(), nullptr))};
-
-  private:
-    StochDesk m_desk{Model, PenaltyText};
 };
 
 class RandomModels : public testing::TestWithParam<int> {};

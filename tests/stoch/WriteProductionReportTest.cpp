@@ -90,9 +90,7 @@ constexpr const char* kPenaltyReport =
     " \n";
 
 std::string SummaryOf(StochSolve& solve) {
-    std::string text;
-    cmdStoch_Click(solve.Form, {{}, [&](const std::string& summary) { text = summary; }});
-    return text;
+    return cmdStoch_Click(solve.Form).Summary;
 }
 
 /// Texts of a picture put back on their lines and columns (margin 60, 96 by 200 twips each).

@@ -37,8 +37,7 @@ class ScriptedForm : public HeadlessForm {
     void SetProgress(int done, int total) override;
     void HideStatus() override;
     void Notice(const std::string& text) override;
-    /// Throws ProgramEnded.
-    [[noreturn]] void EndProgram() override;
+    void EndProgram() override;
     void DoEvents() override;
     void SetBusy(bool busy) override;
     void StartProgram(const std::string& commandLine) override;

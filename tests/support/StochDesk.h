@@ -1,73 +1,65 @@
 #pragma once
 
+#include <cstdlib>
 #include <string>
 
-#include "model/ModelFile.h"
-#include "stoch/AddExpectedPenalties.h"
+#include "basic/Files.h"
+#include "line/StochasticDesign.h"
+#include "shell/LoadLineModel.h"
 #include "stoch/BuildDemandTable.h"
-#include "stoch/BuildFinalTable.h"
-#include "stoch/BuildInitialTable.h"
-#include "stoch/BuildIntermediateTable.h"
-#include "stoch/BuildResourceTables.h"
 #include "stoch/BuildShiftTable.h"
-#include "stoch/ExtractStochasticSolution.h"
-#include "stoch/LoadStochData.h"
+#include "stoch/DrawStochasticCosts.h"
+#include "stoch/StageTables.h"
 #include "support/ModelScript.h"
 #include "support/ScriptedForm.h"
 #include "support/TestModel.h"
 
 namespace quarnel02::test {
 
-/// The stages of a stochastic solve, one by one, on a model's working copy.
+/// The tables and charts of a stochastic solve without its checks, report and clean-up. All run
+/// files are kept.
 class StochDesk {
   public:
     explicit StochDesk(const ModelScript& model, const std::string& penalty = "0")
         : StochDesk(model.Sql(), penalty) {}
     explicit StochDesk(const std::string& sql, const std::string& penalty = "0")
-        : Copy(sql), Form(Copy.Directory()), Run(Form) {
-        Form.SetText(TextBox::txtPenalty, penalty);
-        Form.OpenWorkingCopy();
-    }
+        : Copy(sql),
+          Form(Copy.Directory()),
+          Model(LoadLineModel(Copy.Open())),
+          Demand(Model.Demand()),
+          Penalty(std::strtof(penalty.c_str(), nullptr)) {}
 
     void BuildDemandTables() {
-        LoadStochData(Run);
-        BuildDemandTable(Run);
-        BuildShiftTable(Run);
+        BuildDemandTable(Demand, Files, Form.picGraph[1]);
+        BuildShiftTable(Demand, Files, Form.picGraph[3]);
     }
 
-    void BuildArc(int start, int end) {
-        Run.StartTask = start;
-        Run.EndTask = end;
-        BuildResourceTables(Run);
-        BuildInitialTable(Run);
+    void Design() {
+        StageTables tables(Files, Form, Model.TaskCount());
+        Result = DesignForDemand(Model, Penalty, tables);
     }
 
-    /// Every arc that ends at a task, and the task's candidates; gives what that stage returns.
-    int BuildCandidates(int end) {
-        for (int start = 1; start <= end; ++start) {
-            BuildArc(start, end);
-        }
-        return BuildIntermediateTable(Run);
-    }
-
-    void BuildFinalTables() {
-        for (int end = 1; end <= Run.Tasks; ++end) {
-            const int counter = BuildCandidates(end);
-            BuildFinalTable(Run, counter);
-        }
-    }
-
-    /// All stages up to the chosen design.
+    /// All stages up to the chart of the costs, for a model that has a line.
     void Solve() {
         BuildDemandTables();
-        BuildFinalTables();
-        AddExpectedPenalties(Run);
-        ExtractStochasticSolution(Run);
+        Design();
+        DrawStochasticCosts(Line(), Result.ExpectedCosts, Demand, Form.picGraph[3]);
+    }
+
+    [[nodiscard]] const StochasticLine& Line() const { return Result.Line.value(); }
+    /// A run file as it is kept.
+    [[nodiscard]] std::filesystem::path File(const std::string& name) const {
+        return Kept.Path() / name;
     }
 
     TestModel Copy;
     ScriptedForm Form;
-    StochRun Run;
+    LineModel Model;
+    DemandDistribution Demand;
+    float Penalty;
+    TemporaryDirectory Kept;
+    RunFiles Files{Copy.Directory(), Kept.Path()};
+    StochasticResult Result;
 };
 
 }  // namespace quarnel02::test
