@@ -6,13 +6,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "line/RandomDemand.h"
 #include "line/Singles.h"
 #include "support/RunTimeErrors.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 using Points = std::vector<DemandPoint>;
@@ -65,6 +66,61 @@ TEST(ExpectedProduction, OfADistributionThatIsCompleteToTwoDecimalsIsCertainAtTh
     EXPECT_FLOAT_EQ(pieces.at(1).ProductionHigh, 799.992F);  // 99.999 % of 800, not raised
 }
 
+TEST(ExpectedProduction, OfEqualVolumesHasAPieceOfOneVolume) {
+    // 0.5 x 100 + 0.2 x 100 + 0.3 x 100 = 100, 0.3 x 100 more at 200
+    const Points points = {{100, 50}, {100, 20}, {200, 30}};
+    EXPECT_EQ(PiecesOf(points),
+              (std::vector<ProductionPiece>{
+                  {100, 100, 100, 100}, {100, 200, 100, 130}, {200, kNoUpperEnd, 130, 130}}));
+    EXPECT_EQ(DemandDistribution(points).Production().At(100), 100);
+    EXPECT_EQ(DemandDistribution(points).Production().At(150), 115);
+}
+
+TEST(ExpectedProduction, OfAVolumeOfZeroBeginsThere) {
+    EXPECT_EQ(PiecesOf({{0, 20}, {100, 80}}),
+              (std::vector<ProductionPiece>{{0, 100, 0, 80}, {100, kNoUpperEnd, 80, 80}}));
+}
+
+TEST(ExpectedProduction, BeginsWithTheLowestVolumeOfACompleteDistribution) {
+    // Singles of 14.3 and 14.2 add up to 100.0000009, their shares of 12,345.678 to a little more.
+    Points points;
+    for (const float probability : {14.2F, 14.3F, 14.3F, 14.3F, 14.3F, 14.3F, 14.3F}) {
+        points.push_back({12345.678F + 1000 * static_cast<float>(points.size()), probability});
+    }
+    EXPECT_EQ(PiecesOf(points).front().ProductionLow, 12345.678F);
+    EXPECT_EQ(PiecesOf({{12345.678F, 33.33333F}, {20000, 66.66666F}}).front().ProductionLow,
+              12345.678F);
+}
+
+/// Points close together whose probabilities nearly add up to 100, or do not at all.
+Points RandomClosePoints() {
+    const int count = test::Roll(2, 10);
+    const float volume = static_cast<float>(test::Roll(1, 3000000)) / 7;
+    Points points;
+    for (int point = 0; point < count; ++point) {
+        const double share = 100.0 / count - test::Roll(0, 4) / 1000.0 / count;
+        points.push_back({volume + static_cast<float>(test::Roll(0, test::OneOf({1, 100000}))),
+                          static_cast<float>(test::OneOf({share, test::Roll(0, 400) / 10.0}))});
+    }
+    return points;
+}
+
+RC_GTEST_PROP(ExpectedProductionOfClosePoints, NeverFallsAndLeavesNoNegativeShortfall, ()) {
+    const DemandDistribution demand(RandomClosePoints());
+    float before = 0;
+    for (const ProductionPiece& piece : demand.Production().Pieces()) {
+        RC_ASSERT(piece.ProductionLow >= before);
+        RC_ASSERT(piece.ProductionHigh >= piece.ProductionLow);
+        before = piece.ProductionHigh;
+    }
+    const float first = demand.FirstVolume();
+    const float last = demand.Points().back().Volume;
+    for (int step = 0; step <= 50; ++step) {
+        const float capacity = first + (last - first) * static_cast<float>(step) / 50;
+        RC_ASSERT(demand.Production().ShortfallAt(capacity) >= 0);
+    }
+}
+
 TEST(ExpectedShifts, FallFromOneAndAHalfAndThreeTimesAVolumeOn) {
     // 0.4 x 2 + 0.6 x 3; then 0.4 x 1 + 0.6 x 2; both points of 300,000 change at once.
     EXPECT_EQ(StepsOf(kTwoPoints), (std::vector<ShiftStep>{{100000, 150000, 3},
@@ -88,6 +144,24 @@ TEST(ExpectedShifts, OfAVolumeOfZeroAreOneFromTheStart) {
     EXPECT_EQ(
         StepsOf({{0, 50}, {1000, 50}}),
         (std::vector<ShiftStep>{{1000, 1500, 2}, {1500, 3000, 1.5F}, {3000, kNoUpperEnd, 1}}));
+}
+
+TEST(ExpectedShifts, CountDoneStepsBeforeTheFirstVolume) {
+    // 0.75 x 1 + 0.25 x 3
+    EXPECT_EQ(StepsOf({{0, 50}, {0, 25}, {100, 25}}).front(), (ShiftStep{100, 150, 1.5F}));
+}
+
+/// 1.5 and 3 times a single are doubles without rounding.
+RC_GTEST_PROP(ShiftsAtADemandOfAnyVolume, ChangeWithTheExpectedShifts, ()) {
+    const float volume = static_cast<float>(test::Roll(1, 2000000000)) / 977;
+    const DemandDistribution demand(Points{{volume, 100}, {3e9F, 0}});
+    for (const auto& [factor, shifts] : {std::pair(1.5, 2), std::pair(3.0, 1)}) {
+        const float least = CeilingSingle(factor * static_cast<double>(volume));
+        RC_ASSERT(ShiftsAt(volume, least) == shifts);
+        RC_ASSERT(ShiftsAt(volume, PreviousSingle(least)) == shifts + 1);
+        RC_ASSERT(demand.Shifts().At(least) == shifts);
+        RC_ASSERT(demand.Shifts().At(PreviousSingle(least)) == shifts + 1);
+    }
 }
 
 TEST(ShiftsAtADemand, AreTwoFromOneAndAHalfTimesAndOneFromThreeTimesOn) {
@@ -175,4 +249,4 @@ RC_GTEST_PROP(RandomDistributions, WorkTheShiftsOfEveryPointOnAverage, ()) {
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02

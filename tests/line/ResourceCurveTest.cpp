@@ -1,12 +1,18 @@
 #include "line/ResourceCurve.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
+#include "line/CostModel.h"
+#include "line/RandomLine.h"
 #include "line/StochasticModels.h"
 
-namespace quarnel02::line {
+namespace quarnel02 {
 namespace {
 
 using test::OvenModel;
@@ -72,6 +78,74 @@ TEST(ResourceCurveOverCapacity, MayBeExactlyFullUpToADemandVolumeOnly) {
     EXPECT_GT(segments[3].End, 399999);
 }
 
+/// The curve of a resource on a range of tasks has, at a capacity, the cost of a fixed demand.
+void CheckAgainstFixedDemand(const LineModel& model, int resource, int first, int last,
+                             std::int16_t shifts, float capacity) {
+    const WorkContent content =
+        ContentOf(model.Entries(resource, first, last), model.ResourceOf(resource),
+                  model.Parameters().TransportTime);
+    const double demand = static_cast<double>(model.Demand().front().Volume);
+    const PathwayCost fixed =
+        CostOfGroup(content, model.ResourceOf(resource), model.Parameters(),
+                    {demand, shifts, model.Parameters().Days * shifts * 8 * 3600 / demand});
+    const CostCurve curve =
+        ResourceCurve(model, DemandDistribution(model.Demand()), resource, content);
+    const CurveSegment* const segment = curve.At(capacity);
+    RC_ASSERT(segment != nullptr);
+    RC_ASSERT(static_cast<float>(segment->CostAt(capacity)) == fixed.Cost);
+    RC_ASSERT(segment->Tag == (CurveTag{static_cast<std::int16_t>(resource), fixed.Stations, 0}));
+}
+
+/// Capacity v works a certain demand v in three shifts, 1.5 v in two and 3 v in one.
+RC_GTEST_PROP(ResourceCurveOfACertainDemand, CostsWhatAFixedDemandCosts, ()) {
+    const test::LineParts parts = test::RandomParts(10);
+    const float volume = static_cast<float>(test::Roll(20, 4000)) * 100;
+    const LineModel model(parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix,
+                          {{volume, 100}});
+    const int last = test::Roll(1, model.TaskCount());
+    const int first = test::Roll(1, last);
+    const int resource = test::Roll(1, model.ResourceCount());
+    const auto entries = model.Entries(resource, first, last);
+    RC_PRE(std::all_of(entries.begin(), entries.end(),
+                       [](const MatrixEntry& entry) { return entry.CanDo(); }));
+    for (const auto& [shifts, factor] :
+         {std::pair(3, 1.0F), std::pair(2, 1.5F), std::pair(1, 3.0F)}) {
+        CheckAgainstFixedDemand(model, resource, first, last, static_cast<std::int16_t>(shifts),
+                                factor * volume);
+    }
+}
+
+/// Times in tenths of a second that fill a cycle of a round time exactly.
+std::vector<double> FillingTimes(int tenths) {
+    std::vector<double> times;
+    const int parts = test::Roll(2, 6);
+    for (int left = parts - 1; left > 0; --left) {
+        const int share = test::Roll(1, tenths - left);
+        times.push_back(share / 10.0);
+        tenths -= share;
+    }
+    times.push_back(tenths / 10.0);
+    return times;
+}
+
+RC_GTEST_PROP(ResourceCurveOfAFullStation, NeedsNoFurtherOne, ()) {
+    const int cycle = 60 * test::Roll(1, 5);
+    const int stations = test::Roll(1, 4);
+    std::vector<MatrixRow> matrix;
+    for (const double time : FillingTimes(10 * cycle * stations)) {
+        matrix.push_back({1, static_cast<int>(matrix.size()) + 1, {time, 1, 500}});
+    }
+    const int tasks = static_cast<int>(matrix.size());
+    const auto volume = static_cast<float>(21600000 / cycle);
+    const LineModel model(test::YearOfSeconds(0), {test::Oven(1)}, test::TasksTo(tasks), matrix,
+                          {{volume / 3, 50}, {volume, 50}});
+    const CostCurve curve =
+        ResourceCurve(model, DemandDistribution(model.Demand()), 1,
+                      ContentOf(model.Entries(1, 1, tasks), model.ResourceOf(1), 0));
+    RC_ASSERT(curve.At(volume) != nullptr);
+    RC_ASSERT(curve.At(volume)->Tag.Stations == stations);
+}
+
 TEST(ResourceCurveOverCapacity, EndsAtFourThousandAndNinetyFiveStations) {
     const CostCurve curve = CurveOfOven(OvenModel(216 * 1000.0));  // a station serves 100 units
     EXPECT_EQ(curve.End(), 409500);
@@ -86,4 +160,4 @@ TEST(ResourceCurveOverCapacity, IsEmptyWhereTheFirstVolumeNeedsMore) {
 }
 
 }  // namespace
-}  // namespace quarnel02::line
+}  // namespace quarnel02
