@@ -199,9 +199,10 @@ void LengthenModel(const fs::path& file, int tasks) {
     transaction.Commit();
 }
 
-/// The stochastic design writes thousands of run files, which no machine does in a moment.
+/// The stochastic design writes a run file for each of many arcs, which no machine does in a
+/// moment.
 TEST_F(UnderOpenbox, AShortCutTypedDuringASolveNeverRuns) {
-    LengthenModel(Folder / "pump.mdb", 45);
+    LengthenModel(Folder / "pump.mdb", 150);
     StartAndOpenPump();
     Display.Tool({"key", "alt+s", "sleep", "0.3", "key", "ctrl+n"});
     ASSERT_TRUE(NotesTaken().empty()) << "the design ended before the short cut was typed";
