@@ -164,6 +164,18 @@ float ToSingle(double value, std::string_view field) {
     return single;
 }
 
+double DecimalOfSingle(float single) {
+    if (single == std::trunc(single)) {
+        return static_cast<double>(single);
+    }
+    std::array<char, 32> text{};
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), single);
+    double decimal = 0;
+    std::from_chars(text.data(), written.ptr, decimal);
+    // Rounded to a double first, a decimal next to the middle of two singles may read as the other.
+    return static_cast<float>(decimal) == single ? decimal : static_cast<double>(single);
+}
+
 std::int16_t ToInteger(double value, std::string_view field) {
     const double rounded = std::nearbyint(value);
     if (!(rounded >= std::numeric_limits<std::int16_t>::min() &&

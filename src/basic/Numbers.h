@@ -17,6 +17,10 @@ std::int16_t TextToInteger(std::string_view text, std::string_view field);
 /// Rounds to single precision. Throws Overflow beyond the range of a single.
 float ToSingle(double value, std::string_view field);
 
+/// The decimal number that stands for a single: a whole one as it is (12,345,678), any other as the
+/// shortest decimal that reads back to it (33.3).
+double DecimalOfSingle(float single);
+
 /// Rounds half to even to a 16-bit integer. Throws Overflow outside -32768 to 32767.
 std::int16_t ToInteger(double value, std::string_view field);
 

@@ -109,13 +109,8 @@ int Connection::Change(const std::string& sql, std::span<const Value> values) {
     });
 }
 
-void Connection::Begin() {
-    Translating(m_name, [&] { m_database.exec("BEGIN IMMEDIATE"); });
-}
-
-void Connection::Commit() {
-    const FailureGuard undo([&] { Undo(); });
-    Translating(m_name, [&] { m_database.exec("COMMIT"); });
+void Connection::Run(const char* sql) {
+    Translating(m_name, [&] { m_database.exec(sql); });
 }
 
 RunTimeError Translated(const SQLite::Exception& error, const std::string& file) {

@@ -61,9 +61,8 @@ class Connection : Immovable {
     int Change(const std::string& sql, std::span<const Value> values);
     [[nodiscard]] std::int64_t LastInsertedId() const { return m_database.getLastInsertRowid(); }
 
-    void Begin();
-    /// A commit that fails is undone, and throws.
-    void Commit();
+    /// Runs a statement that has neither values nor rows.
+    void Run(const char* sql);
     void Undo() noexcept { m_database.tryExec("ROLLBACK"); }
 
   private:

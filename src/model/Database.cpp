@@ -1,5 +1,6 @@
 #include "model/Database.h"
 
+#include "basic/ScopeGuard.h"
 #include "model/Connection.h"
 
 namespace quarnel02 {
@@ -34,7 +35,7 @@ bool Database::IsOpen() const noexcept {
 
 Transaction::Transaction(const Database& database)
     : m_database(database), m_connection(database.OpenSession()->Store) {
-    m_connection->Begin();
+    m_connection->Run("BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction() {
@@ -45,8 +46,9 @@ Transaction::~Transaction() {
 
 void Transaction::Commit() {
     (void)m_database.OpenSession();
+    const FailureGuard undo([this] { m_connection->Undo(); });
     m_open = false;
-    m_connection->Commit();
+    m_connection->Run("COMMIT");
 }
 
 }  // namespace quarnel02

@@ -38,16 +38,12 @@ bool RecordSet::OnRow() const {
     return m_at >= 0 && m_at < Size() && !m_rows.All[static_cast<std::size_t>(m_at)].Deleted;
 }
 
-const Row& RecordSet::Current() const {
+std::size_t RecordSet::Current() const {
     RequireOpen();
     if (!OnRow()) {
         ThrowNoCurrent();
     }
-    return m_rows.All[static_cast<std::size_t>(m_at)];
-}
-
-Row& RecordSet::Current() {
-    return const_cast<Row&>(std::as_const(*this).Current());
+    return static_cast<std::size_t>(m_at);
 }
 
 int RecordSet::RecordCount() const {
@@ -133,7 +129,7 @@ std::string RecordSet::Title(int position) const {
 }
 
 const Value& RecordSet::Field(int position) const {
-    const Row& row = Current();
+    const Row& row = m_rows.All[Current()];
     if (position < 0 || position >= std::ssize(row.Fields)) {
         throw RunTimeError(ErrorKind::FieldNotFound,
                            "The record set has no field number " + NumberText(position) + ".");
@@ -212,28 +208,21 @@ void RecordSet::Update() {
     DropChange();
 }
 
-std::vector<std::string_view> RecordSet::SetColumns() const {
-    std::vector<std::string_view> columns;
+std::pair<std::vector<std::string_view>, std::vector<Value>> RecordSet::Changes() const {
+    std::pair<std::vector<std::string_view>, std::vector<Value>> changes;
     for (const auto& [position, value] : m_set) {
-        columns.emplace_back(m_rows.Names[static_cast<std::size_t>(position)]);
+        changes.first.emplace_back(m_rows.Names[static_cast<std::size_t>(position)]);
+        changes.second.push_back(value);
     }
-    return columns;
-}
-
-std::vector<Value> RecordSet::SetValues() const {
-    std::vector<Value> values;
-    for (const auto& [position, value] : m_set) {
-        values.push_back(value);
-    }
-    return values;
+    return changes;
 }
 
 void RecordSet::WriteEdit() {
-    Row& row = Current();
-    std::vector<Value> values = SetValues();
+    Row& row = m_rows.All[Current()];
+    auto [columns, values] = Changes();
     values.emplace_back(row.Id);
     if (!m_set.empty() &&
-        m_session->Store->Change(UpdateText(m_rows.Table, SetColumns(), "rowid"), values) == 0) {
+        m_session->Store->Change(UpdateText(m_rows.Table, columns, "rowid"), values) == 0) {
         ThrowNoCurrent();
     }
     for (auto& [position, value] : m_set) {
@@ -244,7 +233,8 @@ void RecordSet::WriteEdit() {
 
 void RecordSet::WriteNew() {
     Connection& store = *m_session->Store;
-    store.Change(InsertText(m_rows.Table, SetColumns()), SetValues());
+    const auto [columns, values] = Changes();
+    store.Change(InsertText(m_rows.Table, columns), values);
     const std::string id = NumberText(store.LastInsertedId());
     const std::vector<std::string_view> names(m_rows.Names.begin(), m_rows.Names.end());
     Rows added =
@@ -260,7 +250,7 @@ void RecordSet::WriteNew() {
 
 void RecordSet::Delete() {
     RequireUpdatable();
-    Row& row = Current();
+    Row& row = m_rows.All[Current()];
     DropChange();
     const std::vector<Value> id = {row.Id};
     m_session->Store->Change("DELETE FROM " + m_rows.Table + " WHERE rowid=?", id);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/Value.h"
@@ -110,9 +111,8 @@ class RecordSet {
     RecordSet(std::shared_ptr<Session> session, const std::string& sql);
     void RequireOpen() const;
     void RequireUpdatable() const;
-    /// The row of the position. Throws NoCurrentRecord.
-    [[nodiscard]] const Row& Current() const;
-    [[nodiscard]] Row& Current();
+    /// Number of the current row. Throws NoCurrentRecord.
+    [[nodiscard]] std::size_t Current() const;
     [[noreturn]] void ThrowNoCurrent() const;
     [[nodiscard]] std::ptrdiff_t Size() const { return std::ssize(m_rows.All); }
     [[nodiscard]] bool OnRow() const;
@@ -124,8 +124,7 @@ class RecordSet {
     void WriteEdit();
     void WriteNew();
     /// Columns and values of the fields that were set.
-    [[nodiscard]] std::vector<std::string_view> SetColumns() const;
-    [[nodiscard]] std::vector<Value> SetValues() const;
+    [[nodiscard]] std::pair<std::vector<std::string_view>, std::vector<Value>> Changes() const;
 
     std::shared_ptr<Session> m_session;
     Rows m_rows;

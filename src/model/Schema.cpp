@@ -1,5 +1,7 @@
 #include "model/Schema.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 
 namespace quarnel02 {
@@ -10,10 +12,6 @@ constexpr auto kInteger = FieldType::Integer;
 constexpr auto kReal = FieldType::Real;
 constexpr auto kSingle = FieldType::Single;
 constexpr auto kText = FieldType::Text;
-
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 }  // namespace
 
@@ -101,8 +99,8 @@ FieldType TypeOfColumn(const TableSchema* table, std::string_view column) {
 }
 
 bool SameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return Lower(x) == Lower(y); });
+    return a.size() == b.size() &&
+           sqlite3_strnicmp(a.data(), b.data(), static_cast<int>(a.size())) == 0;
 }
 
 }  // namespace quarnel02

@@ -1,9 +1,5 @@
 #include "model/Value.h"
 
-#include <array>
-#include <charconv>
-#include <cmath>
-
 #include "basic/Numbers.h"
 
 namespace quarnel02 {
@@ -31,18 +27,6 @@ std::string ToText(const Value& value) {
 }
 
 }  // namespace
-
-double DecimalOfSingle(float single) {
-    if (single == std::trunc(single)) {
-        return static_cast<double>(single);
-    }
-    std::array<char, 32> text{};
-    const auto written = std::to_chars(text.data(), text.data() + text.size(), single);
-    double decimal = 0;
-    std::from_chars(text.data(), written.ptr, decimal);
-    // Rounded to a double first, a decimal next to the middle of two singles may read as the other.
-    return static_cast<float>(decimal) == single ? decimal : static_cast<double>(single);
-}
 
 Value ConvertTo(FieldType type, const Value& value, const std::string& field) {
     if (IsNull(value)) {

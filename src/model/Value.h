@@ -17,10 +17,6 @@ inline bool IsNull(const Value& value) {
 /// the text that was entered: 33.3 is 33.3 and not 33.2999992.
 enum class FieldType { Integer, Real, Single, Text };
 
-/// The decimal number that stands for a single: a whole one as it is (12,345,678), any other as the
-/// shortest decimal that reads back to it (33.3).
-double DecimalOfSingle(float single);
-
 /// `value` as a field of the given type stores it: texts become numbers, numbers become texts,
 /// an integer field rounds half to even. Null stays Null. `field` names the field in errors.
 /// Throws TypeMismatch for a text that is no number, Overflow beyond the type's range.

@@ -21,12 +21,21 @@ namespace {
 /// none.
 std::function<int(int descriptor)> on_flush;
 
+/// Whether the system gives a nameless file no name.
+bool only_named = false;
+
 }  // namespace
 
-/// In place of the system's.
+// In place of the system's.
 extern "C" int fsync(int descriptor) {
     errno = on_flush ? on_flush(descriptor) : 0;
     return errno != 0 ? -1 : static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+extern "C" int linkat(int from, const char* source, int to, const char* target,
+                      int flags) noexcept {
+    errno = only_named ? EOPNOTSUPP : 0;
+    return only_named ? -1
+                      : static_cast<int>(::syscall(SYS_linkat, from, source, to, target, flags));
 }
 
 namespace quarnel02 {
@@ -56,7 +65,10 @@ class FlushTest : public testing::Test {
             return 0;
         };
     }
-    void TearDown() override { on_flush = nullptr; }
+    void TearDown() override {
+        on_flush = nullptr;
+        only_named = false;
+    }
 
     [[nodiscard]] static ino_t NumberOf(const fs::path& file) {
         struct stat status {};
@@ -119,6 +131,26 @@ TEST_F(FlushTest, ADiskThatIsFullAtLastIsCalledSo) {
         EXPECT_EQ(ReadFile(Target), "old");
         EXPECT_EQ(NamesIn(Folder.Path()), Names{"line.mdb"});
     }
+}
+
+TEST_F(FlushTest, AFileThatHasANameFromTheStartIsFlushedToo) {
+    only_named = true;
+    WriteWhole(Target, "new content");
+    ASSERT_EQ(Flushes.size(), 3U);  // the first is that of the nameless file
+    EXPECT_EQ(Flushes[1].File, NumberOf(Target));
+    EXPECT_EQ(Flushes[1].Size, 11);
+    EXPECT_EQ(Flushes[1].Target, "old");
+    EXPECT_EQ(ReadFile(Target), "new content");
+    EXPECT_EQ(NamesIn(Folder.Path()), Names{"line.mdb"});
+}
+
+TEST_F(FlushTest, AFileThatHasANameFromTheStartIsRemovedWhenItFails) {
+    only_named = true;
+    int left = 1;
+    on_flush = [&left](int /*descriptor*/) { return left-- > 0 ? 0 : EIO; };
+    ExpectRunTimeError(ErrorKind::FileAccess, [&] { WriteWhole(Target, "new content"); });
+    EXPECT_EQ(ReadFile(Target), "old");
+    EXPECT_EQ(NamesIn(Folder.Path()), Names{"line.mdb"});
 }
 
 TEST_F(FlushTest, ADamagedFileWithFurtherNamesLeavesAWholeCopyAndSaysWhere) {
