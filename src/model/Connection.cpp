@@ -53,10 +53,10 @@ int Execute(SQLite::Statement& statement, std::span<const Value> values) {
     return statement.exec();
 }
 
-std::string Joined(std::span<const std::string_view> names, std::string_view behind_each) {
+std::string Joined(std::span<const std::string_view> names, std::string_view behindEach) {
     std::string text;
     for (const std::string_view name : names) {
-        text.append(text.empty() ? "\"" : ",\"").append(name).append("\"").append(behind_each);
+        text.append(text.empty() ? "\"" : ",\"").append(name).append("\"").append(behindEach);
     }
     return text;
 }

@@ -24,7 +24,7 @@ constexpr int kBusyMilliseconds = 3000;
 int Execute(SQLite::Statement& statement, std::span<const Value> values);
 
 /// The names as SQL, with something behind each: `"Cost"=?,"Time"=?`.
-std::string Joined(std::span<const std::string_view> names, std::string_view behind_each = "");
+std::string Joined(std::span<const std::string_view> names, std::string_view behindEach = "");
 
 /// What SQLite reports of a file, in our words. Throws std::bad_alloc where memory is short.
 RunTimeError Translated(const SQLite::Exception& error, const std::string& file);

@@ -44,16 +44,16 @@ ReadStatement WithIds(sqlite3* database, std::string_view sql) {
     return statement ? std::move(statement) : TryPrepare(database, text + ", rowid");
 }
 
-void ReadAll(const ReadStatement& statement, int first_field, Rows& rows) {
+void ReadAll(const ReadStatement& statement, int firstField, Rows& rows) {
     const int columns = sqlite3_column_count(statement.get());
-    for (int column = first_field; column < columns; ++column) {
+    for (int column = firstField; column < columns; ++column) {
         rows.Names.emplace_back(sqlite3_column_name(statement.get(), column));
     }
     while (Step(statement)) {
         Row& row = rows.All.emplace_back();
         row.Id = sqlite3_column_int64(statement.get(), 0);
         row.Fields.reserve(rows.Names.size());
-        for (int column = first_field; column < columns; ++column) {
+        for (int column = firstField; column < columns; ++column) {
             row.Fields.push_back(FieldOf(statement, column));
         }
     }
