@@ -66,11 +66,21 @@ TEST(StochFailures, AnEleventhDemandPointIsOutOfRange) {
     model.Demand.emplace_back(11000, 0);
     StochSolve eleven(model);
     EXPECT_TRUE(Contains(ExpectFailure(eleven, ErrorKind::SubscriptOutOfRange), "10 points"));
+    StochSolve with_a_row_left_out(model.Sql() + "INSERT INTO Demand VALUES (NULL, 50);");
+    ExpectFailure(with_a_row_left_out, ErrorKind::SubscriptOutOfRange);
+    EXPECT_EQ(with_a_row_left_out.EventsOf({"notice"}), Lines{});
 }
 
 TEST(StochFailures, NoPositiveVolumeIsRefused) {
     StochSolve solve(WithDemand({{0, 50}, {0, 50}}));
     EXPECT_TRUE(Contains(ExpectFailure(solve, ErrorKind::TypeMismatch), "no volume above 0"));
+}
+
+TEST(StochFailures, RowsLeftOutAreSaidBeforeWhatTheRestLacks) {
+    StochSolve solve(WithDemand({{0, 50}, {0, 50}}).Sql() +
+                     "INSERT INTO Demand VALUES (NULL, 50);");
+    ExpectFailure(solve, ErrorKind::TypeMismatch);
+    EXPECT_EQ(solve.EventsOf({"notice"}), Lines{"notice: 1 demand row without a number left out."});
 }
 
 TEST(StochFailures, DemandThatCannotBeIsRefusedBeforeTheRun) {
@@ -174,6 +184,9 @@ TEST(StochFailures, TakesAtMost4095Resources) {
     EXPECT_EQ(ExpectFailure(one_more, ErrorKind::Overflow),
               "Number of resources is 4,096; the stochastic design takes at most 4,095 of them. "
               "Delete some in the resource editor.");
+    StochSolve one_missing(ManyResources(4096).Sql() +
+                           "DELETE FROM Resources WHERE ResourceId = 7;");
+    ExpectFailure(one_missing, ErrorKind::Overflow);
 }
 
 TEST(StochFailures, ATaskOfTooManyStationsEndsTheProgram) {
@@ -246,6 +259,8 @@ TEST(StochFailures, ATaskThatNoResourceCanDoEndsTheProgram) {
                            "resource can do task 2: none has a time for it. Enter one in the "
                            "task-resource matrix.",
                            "end program"}));
+    EXPECT_EQ(solve.Form.Events.back(), "end program");
+    EXPECT_EQ(solve.EventsOf({"hide status"}), Lines{});  // the window goes with the program
     EXPECT_FALSE(solve.Form.Model.IsOpen());
     EXPECT_EQ(solve.EventsOf({"start"}), Lines{});
 }

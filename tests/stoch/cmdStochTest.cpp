@@ -181,11 +181,13 @@ TEST(cmdStoch, MissingResourceIsSaidBeforeAnythingIsBuilt) {
     StochSolve solve(StagesModel().Sql() + "DELETE FROM Resources WHERE ResourceId = 2;");
     solve.MakeFile("Final");
     solve.MakeFile("F1T1.R1");
+    solve.MakeFile("ProdRpt.txt");
+    solve.Form.SetText(TextBox::txtPenalty, "much");
     solve.Press();
     EXPECT_EQ(solve.Form.Events,
               Lines{"message[information]: Please complete the task and resource information "
                     "tables first."});
-    EXPECT_EQ(solve.Files(), Lines{});
+    EXPECT_EQ(solve.Files(), Lines{"ProdRpt.txt"});
 }
 
 TEST(cmdStoch, MissingPairsAreNoError) {
