@@ -3,19 +3,20 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QLocale>
+#include <algorithm>
+#include <array>
+#include <iostream>
 
 namespace {
 
-/// The same glyphs on every machine, those of fonts-liberation.
-class PinnedFonts : public ::testing::Environment {
-  public:
-    void SetUp() override {
-        for (const char* family : {"Liberation Sans", "Liberation Mono"}) {
-            const QString found = QFontInfo(QFont(QString::fromLatin1(family))).family();
-            ASSERT_EQ(found.toStdString(), family) << "run scripts/setup";
-        }
-    }
-};
+/// Whether the tests get the fonts that they bring.
+bool HasFonts() {
+    constexpr std::array families = {"Liberation Sans", "Liberation Mono"};
+    return std::all_of(families.begin(), families.end(), [](const char* name) {
+        const QString family = QString::fromLatin1(name);
+        return QFontInfo(QFont(family)).family() == family;
+    });
+}
 
 }  // namespace
 
@@ -31,6 +32,9 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("quarnel02"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.2.3"));
     ::testing::InitGoogleMock(&argc, argv);
-    ::testing::AddGlobalTestEnvironment(new PinnedFonts);
+    if (!::testing::GTEST_FLAG(list_tests) && !HasFonts()) {
+        std::cerr << "fonts-liberation is missing; run scripts/setup\n";
+        return 1;
+    }
     return RUN_ALL_TESTS();
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "model/ModelFile.h"
 #include "support/ModelScript.h"
 #include "support/ProgramRun.h"
+#include "support/Surroundings.h"
 
 namespace quarnel02::test {
 
@@ -48,15 +48,5 @@ class SolveRun {
 
     TemporaryDirectory m_directory;
 };
-
-/// Names of the files in a directory, in order.
-inline std::vector<std::string> NamesIn(const std::filesystem::path& directory) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(directory)) {
-        names.push_back(PathText(entry.path().filename()));
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
 
 }  // namespace quarnel02::test
