@@ -52,6 +52,7 @@ struct Figures {
 template <class Measure>
 double MedianOf(int runs, Measure measure) {
     std::vector<double> results;
+    results.reserve(static_cast<std::size_t>(runs));
     for (int run = 0; run < runs; ++run) {
         results.push_back(measure());
     }
@@ -85,7 +86,7 @@ class Place {
     }
     [[nodiscard]] const fs::path& Path() const { return m_directory->Path(); }
     [[nodiscard]] fs::path Model(const Case& size) const {
-        const fs::path file = Path() / (SizeText(size) + ".mdb");
+        fs::path file = Path() / (SizeText(size) + ".mdb");
         if (!fs::exists(file)) {
             Run({Program("quarnel02-generate"), file.string(), "--tasks",
                  std::to_string(size.Tasks), "--resources", std::to_string(size.Resources)},
