@@ -61,8 +61,7 @@ struct Desk {
     }
 
     void LoadGenerated(int tasks, int resources) const {
-        Window->CloseModel();
-        MakeModelFile(Window->InApplicationDirectory("working.seq"),
+        MakeModelFile(Window->Copy().Path(),
                       ReadFile(QUARNEL02_SCHEMA_FILE) + GeneratedModelScript(tasks, resources, 1));
         ShowLoadedModel(*Window);
         QCoreApplication::processEvents();

@@ -16,7 +16,7 @@ namespace quarnel02 {
 frmMain::frmMain(std::filesystem::path applicationDirectory)
     : MainForm(std::move(applicationDirectory)),
       m_ui(std::make_unique<Ui::frmMain>()),
-      m_dialog(InApplicationDirectory({}), this),
+      m_dialog(Copy().File({}), this),
       m_commands(*this, m_dialog),
       m_launcher(std::make_unique<ReportLauncher>(this)),
       m_marks(*this) {

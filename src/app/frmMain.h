@@ -43,6 +43,8 @@ class frmMain : public QMainWindow, public MainForm {
     /// Begins an untitled model. False when that failed, which the user has then been told.
     bool StartUp();
 
+    [[nodiscard]] CurrentModel& Current() { return m_commands.Current(); }
+
     /// Runs what an event does, and then shows whether results and file still belong to the model.
     /// A run-time error ends it with one critical message; the program lives on. False after an
     /// error.
@@ -81,7 +83,7 @@ class frmMain : public QMainWindow, public MainForm {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    using Procedure = void (*)(MainForm&);
+    using Procedure = void (*)(MainForm&, CurrentModel&);
     class SolveScope;
     class DialogScope;
 

@@ -54,7 +54,7 @@ void frmMain::SelectDemand(int line) {
         const QSignalBlocker quiet(m_ui->lstDemand);
         m_ui->lstDemand->setCurrentRow(line);
     }
-    ShowDemandRow(*this, line);
+    ShowDemandRow(OpenWorkingCopy(), line, *this);
 }
 
 std::string frmMain::DemandLine(int line) const {

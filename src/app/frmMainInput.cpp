@@ -23,11 +23,14 @@ bool frmMain::SaveFocusedBox() {
         return true;
     }
     box->setModified(false);
-    return RunEvent([&] { (box == m_ui->txtPenalty ? SavePenalty : SaveGeneral)(*this); });
+    return RunEvent([&] {
+        (box == m_ui->txtPenalty ? SavePenalty : SaveGeneral)(*this, m_commands.Current());
+    });
 }
 
 void frmMain::SaveOnEntering(FieldBox& box, Procedure save) {
-    connect(&box, &FieldBox::Entered, this, [this, save] { RunEvent([&] { save(*this); }); });
+    connect(&box, &FieldBox::Entered, this,
+            [this, save] { RunEvent([&] { save(*this, m_commands.Current()); }); });
 }
 
 /// A text that is refused gets the focus back, once: another box may be the one at fault.
@@ -35,7 +38,7 @@ void frmMain::SaveOnLeaving(FieldBox& box, Procedure save) {
     connect(&box, &FieldBox::Left, this, [this, &box, save] {
         const bool typed = box.isModified();
         box.setModified(false);
-        if (!RunEvent([&] { save(*this); }) && typed) {
+        if (!RunEvent([&] { save(*this, m_commands.Current()); }) && typed) {
             m_refused = BoxAtFault(box, save);
         }
     });
@@ -46,7 +49,7 @@ FieldBox* frmMain::BoxAtFault(FieldBox& left, Procedure save) {
     FieldBox* fault = nullptr;
     if (save == SaveGeneral) {
         RunEvent([&] {
-            if (const auto refused = RefusedParameter(*this)) {
+            if (const auto refused = RefusedParameter(OpenWorkingCopy(), *this)) {
                 fault = qobject_cast<FieldBox*>(&Box(*refused));
             }
         });
@@ -74,7 +77,7 @@ void frmMain::ConnectDemand() {
     connect(m_ui->cmdDelete, &QPushButton::clicked, this, [this] { ChangeLine(cmdDelete_Click); });
     const auto show = [this] {
         if (SelectedDemand() >= 0) {
-            RunEvent([this] { ShowDemandRow(*this, SelectedDemand()); });
+            RunEvent([this] { ShowDemandRow(OpenWorkingCopy(), SelectedDemand(), *this); });
         }
     };
     connect(m_ui->lstDemand, &QListWidget::itemSelectionChanged, this, show);
@@ -87,7 +90,7 @@ void frmMain::ConnectDemand() {
 
 /// The next row begins in the volume box; a row that was not added, in the box that it lacks.
 void frmMain::AddDemand() {
-    if (!RunCommand([&] { cmdAdd_Click(*this); })) {
+    if (!RunCommand([&] { cmdAdd_Click(*this, m_commands.Current()); })) {
         return;
     }
     for (FieldBox* box : {m_ui->txtVolume, m_ui->txtProb}) {
@@ -100,7 +103,7 @@ void frmMain::AddDemand() {
 
 /// The button is grey afterwards and cannot keep the focus.
 void frmMain::ChangeLine(Procedure change) {
-    if (RunCommand([&] { change(*this); }) && SelectedDemand() < 0) {
+    if (RunCommand([&] { change(*this, m_commands.Current()); }) && SelectedDemand() < 0) {
         m_ui->lstDemand->setFocus();
     }
 }

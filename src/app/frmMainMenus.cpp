@@ -31,8 +31,8 @@ void frmMain::ConnectFileMenu() {
     on(m_ui->mnuFileNew, [](FileCommands& commands) { commands.New(); });
     on(m_ui->mnuFileOpen, [](FileCommands& commands) { commands.Open(); });
     on(m_ui->mnuFileSaveAs, [](FileCommands& commands) { commands.SaveAs(); });
-    on(m_ui->mnuFileSave, [this](FileCommands& commands) {
-        if (Changed || commands.HasUnsavedWork()) {
+    on(m_ui->mnuFileSave, [](FileCommands& commands) {
+        if (commands.Current().Changed || commands.HasUnsavedWork()) {
             commands.Save();
         }
     });
@@ -67,7 +67,7 @@ void frmMain::FillRecoverMenu(const std::vector<KeptModel>& models) {
 
 void frmMain::OpeningFileMenu() {
     SaveFocusedBox();
-    m_ui->mnuFileSave->setEnabled(Changed || m_commands.HasUnsavedWork());
+    m_ui->mnuFileSave->setEnabled(m_commands.Current().Changed || m_commands.HasUnsavedWork());
     m_commands.Recent().FillMenu(m_recentItems);
     const std::array recent = {m_ui->mnuFileRecent_1, m_ui->mnuFileRecent_2, m_ui->mnuFileRecent_3,
                                m_ui->mnuFileRecent_4};
@@ -79,14 +79,14 @@ void frmMain::OpeningFileMenu() {
 
 void frmMain::ConnectOtherMenus() {
     connect(m_ui->mnuView, &QMenu::aboutToShow, this, [this] {
-        m_ui->mnuViewLast->setEnabled(HasReport(*this, kProductionReport));
+        m_ui->mnuViewLast->setEnabled(HasReport(Copy(), kProductionReport));
         ShowState();
     });
     ConnectEditors();
     connect(m_ui->mnuViewLast, &QAction::triggered, this,
-            [this] { RunCommand([this] { mnuViewLast(*this); }); });
+            [this] { RunCommand([this] { OpenReport(Copy(), kProductionReport, *this); }); });
     connect(m_ui->mnuViewLastCont, &QAction::triggered, this,
-            [this] { RunCommand([this] { mnuViewLastCont(*this); }); });
+            [this] { RunCommand([this] { OpenReport(Copy(), kRunReport, *this); }); });
     connect(m_ui->mnuHelpGuide, &QAction::triggered, this, &frmMain::ShowGuide);
     connect(m_ui->mnuHelpAbout, &QAction::triggered, this, &frmMain::ShowAbout);
 }
@@ -107,11 +107,11 @@ void frmMain::ConnectEditors() {
 /// The arcs are only built anew for another model: marks on the network survive a look at the
 /// tasks.
 void frmMain::EditTasks() {
-    const auto inputs = [this] { return InputDigest(Database::Open(WorkingCopy())); };
+    const auto inputs = [this] { return InputDigest(OpenWorkingCopy()); };
     const std::uint64_t before = inputs();
     frmTask(*this, this).exec();
     if (inputs() != before) {
-        CreateLinks(*this);
+        CreateLinks(OpenWorkingCopy(), *this, picArc);
     }
 }
 

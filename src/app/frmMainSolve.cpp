@@ -2,7 +2,7 @@
 #include <QProgressBar>
 
 #include "app/frmMain.h"
-#include "fixed/cmdContinuous.h"
+#include "commands/cmdContinuous.h"
 #include "shell/Reports.h"
 #include "stoch/cmdStoch.h"
 #include "ui_frmMain.h"

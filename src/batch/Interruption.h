@@ -7,20 +7,17 @@
 #include <thread>
 
 #include "basic/Files.h"
+#include "basic/Immovable.h"
 
 namespace quarnel02 {
 
 /// The directory in which one solve works, removed with everything in it when the object goes, and
 /// when a signal ends the program under an EndOnSignals.
-class ScratchDirectory {
+class ScratchDirectory : Immovable {
   public:
     /// Throws like TemporaryDirectory.
     ScratchDirectory();
     ~ScratchDirectory();
-    ScratchDirectory(const ScratchDirectory&) = delete;
-    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-    ScratchDirectory(ScratchDirectory&&) = delete;
-    ScratchDirectory& operator=(ScratchDirectory&&) = delete;
 
     [[nodiscard]] const std::filesystem::path& Path() const { return m_directory->Path(); }
 
@@ -31,14 +28,10 @@ class ScratchDirectory {
 /// While it lives, SIGINT, SIGTERM and SIGHUP remove the scratch directory and end the program with
 /// status 128 + the signal's number; one that the program was told to ignore stays ignored.
 /// A thread of its own waits for them, so that no work has to be safe inside a signal handler.
-class EndOnSignals {
+class EndOnSignals : Immovable {
   public:
     EndOnSignals();
     ~EndOnSignals();
-    EndOnSignals(const EndOnSignals&) = delete;
-    EndOnSignals& operator=(const EndOnSignals&) = delete;
-    EndOnSignals(EndOnSignals&&) = delete;
-    EndOnSignals& operator=(EndOnSignals&&) = delete;
 
   private:
     void Wait() const;

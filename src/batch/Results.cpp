@@ -142,14 +142,14 @@ void MakeRunFileDirectory(const SolveRequest& request) {
 }
 
 SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std::string& report) {
-    const fs::path file = form.InApplicationDirectory(report);
+    const fs::path file = form.Copy().File(report);
     if (KindOfFile(file) == FileKind::Missing) {
         return {"", form.Messages()};
     }
     SolveOutcome outcome{ReadFile(file), form.Messages()};
     WriteResults(form, request, report, outcome.Report);
     if (request.SaveAs && outcome.Messages.empty()) {
-        SaveModel(form.WorkingCopy(), *request.SaveAs);
+        SaveModel(form.Copy().Path(), *request.SaveAs);
     }
     return outcome;
 }

@@ -3,10 +3,11 @@
 #include "basic/Files.h"
 #include "basic/NumberFormat.h"
 #include "basic/RunTimeError.h"
+#include "batch/BatchForm.h"
 #include "batch/Interruption.h"
 #include "batch/Results.h"
-#include "fixed/LoadModel.h"
-#include "fixed/cmdContinuous.h"
+#include "commands/LoadModel.h"
+#include "commands/SolveFixedDemand.h"
 #include "model/ReadModel.h"
 #include "shell/Demand.h"
 #include "shell/Reports.h"
@@ -25,37 +26,38 @@ std::string VolumesOf(const Database& database) {
     return volumes;
 }
 
-/// An empty answer would cancel the solve without a word.
+/// An empty text is no answer.
 void RequireStationLimit(const SolveRequest& request) {
-    if (request.Answers.StationLimit && request.Answers.StationLimit->empty()) {
+    if (request.StationLimit && request.StationLimit->empty()) {
         throw RunTimeError(ErrorKind::TypeMismatch,
                            "--station-limit is empty. Give a number of stations, or leave the "
                            "option out for no limit.");
     }
 }
 
-/// Whether the solve will find a demand: the one that is given, or the only row's volume.
-bool HasDemand(BatchForm& form, const SolveRequest& request) {
-    if (request.Answers.Demand) {
-        return !request.Answers.Demand->empty();
+/// The demand that is given, or the only row's volume as the demand list shows it; "" for none.
+std::string DemandOf(BatchForm& form, const SolveRequest& request) {
+    if (request.Demand) {
+        return *request.Demand;
     }
     if (form.DemandCount() != 1) {
-        return false;
+        return {};
     }
     form.SelectDemand(0);
-    return !form.Text(TextBox::txtVolume).empty();
+    return form.Text(TextBox::txtVolume);
 }
 
-void RequireDemand(BatchForm& form, const SolveRequest& request) {
-    if (HasDemand(form, request)) {
-        return;
+FixedDemandAnswers AnswersOf(BatchForm& form, const SolveRequest& request) {
+    const std::string demand = DemandOf(form, request);
+    if (demand.empty()) {
+        const std::string volumes = VolumesOf(form.OpenWorkingCopy());
+        throw RunTimeError(ErrorKind::TypeMismatch,
+                           PathText(request.Model) +
+                               (volumes.empty() ? " has no demand row."
+                                                : " has these demand volumes: " + volumes + ".") +
+                               " Say which annual demand to design for with --demand.");
     }
-    const std::string volumes = VolumesOf(form.Model);
-    throw RunTimeError(ErrorKind::TypeMismatch,
-                       PathText(request.Model) +
-                           (volumes.empty() ? " has no demand row."
-                                            : " has these demand volumes: " + volumes + ".") +
-                           " Say which annual demand to design for with --demand.");
+    return {request.Shifts, demand, request.StationLimit.value_or("")};
 }
 
 /// What a solve has printed, and the report file that it has left.
@@ -65,8 +67,7 @@ struct Printed {
 };
 
 Printed SolveFixedDemand(BatchForm& form, const SolveRequest& request) {
-    RequireDemand(form, request);
-    cmdContinuous_Click(form, request.Shifts);
+    SolveFixedDemand(form, AnswersOf(form, request));
     return {"", kRunReport};
 }
 
@@ -82,14 +83,13 @@ SolveOutcome SolveFile(const SolveRequest& request) {
     RequireModelSpared(request);
     RequireStationLimit(request);
     const ScratchDirectory application;
-    BatchForm form(application.Path(), request.Answers);
-    ReadModel(request.Model, form.WorkingCopy(), PathText(request.Model));
+    BatchForm form(application.Path(), request.Progress);
+    ReadModel(request.Model, form.Copy().Path(), PathText(request.Model));
 
     LoadModel(form);
-    ListDemand(form);
+    ListDemand(form.Copy(), form);
     const Printed printed =
         request.Stochastic ? SolveStochastic(form, request) : SolveFixedDemand(form, request);
-    form.CloseModel();
     SolveOutcome outcome = TakeOutcome(form, request, printed.ReportFile);
     if (!outcome.Report.empty()) {
         outcome.Report.insert(0, printed.Text);

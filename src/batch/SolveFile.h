@@ -6,16 +6,16 @@
 #include <string>
 #include <vector>
 
-#include "batch/BatchForm.h"
-
 namespace quarnel02 {
 
 /// One run of the batch program.
 struct SolveRequest {
     std::filesystem::path Model;
-    bool Stochastic = false;  ///< design for the model's demand distribution
-    std::int16_t Shifts = 1;  ///< else for a fixed demand: shifts per day, 1 to 3
-    BatchAnswers Answers;
+    bool Stochastic = false;                  ///< design for the model's demand distribution
+    std::int16_t Shifts = 1;                  ///< else for a fixed demand: shifts per day, 1 to 3
+    std::optional<std::string> Demand;        ///< units per year, as typed; else the only row's
+    std::optional<std::string> StationLimit;  ///< most parallel stations, as typed; else no limit
+    bool Progress = false;                    ///< status texts go to standard error
     std::optional<std::filesystem::path> OutDirectory;  ///< where the report is left too
     bool Pictures = false;                              ///< leave the pictures there as well
     std::optional<std::filesystem::path> KeepRunFiles;  ///< where run files are kept

@@ -84,15 +84,15 @@ quarnel02::SolveRequest ToRequest(const CLI::App& app, const Options& options) {
     request.Shifts = static_cast<std::int16_t>(options.Shifts);
     request.Stochastic = options.Stochastic;
     request.Pictures = options.Pictures;
-    request.Answers.Progress = options.Progress;
+    request.Progress = options.Progress;
     if (app.count("--keep-run-files") > 0) {
         request.KeepRunFiles = options.KeepRunFiles;
     }
     if (app.count("--demand") > 0) {
-        request.Answers.Demand = options.Demand;
+        request.Demand = options.Demand;
     }
     if (app.count("--station-limit") > 0) {
-        request.Answers.StationLimit = options.StationLimit;
+        request.StationLimit = options.StationLimit;
     }
     if (app.count("--out") > 0) {
         request.OutDirectory = options.OutDirectory;

@@ -33,14 +33,14 @@ float Checked(float value, const char* field) {
     throw RunTimeError(ErrorKind::Overflow, objection);
 }
 
-DemandRow RowInBoxes(const MainForm& form) {
-    return {Checked(TextToSingle(form.Text(TextBox::txtVolume), "Volume"), "Volume"),
-            Checked(TextToSingle(WithoutPercentSign(form.Text(TextBox::txtProb)), "Probability"),
+DemandRow RowInBoxes(const TextBoxes& boxes) {
+    return {Checked(TextToSingle(boxes.Text(TextBox::txtVolume), "Volume"), "Volume"),
+            Checked(TextToSingle(WithoutPercentSign(boxes.Text(TextBox::txtProb)), "Probability"),
                     "Prob")};
 }
 
-bool BothBoxesFilled(const MainForm& form) {
-    return !form.Text(TextBox::txtVolume).empty() && !form.Text(TextBox::txtProb).empty();
+bool BothBoxesFilled(const TextBoxes& boxes) {
+    return !boxes.Text(TextBox::txtVolume).empty() && !boxes.Text(TextBox::txtProb).empty();
 }
 
 void Write(RecordSet& demand, const DemandRow& row) {
@@ -50,23 +50,23 @@ void Write(RecordSet& demand, const DemandRow& row) {
     demand.MoveToLastModified();
 }
 
-void EmptyBoxes(MainForm& form) {
-    form.SetText(TextBox::txtVolume, "");
-    form.SetText(TextBox::txtProb, "");
+void EmptyBoxes(TextBoxes& boxes) {
+    boxes.SetText(TextBox::txtVolume, "");
+    boxes.SetText(TextBox::txtProb, "");
 }
 
-void ShowChanged(MainForm& form) {
-    ListDemand(form);
-    form.Changed = true;
+void ShowChanged(MainForm& form, CurrentModel& current) {
+    ListDemand(form.Copy(), form);
+    current.Changed = true;
 }
 
-void DeleteSelectedRow(MainForm& form) {
-    DemandRowOfLine(form, form.SelectedDemand()).Delete();
+void DeleteSelectedRow(MainForm& form, CurrentModel& current) {
+    DemandRowOfLine(form.OpenWorkingCopy(), form.SelectedDemand()).Delete();
     EmptyBoxes(form);
     if (form.SelectedDemand() >= 0) {
         form.RemoveDemandLine(form.SelectedDemand());
     }
-    ShowChanged(form);
+    ShowChanged(form, current);
 }
 
 }  // namespace
@@ -75,7 +75,7 @@ std::string WithPercentSign(const std::string& probability) {
     return probability.empty() || probability.ends_with('%') ? probability : probability + "%";
 }
 
-void cmdAdd_Click(MainForm& form) {
+void cmdAdd_Click(MainForm& form, CurrentModel& current) {
     if (!BothBoxesFilled(form)) {
         return;
     }
@@ -84,27 +84,27 @@ void cmdAdd_Click(MainForm& form) {
     demand.AddNew();
     Write(demand, row);
     EmptyBoxes(form);
-    ShowChanged(form);
+    ShowChanged(form, current);
 }
 
-void cmdUpdate_Click(MainForm& form) {
+void cmdUpdate_Click(MainForm& form, CurrentModel& current) {
     if (form.SelectedDemand() < 0 || !BothBoxesFilled(form)) {
         return;
     }
     const DemandRow row = RowInBoxes(form);
-    RecordSet demand = DemandRowOfLine(form, form.SelectedDemand());
+    RecordSet demand = DemandRowOfLine(form.OpenWorkingCopy(), form.SelectedDemand());
     demand.Edit();
     Write(demand, row);
     EmptyBoxes(form);
-    ShowChanged(form);
+    ShowChanged(form, current);
 }
 
-void cmdDelete_Click(MainForm& form) {
+void cmdDelete_Click(MainForm& form, CurrentModel& current) {
     if (form.SelectedDemand() < 0) {
         return;
     }
     try {
-        DeleteSelectedRow(form);
+        DeleteSelectedRow(form, current);
     } catch (const RunTimeError&) {  // no such line: nothing is deleted, and nothing said
         return;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CurrentModel.h"
 #include "shell/MainForm.h"
 
 namespace quarnel02 {
@@ -14,8 +15,8 @@ std::string WithPercentSign(const std::string& probability);
 /// line. Add and Update throw TypeMismatch for a text that is no number and Overflow for one that
 /// cannot be (nothing is then written, and the boxes stay as they are); Delete ends without a
 /// message when it fails.
-void cmdAdd_Click(MainForm& form);
-void cmdUpdate_Click(MainForm& form);
-void cmdDelete_Click(MainForm& form);
+void cmdAdd_Click(MainForm& form, CurrentModel& current);
+void cmdUpdate_Click(MainForm& form, CurrentModel& current);
+void cmdDelete_Click(MainForm& form, CurrentModel& current);
 
 }  // namespace quarnel02

@@ -18,7 +18,6 @@ namespace quarnel02 {
 namespace {
 
 constexpr const char* kConfiguration = "Marrowgate.cfg";
-constexpr const char* kTemplate = "blank.seq";
 constexpr const char* kState = "session.state";
 constexpr const char* kKeptWork = "Recovered";
 
@@ -47,18 +46,18 @@ bool IsEmptyOrMissing(const fs::path& file) {
 FileCommands::FileCommands(MainForm& form, FileDialog& dialog)
     : m_form(form),
       m_dialog(dialog),
-      m_recent(form.InApplicationDirectory(kConfiguration)),
-      m_kept(form.InApplicationDirectory(kKeptWork)),
-      m_inputs(form.WorkingCopy()) {}
+      m_recent(form.Copy().File(kConfiguration)),
+      m_kept(form.Copy().File(kKeptWork)),
+      m_inputs(form.Copy().Path()) {}
 
 fs::path FileCommands::Template() const {
-    return m_form.InApplicationDirectory(kTemplate);
+    return m_form.Copy().Template();
 }
 
 void FileCommands::StartUp() {
     IncomingModel::CleanUp(m_form);
     RepairTemplate(Template());
-    const auto last = ReadSessionState(m_form.InApplicationDirectory(kState));
+    const auto last = ReadSessionState(m_form.Copy().File(kState));
     const bool kept = KeepLastSession(last);
     m_state.OfferKept = last && (last->OfferKept || (kept && !last->Orderly));
     ForgetFile();
@@ -70,16 +69,15 @@ void FileCommands::StartUp() {
 
 /// Whether the last session left work that no file held; it is kept now.
 bool FileCommands::KeepLastSession(const std::optional<SessionState>& last) {
-    if (IsEmptyOrMissing(m_form.WorkingCopy())) {
+    if (IsEmptyOrMissing(m_form.Copy().Path())) {
         return false;
     }
     try {
-        m_form.CloseModel();
         const bool known = last && last->Saved;
         if (m_inputs.Digest() == (known ? *last->Saved : DigestOf(Template()))) {
             return false;
         }
-        static_cast<void>(m_kept.Keep(m_form.WorkingCopy()));
+        static_cast<void>(m_kept.Keep(m_form.Copy().Path()));
         return true;
     } catch (const std::exception& error) {
         return SetWorkAside(error);
@@ -91,7 +89,7 @@ bool FileCommands::KeepLastSession(const std::optional<SessionState>& last) {
 bool FileCommands::SetWorkAside(const std::exception& why) {
     std::string text = "The work of last time cannot be read: " + FailureText(why);
     try {
-        const fs::path place = m_kept.SetAside(m_form.WorkingCopy());
+        const fs::path place = m_kept.SetAside(m_form.Copy().Path());
         if (place.extension() == ".mdb") {
             return true;
         }
@@ -129,9 +127,8 @@ std::vector<KeptModel> FileCommands::KeptModels() const {
 /// Keeps what no file holds. False when that fails and the user rather stays.
 bool FileCommands::Leave() {
     try {
-        if (!IsEmptyOrMissing(m_form.WorkingCopy()) && HasUnsavedWork()) {
-            m_form.CloseModel();
-            static_cast<void>(m_kept.Keep(m_form.WorkingCopy()));
+        if (!IsEmptyOrMissing(m_form.Copy().Path()) && HasUnsavedWork()) {
+            static_cast<void>(m_kept.Keep(m_form.Copy().Path()));
         }
         return true;
     } catch (const std::exception& error) {
@@ -146,8 +143,8 @@ void FileCommands::LoadTemplate() {
     IncomingModel incoming(m_form);
     CopyPrivate(Template(), incoming.Path());
     incoming.TakePlace();
-    m_form.Changed = false;
-    NoteBaseline(DigestOf(m_form.WorkingCopy()));
+    m_current.Changed = false;
+    NoteBaseline(DigestOf(m_form.Copy().Path()));
 }
 
 /// Reads a model into the working copy. False when it cannot be read, which is said, or when the
@@ -162,7 +159,7 @@ bool FileCommands::Read(const fs::path& source) {
             return false;
         }
         incoming.TakePlace();
-        m_form.Changed = false;
+        m_current.Changed = false;
         return true;
     } catch (const RunTimeError& error) {
         m_form.ShowMessage(error.what(), MessageIcon::Critical);
@@ -181,14 +178,14 @@ void FileCommands::NoteBaseline(std::optional<std::uint64_t> saved) noexcept {
 /// rather than too little.
 void FileCommands::WriteState() noexcept {
     try {
-        WriteSessionState(m_form.InApplicationDirectory(kState), m_state);
+        WriteSessionState(m_form.Copy().File(kState), m_state);
     } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
     }
 }
 
 bool FileCommands::AskToSave() {
-    return !m_form.Changed || !m_form.AskYesNo(kSaveFirst, MessageIcon::Information, Answer::Yes) ||
-           TrySave();
+    return !m_current.Changed ||
+           !m_form.AskYesNo(kSaveFirst, MessageIcon::Information, Answer::Yes) || TrySave();
 }
 
 bool FileCommands::Exit() {
@@ -201,8 +198,8 @@ bool FileCommands::Exit() {
 }
 
 void FileCommands::ForgetFile() {
-    m_form.CurrentDir.clear();
-    m_form.CurrentFile.clear();
+    m_current.Dir.clear();
+    m_current.File.clear();
     m_proposed = false;
 }
 
@@ -250,11 +247,11 @@ void FileCommands::OpenFile(const ChosenFile& chosen) {
     if (!Read(chosen.Path)) {
         return;
     }
-    m_form.CurrentDir = chosen.Directory;
-    m_form.CurrentFile = chosen.Name;
+    m_current.Dir = chosen.Directory;
+    m_current.File = chosen.Name;
     m_proposed = false;
-    m_form.SetTitle(TitleFor(m_form.CurrentFile));
-    NoteBaseline(DigestOf(m_form.WorkingCopy()));
+    m_form.SetTitle(TitleFor(m_current.File));
+    NoteBaseline(DigestOf(m_form.Copy().Path()));
     AddToRecent();
 }
 
@@ -277,7 +274,7 @@ void FileCommands::LoadKept(const fs::path& file) {
 /// The list is a convenience: the command that wanted it is done by now.
 void FileCommands::AddToRecent() {
     try {
-        m_recent.Add(m_form.CurrentDir, m_form.CurrentFile);
+        m_recent.Add(m_current.Dir, m_current.File);
     } catch (const std::exception& error) {
         m_form.ShowMessage("The list of recent files cannot be kept. " + FailureText(error),
                            MessageIcon::Information);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "commands/CurrentModel.h"
 #include "commands/FileDialog.h"
 #include "commands/IncomingModel.h"
 #include "commands/InputWatch.h"
@@ -59,6 +60,7 @@ class FileCommands {
     void Recover(const KeptModel& kept);
 
     [[nodiscard]] RecentFiles& Recent() { return m_recent; }
+    [[nodiscard]] CurrentModel& Current() { return m_current; }
 
   private:
     struct ChosenFile {
@@ -85,16 +87,17 @@ class FileCommands {
     [[nodiscard]] bool TakeProposal();
     void AddToRecent();
     void ForgetFile();
-    /// What the Save As dialog begins with; the form keeps it even if the dialog is cancelled.
+    /// What the Save As dialog begins with; it is kept even if the dialog is cancelled.
     void ProposeFile();
 
     MainForm& m_form;
     FileDialog& m_dialog;
+    CurrentModel m_current;
     RecentFiles m_recent;
     KeptWork m_kept;
     InputWatch m_inputs;
     SessionState m_state;
-    bool m_proposed = false;  ///< CurrentFile was proposed and never confirmed
+    bool m_proposed = false;  ///< the current file was proposed and never confirmed
 };
 
 }  // namespace quarnel02

@@ -39,9 +39,9 @@ void FileCommands::SaveAs() {
 
 /// False when the model was to be saved and was not; a cancelled dialog is no failure.
 bool FileCommands::TrySave() {
-    if (m_form.CurrentFile.empty() || m_form.CurrentDir.empty()) {
+    if (m_current.File.empty() || m_current.Dir.empty()) {
         const bool done = TrySaveAs();
-        m_form.Changed = false;
+        m_current.Changed = false;
         return done;
     }
     return TakeProposal() && SaveToFile(false);
@@ -54,22 +54,22 @@ bool FileCommands::TrySaveAs() {
     if (m_dialog.FileName.empty()) {
         return true;
     }
-    m_form.CurrentDir = m_dialog.FilePath;
-    m_form.CurrentFile = m_dialog.FileName;
+    m_current.Dir = m_dialog.FilePath;
+    m_current.File = m_dialog.FileName;
     m_proposed = false;
     return SaveToFile(true);
 }
 
 void FileCommands::ProposeFile() {
-    if (m_form.CurrentDir.empty()) {
-        m_form.CurrentDir = PathText(m_form.ApplicationDirectory());
+    if (m_current.Dir.empty()) {
+        m_current.Dir = PathText(m_form.Copy().Directory());
     }
-    if (m_form.CurrentFile.empty()) {
-        m_form.CurrentFile = m_form.Text(TextBox::txtProduct);
+    if (m_current.File.empty()) {
+        m_current.File = m_form.Text(TextBox::txtProduct);
         m_proposed = true;
     }
-    m_dialog.FilePath = m_form.CurrentDir;
-    m_dialog.FileName = m_form.CurrentFile;
+    m_dialog.FilePath = m_current.Dir;
+    m_dialog.FileName = m_current.File;
 }
 
 /// A proposed name stands for a model file, like one typed into the dialog. Nobody has agreed yet
@@ -78,25 +78,24 @@ bool FileCommands::TakeProposal() {
     if (!m_proposed) {
         return true;
     }
-    const std::string name = WithModelExtension(m_form.CurrentFile);
-    if (FileExists(ModelPath(m_form.CurrentDir, name)) &&
+    const std::string name = WithModelExtension(m_current.File);
+    if (FileExists(ModelPath(m_current.Dir, name)) &&
         !m_form.AskYesNo(kOverwrite, MessageIcon::Information, Answer::No)) {
         return false;
     }
-    m_form.CurrentFile = name;
+    m_current.File = name;
     m_proposed = false;
     return true;
 }
 
 bool FileCommands::SaveToFile(bool reload) {
-    const fs::path target = ModelPath(m_form.CurrentDir, m_form.CurrentFile);
+    const fs::path target = ModelPath(m_current.Dir, m_current.File);
     try {
         if (!MayReplace(target)) {
             return false;
         }
-        m_form.CloseModel();
-        SaveModel(m_form.WorkingCopy(), target);
-        NoteBaseline(InputDigest(Database::Open(m_form.WorkingCopy())));
+        SaveModel(m_form.Copy().Path(), target);
+        NoteBaseline(InputDigest(m_form.OpenWorkingCopy()));
         if (reload) {
             ShowLoadedModel(m_form);
         }
@@ -105,7 +104,7 @@ bool FileCommands::SaveToFile(bool reload) {
                            MessageIcon::Critical);
         return false;
     }
-    m_form.Changed = false;
+    m_current.Changed = false;
     AddToRecent();
     return true;
 }

@@ -6,7 +6,7 @@
 
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
-#include "fixed/LoadModel.h"
+#include "commands/LoadModel.h"
 #include "shell/Demand.h"
 #include "shell/HeadlessForm.h"
 
@@ -21,23 +21,6 @@ constexpr const char* kOldWorkingCopy = "working.old";
 
 /// What a store may keep beside a database.
 constexpr std::array kCompanions = {"-journal", "-wal", "-shm"};
-
-/// Loads without showing and without asking.
-class TrialForm : public HeadlessForm {
-  public:
-    using HeadlessForm::HeadlessForm;
-
-    void ShowMessage(const std::string& /*text*/, MessageIcon /*icon*/) override {}
-    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/,
-                  Answer /*proposed*/) override {
-        return false;
-    }
-    std::string InputBox(const std::string& /*prompt*/, const std::string& /*title*/,
-                         const std::string& /*proposal*/) override {
-        return {};
-    }
-    void StartProgram(const std::string& /*commandLine*/) override {}
-};
 
 fs::path Companion(const fs::path& database, const char* suffix) {
     fs::path companion = database;
@@ -92,11 +75,11 @@ void ShowLoadedModel(MainForm& form) {
     LoadModel(form);
     form.ClearDemand();
     form.ShowDemandSum("", {});
-    ListDemand(form);
+    ListDemand(form.Copy(), form);
 }
 
 IncomingModel::IncomingModel(MainForm& form)
-    : m_form(form), m_directory(form.InApplicationDirectory(kDirectory)) {
+    : m_form(form), m_directory(form.Copy().File(kDirectory)) {
     std::error_code failure;
     fs::remove_all(m_directory, failure);
     if (!fs::create_directory(m_directory, failure) || failure) {
@@ -113,11 +96,11 @@ IncomingModel::~IncomingModel() {
 }
 
 fs::path IncomingModel::Path() const {
-    return m_directory / m_form.WorkingCopy().filename();
+    return m_directory / m_form.Copy().Path().filename();
 }
 
 void IncomingModel::Try(const std::string& name) const {
-    TrialForm trial(m_directory);
+    HeadlessForm trial(m_directory);
     try {
         ShowLoadedModel(trial);
     } catch (const RunTimeError& error) {
@@ -128,9 +111,8 @@ void IncomingModel::Try(const std::string& name) const {
 }
 
 void IncomingModel::TakePlace() {
-    const fs::path place = m_form.WorkingCopy();
-    const fs::path old = m_form.InApplicationDirectory(kOldWorkingCopy);
-    m_form.CloseModel();
+    const fs::path place = m_form.Copy().Path();
+    const fs::path old = m_form.Copy().File(kOldWorkingCopy);
     const bool had_old = IsThere(place);
     if (had_old) {
         RemoveDatabase(old);
@@ -140,7 +122,6 @@ void IncomingModel::TakePlace() {
         Rename(Path(), place, place);
         ShowLoadedModel(m_form);
     } catch (const std::exception&) {
-        m_form.CloseModel();
         if (had_old) {
             RemoveDatabase(place);
             MoveDatabase(old, place);
@@ -153,10 +134,10 @@ void IncomingModel::TakePlace() {
 
 void IncomingModel::CleanUp(const MainForm& form) {
     std::error_code ignored;
-    fs::remove_all(form.InApplicationDirectory(kDirectory), ignored);
-    const fs::path old = form.InApplicationDirectory(kOldWorkingCopy);
-    if (IsThere(old) && !IsThere(form.WorkingCopy())) {
-        MoveDatabase(old, form.WorkingCopy());
+    fs::remove_all(form.Copy().File(kDirectory), ignored);
+    const fs::path old = form.Copy().File(kOldWorkingCopy);
+    if (IsThere(old) && !IsThere(form.Copy().Path())) {
+        MoveDatabase(old, form.Copy().Path());
     }
     RemoveDatabase(old);
 }

@@ -10,15 +10,11 @@ namespace quarnel02 {
 /// A model on its way to become the working copy. It is made in a directory of its own beside the
 /// working copy, tried there, and only then takes the working copy's place. The directory goes with
 /// the object; only its owner can enter it.
-class IncomingModel {
+class IncomingModel : Immovable {
   public:
     /// Throws FileAccess when the directory cannot be made.
     explicit IncomingModel(MainForm& form);
     ~IncomingModel();
-    IncomingModel(const IncomingModel&) = delete;
-    IncomingModel& operator=(const IncomingModel&) = delete;
-    IncomingModel(IncomingModel&&) = delete;
-    IncomingModel& operator=(IncomingModel&&) = delete;
 
     /// Where the model is to be made, as a file that only its owner can read.
     [[nodiscard]] std::filesystem::path Path() const;

@@ -8,7 +8,7 @@ namespace quarnel02 {
 NetworkUpkeep::NetworkUpkeep(MainForm& form) : m_form(form), m_inputs(Inputs()) {}
 
 std::uint64_t NetworkUpkeep::Inputs() const {
-    return InputDigest(Database::Open(m_form.WorkingCopy()));
+    return InputDigest(m_form.OpenWorkingCopy());
 }
 
 void NetworkUpkeep::Rebuild() {
@@ -17,7 +17,7 @@ void NetworkUpkeep::Rebuild() {
     m_changed = m_changed || m_stale;
     m_inputs = inputs;
     if (m_stale) {
-        CreateLinks(m_form);
+        CreateLinks(m_form.OpenWorkingCopy(), m_form, m_form.picArc);
         m_stale = false;
     }
 }

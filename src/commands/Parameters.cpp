@@ -31,34 +31,36 @@ constexpr std::array kParameters = {
     Parameter{TextBox::txtProduct, "Product", "Product"}};
 constexpr std::span<const Parameter> kPenalty = std::span(kParameters).subspan(6, 1);
 
-void Save(MainForm& form, const char* sql, std::span<const Parameter> parameters) {
-    RecordSet gen = form.OpenWorkingCopy().OpenRecordSet(sql);
+void Save(const Database& database, const TextBoxes& boxes, const char* sql,
+          std::span<const Parameter> parameters) {
+    RecordSet gen = database.OpenRecordSet(sql);
     gen.Edit();
     for (const Parameter& parameter : parameters) {
-        const std::string text = form.Text(parameter.Box);
+        const std::string text = boxes.Text(parameter.Box);
         if (text != gen.Text(parameter.Field)) {
             gen.Set(parameter.Field, ParameterValue(parameter.Field, parameter.Caption, text));
         }
     }
     gen.Update();
     gen.MoveToLastModified();
-    form.Changed = true;
 }
 
 }  // namespace
 
-void SaveGeneral(MainForm& form) {
-    Save(form, kWholeRow, kParameters);
+void SaveGeneral(MainForm& form, CurrentModel& current) {
+    Save(form.OpenWorkingCopy(), form, kWholeRow, kParameters);
+    current.Changed = true;
 }
 
-void SavePenalty(MainForm& form) {
-    Save(form, "SELECT Penalty FROM Gen;", kPenalty);
+void SavePenalty(MainForm& form, CurrentModel& current) {
+    Save(form.OpenWorkingCopy(), form, "SELECT Penalty FROM Gen;", kPenalty);
+    current.Changed = true;
 }
 
-std::optional<TextBox> RefusedParameter(MainForm& form) {
-    const RecordSet gen = form.OpenWorkingCopy().OpenRecordSet(kWholeRow);
+std::optional<TextBox> RefusedParameter(const Database& database, const TextBoxes& boxes) {
+    const RecordSet gen = database.OpenRecordSet(kWholeRow);
     for (const Parameter& parameter : kParameters) {
-        const std::string text = form.Text(parameter.Box);
+        const std::string text = boxes.Text(parameter.Box);
         try {
             if (text != gen.Text(parameter.Field)) {
                 static_cast<void>(ParameterValue(parameter.Field, parameter.Caption, text));

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "commands/CurrentModel.h"
 #include "shell/MainForm.h"
 
 namespace quarnel02 {
@@ -12,12 +13,12 @@ namespace quarnel02 {
 /// and at most 366."), and NoCurrentRecord without the row; nothing is then written. A box that
 /// shows what is stored is not looked at, so a figure that came in with a file and cannot be does
 /// not stand in the way of the others.
-void SaveGeneral(MainForm& form);
+void SaveGeneral(MainForm& form, CurrentModel& current);
 
 /// The same for the penalty box alone.
-void SavePenalty(MainForm& form);
+void SavePenalty(MainForm& form, CurrentModel& current);
 
 /// The first parameter box whose text SaveGeneral refuses. Throws what the store reports.
-std::optional<TextBox> RefusedParameter(MainForm& form);
+std::optional<TextBox> RefusedParameter(const Database& database, const TextBoxes& boxes);
 
 }  // namespace quarnel02

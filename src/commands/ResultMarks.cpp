@@ -28,7 +28,7 @@ void ResultMarks::NoteReport(const std::string& file) {
 
 void ResultMarks::Look() {
     if (m_form.LastDesign || !m_reports.empty()) {
-        m_inputs = InputDigest(Database::Open(m_form.WorkingCopy()));
+        m_inputs = InputDigest(m_form.OpenWorkingCopy());
     }
 }
 
@@ -41,7 +41,7 @@ Standing ResultMarks::OfPictures() const {
 }
 
 Standing ResultMarks::OfReport(const std::string& file) const {
-    if (!HasReport(m_form, file)) {
+    if (!HasReport(m_form.Copy(), file)) {
         return Standing::None;
     }
     const auto known = m_reports.find(file);

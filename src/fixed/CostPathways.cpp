@@ -1,34 +1,20 @@
 #include "fixed/CostPathways.h"
 
-#include <exception>
-#include <optional>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "fixed/ArcDrawing.h"
-#include "fixed/DrawLinks.h"
-#include "fixed/FindBestPath.h"
 #include "line/CheapestLine.h"
 #include "model/RowWriter.h"
-#include "shell/LoadLineModel.h"
 
 namespace quarnel02 {
 
 namespace {
 
 constexpr Colour kProgressRed{200, 0, 0};
-
-Workload WorkloadOf(const FixedDemandState& state) {
-    return {TextToDouble(state.FixedDemand, "Fixed Demand"), state.ShiftCount,
-            state.AvailableCycleTime};
-}
-
-std::optional<std::int16_t> LimitOf(const FixedDemandState& state) {
-    constexpr std::int16_t no_limit = -1;
-    return state.StationLimit == no_limit ? std::nullopt : std::optional(state.StationLimit);
-}
 
 /// The pathways to be costed, in the order of their rows.
 struct OpenPathways {
@@ -46,14 +32,30 @@ void RequireInModel(const LineModel& model, const Pathway& pathway) {
     }
 }
 
-/// Reads the rows to the end; draws the arc of each.
+/// Draws each arc once, however many pathways it has: the next would hide the last.
+class ProgressDrawing {
+  public:
+    explicit ProgressDrawing(Picture& picture) : m_picture(picture) {}
+
+    void Show(const Arc& arc) {
+        if (m_drawn.insert(arc.Id).second) {
+            m_picture.DrawWidth = 2;
+            DrawArc(m_picture, arc, kProgressRed);
+        }
+    }
+
+  private:
+    Picture& m_picture;
+    std::unordered_set<int> m_drawn;
+};
+
 OpenPathways ReadPathways(RecordSet& rows, const Arcs& arcs, const LineModel& model,
-                          Picture& picture) {
+                          Picture& network) {
     OpenPathways pathways;
-    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+    ProgressDrawing progress(network);
+    for (; !rows.Eof(); rows.MoveNext()) {
         const Arc& arc = arcs.WithId(rows.Integer(1));
-        picture.DrawWidth = 2;
-        DrawArc(picture, arc, kProgressRed);
+        progress.Show(arc);
         const Pathway range{rows.Integer(2), static_cast<std::int16_t>(arc.TaskStart),
                             static_cast<std::int16_t>(arc.TaskEnd - 1)};
         RequireInModel(model, range);
@@ -77,69 +79,25 @@ void WriteCosts(const Database& database, const std::vector<std::int16_t>& ids,
     }
 }
 
-/// False when no pathway is within the limit.
-bool CostAndWrite(MainForm& form, const Database& database) {
-    const Workload workload = WorkloadOf(form.FixedDemandSolve);
-    LineModel model = LoadLineModel(database);
-    OpenPathways pathways = ReadPathways(form.PathwayRecords, Arcs(database), model, form.picArc);
+}  // namespace
+
+Costing CostPathways(const Database& database, const LineModel& model,
+                     const FixedDemandRequest& request, Picture& network) {
+    Transaction transaction(database);
+    RecordSet rows = database.OpenRecordSet(
+        "SELECT PathId, ArcId, ResourceId FROM Pathways WHERE Feasible = 1;");
+    if (rows.Eof()) {
+        return Costing::NoPathway;
+    }
+    OpenPathways pathways = ReadPathways(rows, Arcs(database), model, network);
     std::vector<WorkContent> contents = ContentsOf(model, pathways.Ranges);
-    const PreparedLine line{std::move(model), std::move(pathways.Ranges), std::move(contents)};
-    CostedPathways costed = CostAll(line, workload, LimitOf(form.FixedDemandSolve));
+    const PreparedLine line{model, std::move(pathways.Ranges), std::move(contents)};
+    CostedPathways costed = CostAll(line, request);
     const std::vector<Way> cheapest = CheapestWays(line, costed);
     MarkDearer(costed.States, cheapest);
     WriteCosts(database, pathways.Ids, costed);
-    return !cheapest.empty();
-}
-
-/// Draws the network again when an error leaves its scope, so that no progress colour stays.
-class NetworkRedraw {
-  public:
-    explicit NetworkRedraw(MainForm& form) : m_form(form) {}
-    ~NetworkRedraw() {
-        if (std::uncaught_exceptions() > m_exceptions) {
-            Redraw();
-        }
-    }
-    NetworkRedraw(const NetworkRedraw&) = delete;
-    NetworkRedraw& operator=(const NetworkRedraw&) = delete;
-    NetworkRedraw(NetworkRedraw&&) = delete;
-    NetworkRedraw& operator=(NetworkRedraw&&) = delete;
-
-  private:
-    void Redraw() noexcept {
-        try {
-            DrawLinks(m_form);
-        } catch (const std::exception&) {  // the first error is the one to report
-            return;
-        }
-    }
-
-    MainForm& m_form;
-    int m_exceptions = std::uncaught_exceptions();
-};
-
-}  // namespace
-
-void CostPathways(MainForm& form) {
-    const NetworkRedraw redraw(form);
-    const Database database = form.Model;
-    Transaction transaction(database);
-    RecordSet& pathways = form.PathwayRecords;
-    pathways = database.OpenRecordSet("SELECT * FROM Pathways WHERE Feasible = 1;");
-    if (pathways.RecordCount() == 0) {
-        DrawLinks(form);
-        form.ShowMessage("Please complete the task and resource tables first.",
-                         MessageIcon::Information);
-        return;
-    }
-    const bool feasible = CostAndWrite(form, database);
     transaction.Commit();
-    if (!feasible) {
-        DrawLinks(form);
-        form.ShowMessage("There is not a feasible solution!", MessageIcon::Critical);
-        return;
-    }
-    FindBestPath(form);
+    return cheapest.empty() ? Costing::NothingFeasible : Costing::Feasible;
 }
 
 }  // namespace quarnel02

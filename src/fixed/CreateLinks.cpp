@@ -18,8 +18,8 @@ constexpr double kTwoPi = 6.28318;
 
 constexpr int kMostTasks = 255;  ///< 256 x 255 / 2 = 32,640 arcs; one task more exceeds 16 bits
 
-std::int16_t NodeCount(const MainForm& form) {
-    const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Number of tasks");
+std::int16_t NodeCount(const TextBoxes& boxes) {
+    const double tasks = TextToDouble(boxes.Text(TextBox::txtTasks), "Number of tasks");
     if (tasks > kMostTasks) {
         throw RunTimeError(ErrorKind::Overflow,
                            "Tasks: the model has " + NumberText(tasks) +
@@ -51,8 +51,7 @@ bool IsFailureOfFile(const RunTimeError& error) {
            error.Kind() == ErrorKind::DatabaseLocked || error.Kind() == ErrorKind::NotAModel;
 }
 
-void RebuildArcs(MainForm& form, std::int16_t nodes, double spacing) {
-    const Database& database = form.OpenWorkingCopy();
+void RebuildArcs(const Database& database, std::int16_t nodes, double spacing) {
     Transaction transaction(database);
     DeleteAllRows(database, "Arcs");
     AppendArcs(database, nodes, spacing);
@@ -61,11 +60,11 @@ void RebuildArcs(MainForm& form, std::int16_t nodes, double spacing) {
 
 }  // namespace
 
-void CreateLinks(MainForm& form) {
-    const std::int16_t nodes = NodeCount(form);
+void CreateLinks(const Database& database, const TextBoxes& boxes, Picture& network) {
+    const std::int16_t nodes = NodeCount(boxes);
     const double spacing = NodeSpacing(nodes);
     try {
-        RebuildArcs(form, nodes, spacing);
+        RebuildArcs(database, nodes, spacing);
     } catch (const RunTimeError& error) {
         // Meant: the rebuild reports nothing of its own. But a full disk would come out in
         // GeneratePathways as missing arcs, and so as the planner's fault.
@@ -73,7 +72,7 @@ void CreateLinks(MainForm& form) {
             throw;
         }
     }
-    GeneratePathways(form);
+    GeneratePathways(database, boxes, network);
 }
 
 }  // namespace quarnel02

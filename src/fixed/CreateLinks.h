@@ -1,6 +1,8 @@
 #pragma once
 
-#include "shell/MainForm.h"
+#include "model/Database.h"
+#include "picture/Picture.h"
+#include "shell/TextBoxes.h"
 
 namespace quarnel02 {
 
@@ -9,6 +11,6 @@ namespace quarnel02 {
 /// Throws TypeMismatch when txtTasks holds no number and Overflow for more than 255 tasks, before
 /// anything is changed. A failure of the store while Arcs is rebuilt undoes the rebuild and is
 /// not reported; what GeneratePathways throws comes through.
-void CreateLinks(MainForm& form);
+void CreateLinks(const Database& database, const TextBoxes& boxes, Picture& network);
 
 }  // namespace quarnel02

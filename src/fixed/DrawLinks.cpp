@@ -1,10 +1,13 @@
 #include "fixed/DrawLinks.h"
 
-#include <string>
+#include <array>
+#include <span>
+#include <unordered_set>
 #include <vector>
 
 #include "basic/Numbers.h"
 #include "fixed/ArcDrawing.h"
+#include "line/CheapestLine.h"
 
 namespace quarnel02 {
 
@@ -27,20 +30,37 @@ void DrawAllArcs(Picture& picture, const Arcs& arcs) {
     }
 }
 
-/// The arcs that have a pathway in a state, in the order of their first ones.
-std::vector<int> ArcsInState(const Database& database, const std::string& state) {
-    RecordSet pathways = database.OpenRecordSet(
-        "SELECT DISTINCT ArcId FROM Pathways WHERE Feasible = " + state + ";");
-    std::vector<int> found;
-    for (; !pathways.Eof(); pathways.MoveNext()) {
-        found.push_back(pathways.Integer(0));
+/// The arcs by the states of their pathways, each in the order of its first pathway.
+class ArcsByState {
+  public:
+    explicit ArcsByState(const Database& database);
+
+    /// Arcs that have a pathway in the state.
+    [[nodiscard]] std::span<const int> In(PathwayState state) const {
+        return m_arcs.at(static_cast<std::size_t>(state));
     }
-    return found;
+
+  private:
+    static constexpr std::size_t kStates = 5;  ///< with 0, which is none
+
+    std::array<std::vector<int>, kStates> m_arcs;
+};
+
+ArcsByState::ArcsByState(const Database& database) {
+    std::array<std::unordered_set<int>, kStates> known;
+    RecordSet pathways =
+        database.OpenRecordSet("SELECT ArcId, Feasible FROM Pathways WHERE Feasible <> 3;");
+    for (; !pathways.Eof(); pathways.MoveNext()) {
+        const auto state = static_cast<std::size_t>(pathways.Integer(1));
+        const int arc = pathways.Integer(0);
+        if (state < kStates && known[state].insert(arc).second) {
+            m_arcs[state].push_back(arc);
+        }
+    }
 }
 
-void DrawArcsInState(Picture& picture, const Database& database, const Arcs& arcs,
-                     const char* state, Colour colour) {
-    const std::vector<int> found = ArcsInState(database, state);
+void DrawArcsInState(Picture& picture, const Arcs& arcs, std::span<const int> found,
+                     Colour colour) {
     if (found.empty()) {
         return;
     }
@@ -50,8 +70,8 @@ void DrawArcsInState(Picture& picture, const Database& database, const Arcs& arc
     }
 }
 
-void DrawChosenArcs(Picture& picture, const Database& database, const Arcs& arcs) {
-    for (const int number : ArcsInState(database, "4")) {
+void DrawChosenArcs(Picture& picture, const Arcs& arcs, std::span<const int> chosen) {
+    for (const int number : chosen) {
         const Arc& arc = arcs.WithId(number);
         picture.DrawWidth = 4;
         DrawArc(picture, arc, kBrightRed);
@@ -82,17 +102,16 @@ void DrawNodes(Picture& picture, std::int16_t nodes) {
 
 }  // namespace
 
-void DrawLinks(MainForm& form) {
-    const Database& database = form.OpenWorkingCopy();
-    Picture& picture = form.picArc;
-    picture.Clear();
+void DrawLinks(const Database& database, const TextBoxes& boxes, Picture& network) {
+    network.Clear();
     const Arcs arcs(database);
-    DrawAllArcs(picture, arcs);
-    DrawArcsInState(picture, database, arcs, "1", kDarkBlue);
-    DrawArcsInState(picture, database, arcs, "2", kRed);
-    DrawChosenArcs(picture, database, arcs);
-    const double tasks = TextToDouble(form.Text(TextBox::txtTasks), "Number of tasks");
-    DrawNodes(picture, ToInteger(tasks + 1, "Number of tasks"));
+    DrawAllArcs(network, arcs);
+    const ArcsByState states(database);
+    DrawArcsInState(network, arcs, states.In(PathwayState::Feasible), kDarkBlue);
+    DrawArcsInState(network, arcs, states.In(PathwayState::OverLimit), kRed);
+    DrawChosenArcs(network, arcs, states.In(PathwayState::Chosen));
+    const double tasks = TextToDouble(boxes.Text(TextBox::txtTasks), "Number of tasks");
+    DrawNodes(network, ToInteger(tasks + 1, "Number of tasks"));
 }
 
 }  // namespace quarnel02

@@ -1,12 +1,14 @@
 #pragma once
 
-#include "shell/MainForm.h"
+#include "model/Database.h"
+#include "picture/Picture.h"
+#include "shell/TextBoxes.h"
 
 namespace quarnel02 {
 
-/// Draws the arc network of the working copy on picArc: every arc in the colours of the states
-/// of its pathways, the chosen line on top, and the row of task nodes. Throws TypeMismatch when
-/// txtTasks holds no number, and what the store reports.
-void DrawLinks(MainForm& form);
+/// Draws the arc network: every arc in the colours of the states of its pathways, the chosen line
+/// on top, and the row of nodes for as many tasks as txtTasks says. Throws TypeMismatch when that
+/// is no number, and what the store reports.
+void DrawLinks(const Database& database, const TextBoxes& boxes, Picture& network);
 
 }  // namespace quarnel02

@@ -1,16 +1,9 @@
 #include "fixed/FindBestPath.h"
 
-#include <string>
 #include <vector>
 
-#include "basic/NumberFormat.h"
-#include "basic/Numbers.h"
-#include "fixed/DrawLinks.h"
-#include "fixed/WriteSolutionSummary.h"
 #include "line/CheapestLine.h"
-#include "line/ReportedChain.h"
 #include "model/RowWriter.h"
-#include "shell/DesignMade.h"
 
 namespace quarnel02 {
 
@@ -52,75 +45,16 @@ void MarkChosen(const Database& database, const std::vector<int>& pathways) {
     }
 }
 
-DeadEnd Search(MainForm& form) {
-    const Database database = form.OpenWorkingCopy();
+}  // namespace
+
+ReportedChain FindBestPath(const Database& database) {
     Transaction transaction(database);
     ForgetChoice(database);
-    const ReportedChain chain = SearchReportedChain(ReadWays(database));
+    ReportedChain chain = SearchReportedChain(ReadWays(database));
     WriteLabels(database, chain.Labels);
     MarkChosen(database, chain.Pathways);
     transaction.Commit();
-    return chain.End;
-}
-
-void ShowDeadEnd(MainForm& form, DeadEnd end) {
-    const bool broken = end == DeadEnd::BrokenChain;
-    form.ShowMessage(
-        broken ? "There is no feasible solution!" : "There is no feasible solution.",
-        end == DeadEnd::UnreachedStart ? MessageIcon::Information : MessageIcon::Critical);
-}
-
-/// How far a line that was found goes.
-struct LineEnd {
-    int LastTask;  ///< of the line
-    int Tasks;     ///< of the model
-
-    [[nodiscard]] bool LeavesTasksOut() const { return LastTask < Tasks; }
-};
-
-LineEnd FetchLineEnd(MainForm& form) {
-    const Database& database = form.OpenWorkingCopy();
-    const RecordSet last = database.OpenRecordSet("SELECT Max(ThisPath) FROM BestPaths;");
-    const RecordSet gen = database.OpenRecordSet("SELECT Tasks FROM Gen;");
-    return {last.Integer(0) - 1, gen.Integer(0)};
-}
-
-/// "2 shifts, 60,000 units a year"
-std::string DesignCaption(const FixedDemandState& state, LineEnd end) {
-    const std::string shifts =
-        NumberText(int{state.ShiftCount}) + (state.ShiftCount == 1 ? " shift" : " shifts");
-    const std::string volume =
-        Format(TextToDouble(state.FixedDemand, "Fixed Demand"), "#,##0") + " units a year";
-    return shifts + ", " + volume +
-           (end.LeavesTasksOut() ? ", ends after task " + NumberText(end.LastTask) : "");
-}
-
-std::string LeftOutText(LineEnd end) {
-    return "This line ends after task " + NumberText(end.LastTask) + ": no resource can do tasks " +
-           NumberText(end.LastTask + 1) + " to " + NumberText(end.Tasks) + " within the limits.";
-}
-
-}  // namespace
-
-float GetPathCost(MainForm& form, std::int16_t node) {
-    const RecordSet label = form.OpenWorkingCopy().OpenRecordSet(
-        "SELECT PathCost FROM BestPaths WHERE ThisPath = " + NumberText(int{node}) + ";");
-    return label.RecordCount() != 0 ? label.Single(0) : 0.0F;
-}
-
-void FindBestPath(MainForm& form) {
-    const DeadEnd dead_end = Search(form);
-    DrawLinks(form);
-    if (dead_end != DeadEnd::None) {
-        ShowDeadEnd(form, dead_end);
-        return;
-    }
-    WriteSolutionSummary(form);
-    const LineEnd end = FetchLineEnd(form);
-    NoteDesign(form, DesignCaption(form.FixedDemandSolve, end));
-    if (end.LeavesTasksOut()) {
-        form.ShowMessage(LeftOutText(end), MessageIcon::Critical);
-    }
+    return chain;
 }
 
 }  // namespace quarnel02

@@ -113,8 +113,7 @@ void WritePathways(const Database& database, const std::vector<NewPathway>& path
 
 }  // namespace
 
-void GeneratePathways(MainForm& form) {
-    const Database& database = form.OpenWorkingCopy();
+void GeneratePathways(const Database& database, const TextBoxes& boxes, Picture& network) {
     Transaction transaction(database);
     const std::int16_t resources = database.OpenRecordSet("SELECT Resources FROM Gen;").Integer(0);
     const Arcs arcs(database);
@@ -125,7 +124,7 @@ void GeneratePathways(MainForm& form) {
     }
     WritePathways(database, generator.Pathways());
     transaction.Commit();
-    DrawLinks(form);
+    DrawLinks(database, boxes, network);
 }
 
 }  // namespace quarnel02

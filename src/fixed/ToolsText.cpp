@@ -1,22 +1,19 @@
 #include "fixed/ToolsText.h"
 
+#include <optional>
+
 #include "basic/Numbers.h"
 
 namespace quarnel02 {
 
-std::string ToolsText(const Database& database, int resource, int firstTask, int lastTask) {
+std::string ToolsText(std::span<const MatrixEntry> tasks) {
     std::string tools;
-    std::string last_tool;
-    for (int task = firstTask; task <= lastTask; ++task) {
-        const std::string tool =
-            database
-                .OpenRecordSet("SELECT ToolNum FROM Matrix WHERE ResourceId = " +
-                               NumberText(resource) + " AND TaskId = " + NumberText(task) + ";")
-                .Text(0);
-        if (tool != last_tool) {
-            tools += " " + tool;
+    std::optional<int> last_tool;
+    for (const MatrixEntry& task : tasks) {
+        if (task.ToolNum != last_tool) {
+            tools += " " + NumberText(task.ToolNum);
         }
-        last_tool = tool;
+        last_tool = task.ToolNum;
     }
     return tools;
 }

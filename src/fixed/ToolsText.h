@@ -1,14 +1,15 @@
 #pragma once
 
+#include <span>
 #include <string>
 
-#include "model/Database.h"
+#include "line/LineModel.h"
 
 namespace quarnel02 {
 
 /// The tools of a resource on a run of tasks: a blank and the number for each tool, a run of equal
-/// numbers once. Throws NoCurrentRecord when a task has no Matrix row for the resource.
-std::string ToolsText(const Database& database, int resource, int firstTask, int lastTask);
+/// numbers once.
+std::string ToolsText(std::span<const MatrixEntry> tasks);
 
 /// The tools text as a report shows it: whole up to 12 characters, else split once, behind the
 /// first blank from character 11 on.

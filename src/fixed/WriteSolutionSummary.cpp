@@ -1,5 +1,6 @@
 #include "fixed/WriteSolutionSummary.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -9,21 +10,21 @@
 #include "basic/Numbers.h"
 #include "fixed/LinePicture.h"
 #include "fixed/ToolsText.h"
-#include "shell/Reports.h"
 
 namespace quarnel02 {
 
 namespace {
 
-/// A row of the station query.
+/// A station of the line as its pathway's row has it.
 struct Station {
     int TaskStart;
-    int TaskEnd;
+    int TaskEnd;  ///< node behind the last task
     int Resource;
-    std::string ShortName;
-    std::string Cost;
-    std::string Time;
     int Quantity;
+    double Cost;
+    double Time;
+    double Investment;
+    double AnnualLabor;
 };
 
 /// Columns of a station line.
@@ -40,82 +41,47 @@ constexpr StationColumns kPictureColumns{21, 32, 40, 47};
 constexpr int kFileTotalColumn = 21;
 constexpr int kPictureTotalColumn = 18;
 
-std::vector<Station> FetchStations(const Database& database) {
+/// In the order of the line.
+std::vector<Station> ReadStations(const Database& database) {
     RecordSet rows = database.OpenRecordSet(
-        "SELECT Arcs.TaskStart, Arcs.TaskEnd, Pathways.ResourceId, Resources.ShortName, "
-        "Pathways.Cost, Pathways.Time, Pathways.Stations FROM (Pathways INNER JOIN Arcs ON "
-        "Pathways.ArcId = Arcs.ArcId) INNER JOIN Resources ON Pathways.ResourceId = "
-        "Resources.ResourceId Where (((Pathways.Feasible) = 4)) ORDER BY Arcs.TaskStart;");
+        "SELECT Arcs.TaskStart, Arcs.TaskEnd, Pathways.ResourceId, Pathways.Stations, "
+        "Pathways.Cost, Pathways.Time, Pathways.Investment, Pathways.AnnualLabor FROM Pathways "
+        "INNER JOIN Arcs ON Pathways.ArcId = Arcs.ArcId WHERE Pathways.Feasible = 4 ORDER BY "
+        "Arcs.TaskStart;");
     std::vector<Station> stations;
     for (; !rows.Eof(); rows.MoveNext()) {
-        stations.push_back({rows.Integer(0), rows.Integer(1), rows.Integer(2), rows.Text(3),
-                            Format(rows.Number(4), "$#,###"), Format(rows.Number(5), "#,###.00"),
-                            rows.Integer(6)});
+        stations.push_back({rows.Integer(0), rows.Integer(1), rows.Integer(2), rows.Integer(3),
+                            rows.Number(4), rows.Number(5), rows.Number(6), rows.Number(7)});
     }
     return stations;
 }
 
-double FetchMaximumTime(const Database& database) {
-    return database
-        .OpenRecordSet(
-            "SELECT Max(Pathways.Time) AS MaxOfTime FROM Pathways WHERE (((Pathways.Feasible)=4));")
-        .Number(0);
-}
-
-double FetchTotalCost(const Database& database) {
-    return database
-        .OpenRecordSet(
-            "SELECT Sum(Pathways.Cost) AS SumOfCost FROM Pathways WHERE (((Pathways.Feasible)=4));")
-        .Number(0);
-}
-
-void PrintStation(LinePrinter& printer, const StationColumns& columns, int number,
-                  const Station& station, const SplitText& tools) {
-    printer.PrintOpen(number, Column{6}, station.Resource, Column{10}, station.ShortName,
-                      Column{17}, station.Quantity, Column{columns.Cost}, station.Cost,
-                      Column{columns.Time}, station.Time, Column{columns.Tasks},
-                      TasksText(station.TaskStart, station.TaskEnd));
-    printer.Print(Column{columns.Tools}, tools.First);
-    if (tools.Split) {
-        printer.Print(Column{columns.Tools}, tools.Rest);
+/// Of singles: a line has too few for a rounding, whatever their order.
+double Sum(const std::vector<Station>& stations, double Station::*amount) {
+    double sum = 0;
+    for (const Station& station : stations) {
+        sum += station.*amount;
     }
+    return sum;
 }
 
-/// Adds up the chain of labels from the highest node back to the start of the line.
-struct ChainSums {
-    double Investment = 0;
-    double AnnualLabor = 0;
-};
-
-ChainSums SumChain(const Database& database) {
-    constexpr int this_path = 0;
-    constexpr int path_id = 1;
-    constexpr int sub_path = 2;
-    RecordSet labels = database.OpenRecordSet("SELECT * FROM BestPaths ORDER BY ThisPath DESC;");
-    ChainSums sums;
-    for (;;) {
-        const RecordSet pathway =
-            database.OpenRecordSet("SELECT Investment, AnnualLabor FROM Pathways WHERE PathId = " +
-                                   NumberText(int{labels.Integer(path_id)}) + ";");
-        sums.Investment += pathway.Number(0);
-        sums.AnnualLabor += pathway.Number(1);
-        const std::int16_t start = labels.Integer(sub_path);
-        if (start == 1) {
-            return sums;
-        }
-        while (labels.Integer(this_path) != start) {
-            labels.MoveNext();
-        }
+double LongestTime(const std::vector<Station>& stations) {
+    double longest = 0;
+    for (const Station& station : stations) {
+        longest = std::max(longest, station.Time);
     }
+    return longest;
 }
 
 /// Writes the summary to the file and, in parallel, onto the picture.
 class SummaryWriter {
   public:
-    explicit SummaryWriter(MainForm& form)
-        : m_state(form.FixedDemandSolve),
-          m_database(form.OpenWorkingCopy()),
-          m_pictureLines(form.picGraph[0]),
+    SummaryWriter(const LineModel& model, const FixedDemandOrder& order,
+                  const std::vector<Station>& stations, Picture& picture)
+        : m_model(model),
+          m_order(order),
+          m_stations(stations),
+          m_pictureLines(picture),
           m_file(m_fileLines),
           m_picture(m_pictureLines) {}
 
@@ -123,7 +89,8 @@ class SummaryWriter {
     void PrintStations();
     void PrintTimes();
     void PrintTotal();
-    void PrintChainSums();
+    /// In the file alone.
+    void PrintSums();
     [[nodiscard]] const std::string& FileText() const { return m_fileLines.Text(); }
 
   private:
@@ -133,9 +100,12 @@ class SummaryWriter {
         m_file.Print(items...);
     }
     void PrintGap();
+    void PrintStation(LinePrinter& printer, const StationColumns& columns, int number,
+                      const Station& station) const;
 
-    const FixedDemandState& m_state;
-    const Database m_database;
+    const LineModel& m_model;
+    const FixedDemandOrder& m_order;
+    const std::vector<Station>& m_stations;
     TextLines m_fileLines;
     PictureLines m_pictureLines;
     LinePrinter m_file;
@@ -148,10 +118,9 @@ void SummaryWriter::PrintGap() {
 }
 
 void SummaryWriter::PrintHead() {
-    const std::string shifts = "# of Shifts: " + NumberText(int{m_state.ShiftCount});
-    const std::string limit = "Station Limit: " + m_state.StationLimitText;
-    const std::string volume =
-        "Annual Volume: " + Format(TextToDouble(m_state.FixedDemand, "Fixed Demand"), "#,###");
+    const std::string shifts = "# of Shifts: " + NumberText(int{m_order.Request.Shifts});
+    const std::string limit = "Station Limit: " + m_order.LimitText;
+    const std::string volume = "Annual Volume: " + Format(m_order.Request.Volume, "#,###");
     m_picture.Print("Solution Summary");
     m_file.Print("Solution");
     PrintBoth("-------------------");
@@ -163,66 +132,77 @@ void SummaryWriter::PrintHead() {
     PrintBoth("Sta.  Resource  Qty     Cost      Time    Tasks    Tools");
 }
 
+void SummaryWriter::PrintStation(LinePrinter& printer, const StationColumns& columns, int number,
+                                 const Station& station) const {
+    const SplitText tools = SplitToolsText(
+        ToolsText(m_model.Entries(station.Resource, station.TaskStart, station.TaskEnd - 1)));
+    printer.PrintOpen(number, Column{6}, station.Resource, Column{10},
+                      m_model.ResourceOf(station.Resource).ShortName, Column{17}, station.Quantity,
+                      Column{columns.Cost}, Format(station.Cost, "$#,###"), Column{columns.Time},
+                      Format(station.Time, "#,###.00"), Column{columns.Tasks},
+                      TasksText(station.TaskStart, station.TaskEnd));
+    printer.Print(Column{columns.Tools}, tools.First);
+    if (tools.Split) {
+        printer.Print(Column{columns.Tools}, tools.Rest);
+    }
+}
+
 void SummaryWriter::PrintStations() {
     int number = 0;
-    for (const Station& station : FetchStations(m_database)) {
+    for (const Station& station : m_stations) {
         ++number;
-        const SplitText tools = SplitToolsText(
-            ToolsText(m_database, station.Resource, station.TaskStart, station.TaskEnd - 1));
-        PrintStation(m_file, kFileColumns, number, station, tools);
-        PrintStation(m_picture, kPictureColumns, number, station, tools);
+        PrintStation(m_file, kFileColumns, number, station);
+        PrintStation(m_picture, kPictureColumns, number, station);
     }
     PrintGap();
 }
 
 void SummaryWriter::PrintTimes() {
-    PrintBoth("Cycle Time: ", Tab{18}, Format(FetchMaximumTime(m_database), "#.00"));
-    PrintBoth("Max Cycle Time: ", Tab{18}, Format(m_state.AvailableCycleTime, "#.00"));
+    const Workload workload = WorkloadOf(m_order.Request, m_model.Parameters());
+    PrintBoth("Cycle Time: ", Tab{18}, Format(LongestTime(m_stations), "#.00"));
+    PrintBoth("Max Cycle Time: ", Tab{18}, Format(workload.AvailableCycleTime, "#.00"));
     PrintGap();
 }
 
 void SummaryWriter::PrintTotal() {
-    const std::string total = Format(FetchTotalCost(m_database), "$#,###");
+    const std::string total = Format(Sum(m_stations, &Station::Cost), "$#,###");
     m_picture.Print("Total Cost: ", Tab{kPictureTotalColumn}, total);
     m_file.Print("Total Cost: ", Tab{kFileTotalColumn}, total);
 }
 
-void SummaryWriter::PrintChainSums() {
-    const ChainSums sums = SumChain(m_database);
-    m_file.Print("Initial Investment: ", Tab{kFileTotalColumn}, Format(sums.Investment, "$#,###"));
-    m_file.Print("Annualized Labor: ", Tab{kFileTotalColumn}, Format(sums.AnnualLabor, "$#,###"));
+void SummaryWriter::PrintSums() {
+    m_file.Print("Initial Investment: ", Tab{kFileTotalColumn},
+                 Format(Sum(m_stations, &Station::Investment), "$#,###"));
+    m_file.Print("Annualized Labor: ", Tab{kFileTotalColumn},
+                 Format(Sum(m_stations, &Station::AnnualLabor), "$#,###"));
 }
 
-void DrawChosenLine(MainForm& form) {
-    RecordSet rows = form.Model.OpenRecordSet(
-        "SELECT Arcs.TaskStart, Arcs.TaskEnd, Pathways.ResourceId, Resources.Type, "
-        "Pathways.Stations FROM (Pathways INNER JOIN Arcs ON Pathways.ArcId = Arcs.ArcId) INNER "
-        "JOIN Resources ON Pathways.ResourceId = Resources.ResourceId Where (((Pathways.Feasible) "
-        "= 4)) ORDER BY Arcs.TaskStart;");
-    constexpr int no_type = -1;  // is drawn without an icon
-    std::vector<StationFigure> stations;
-    for (; !rows.Eof(); rows.MoveNext()) {
-        const int type = IsNull(rows.Field(3)) ? no_type : rows.Integer(3);
-        stations.push_back({type, rows.Integer(4)});
+void DrawChosenLine(Picture& picture, const LineModel& model,
+                    const std::vector<Station>& stations) {
+    std::vector<StationFigure> figures;
+    for (const Station& station : stations) {
+        figures.push_back({model.ResourceOf(station.Resource).Type, station.Quantity});
     }
-    DrawLine(form.picGraph[2], stations);
+    DrawLine(picture, figures);
 }
 
 }  // namespace
 
-void WriteSolutionSummary(MainForm& form) {
-    form.picGraph[0].Clear();
-    SummaryWriter writer(form);
+void WriteSolutionSummary(const Database& database, const LineModel& model,
+                          const FixedDemandOrder& order, PictureBoxes& boxes,
+                          const std::filesystem::path& report) {
+    const std::vector<Station> stations = ReadStations(database);
+    boxes.picGraph[0].Clear();
+    SummaryWriter writer(model, order, stations, boxes.picGraph[0]);
     writer.PrintHead();
     writer.PrintStations();
     writer.PrintTimes();
     writer.PrintTotal();
-    DrawChosenLine(form);
-    form.picGraph[1].Clear();
-    form.picGraph[3].Clear();
-    writer.PrintChainSums();
-    WriteFile(form.InApplicationDirectory(kRunReport), writer.FileText());
-    mnuViewLastCont(form);
+    DrawChosenLine(boxes.picGraph[2], model, stations);
+    boxes.picGraph[1].Clear();
+    boxes.picGraph[3].Clear();
+    writer.PrintSums();
+    WriteFile(report, writer.FileText());
 }
 
 }  // namespace quarnel02

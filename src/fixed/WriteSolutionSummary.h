@@ -1,12 +1,19 @@
 #pragma once
 
-#include "shell/MainForm.h"
+#include <filesystem>
+
+#include "fixed/FixedDemandOrder.h"
+#include "line/LineModel.h"
+#include "model/Database.h"
+#include "shell/PictureBoxes.h"
 
 namespace quarnel02 {
 
-/// Reports the line whose pathways are in state 4: writes "RunRpt.txt" in the application
-/// directory, shows the same summary on picGraph 0 and the line on picGraph 2, and opens the
-/// report. Throws what the store reports, and FileAccess when the report cannot be written.
-void WriteSolutionSummary(MainForm& form);
+/// Reports the line whose pathways are in state 4: shows the summary on picGraph 0 and the line on
+/// picGraph 2, clears the others, and writes the report file. `model` is that of the database.
+/// Throws what the store reports, and FileAccess when the report cannot be written.
+void WriteSolutionSummary(const Database& database, const LineModel& model,
+                          const FixedDemandOrder& order, PictureBoxes& boxes,
+                          const std::filesystem::path& report);
 
 }  // namespace quarnel02

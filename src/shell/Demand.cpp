@@ -36,9 +36,8 @@ bool IsSingle(const Value& value) {
 }
 
 /// The demand rows in ascending order of volume, at the first one; throws when there is none.
-RecordSet RowsByVolume(MainForm& form) {
-    RecordSet demand =
-        form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");
+RecordSet RowsByVolume(const Database& database) {
+    RecordSet demand = database.OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");
     demand.MoveLast();
     demand.MoveFirst();
     return demand;
@@ -61,19 +60,19 @@ std::string LeftOutText(int rows) {
                      : "; " + NumberText(rows) + " rows without a number are left out";
 }
 
-void Refill(MainForm& form) {
-    RecordSet demand = RowsByVolume(form);
-    form.ClearDemand();
+void Refill(const Database& database, DemandList& list) {
+    RecordSet demand = RowsByVolume(database);
+    list.ClearDemand();
     int left_out = 0;
     for (; !demand.Eof(); demand.MoveNext()) {
         if (IsDemandPoint(demand)) {
-            form.AddDemandLine(DemandLineText(VolumeOf(demand), ProbabilityText(demand)));
+            list.AddDemandLine(DemandLineText(VolumeOf(demand), ProbabilityText(demand)));
         } else {
             ++left_out;
         }
     }
-    const double sum = SumOfProbabilities(form.Model);
-    form.ShowDemandSum(SumText(sum) + LeftOutText(left_out),
+    const double sum = SumOfProbabilities(database);
+    list.ShowDemandSum(SumText(sum) + LeftOutText(left_out),
                        IsComplete(sum) ? kComplete : kIncomplete);
 }
 
@@ -106,16 +105,16 @@ std::string PercentText(double percent) {
     return NumberText(std::round(percent * hundredths) / hundredths) + "%";
 }
 
-void ListDemand(MainForm& form) {
+void ListDemand(const WorkingCopy& copy, DemandList& list) {
     try {
-        Refill(form);
+        Refill(copy.Open(), list);
     } catch (const RunTimeError&) {  // list and sum keep what they show
         return;
     }
 }
 
-RecordSet DemandRowOfLine(MainForm& form, int line) {
-    RecordSet demand = RowsByVolume(form);
+RecordSet DemandRowOfLine(const Database& database, int line) {
+    RecordSet demand = RowsByVolume(database);
     for (int point = 0;; demand.MoveNext()) {
         if (!IsDemandPoint(demand)) {
             continue;
@@ -127,10 +126,10 @@ RecordSet DemandRowOfLine(MainForm& form, int line) {
     }
 }
 
-void ShowDemandRow(MainForm& form, int line) {
-    const RecordSet demand = DemandRowOfLine(form, line);
-    form.SetText(TextBox::txtVolume, VolumeText(VolumeOf(demand)));
-    form.SetText(TextBox::txtProb, ProbabilityText(demand) + "%");
+void ShowDemandRow(const Database& database, int line, TextBoxes& boxes) {
+    const RecordSet demand = DemandRowOfLine(database, line);
+    boxes.SetText(TextBox::txtVolume, VolumeText(VolumeOf(demand)));
+    boxes.SetText(TextBox::txtProb, ProbabilityText(demand) + "%");
 }
 
 }  // namespace quarnel02

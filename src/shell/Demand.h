@@ -2,7 +2,9 @@
 
 #include <string>
 
-#include "shell/MainForm.h"
+#include "shell/DemandList.h"
+#include "shell/TextBoxes.h"
+#include "shell/WorkingCopy.h"
 
 namespace quarnel02 {
 
@@ -26,14 +28,14 @@ std::string PercentText(double percent);
 /// dark blue and "100%" for a complete one, else red with what is missing or too much ("85% (15%
 /// missing)"). Rows that are no demand points are left out, which lblSum says. Errors end it
 /// silently; with no demand row list and sum keep what they showed.
-void ListDemand(MainForm& form);
+void ListDemand(const WorkingCopy& copy, DemandList& list);
 
 /// The row behind a line of lstDemand (from 0), the current one of an updatable set. Throws
 /// NoCurrentRecord for a line beyond the demand points.
-RecordSet DemandRowOfLine(MainForm& form, int line);
+RecordSet DemandRowOfLine(const Database& database, int line);
 
 /// What selecting a line of lstDemand does: txtVolume and txtProb show its row. Throws
 /// NoCurrentRecord for a line beyond the demand points.
-void ShowDemandRow(MainForm& form, int line);
+void ShowDemandRow(const Database& database, int line, TextBoxes& boxes);
 
 }  // namespace quarnel02

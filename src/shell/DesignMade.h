@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string>
 
-namespace quarnel02 {
+#include "model/Database.h"
 
-class MainForm;
+namespace quarnel02 {
 
 /// The design whose results the form shows, and what it was made from.
 struct DesignMade {
@@ -16,11 +16,8 @@ struct DesignMade {
     std::uint64_t Inputs;  ///< digest of the entered tables at that time
 };
 
-/// Records that the results of a design of the working copy as it now is are shown.
-void NoteDesign(MainForm& form, const std::string& caption);
-
-/// Whether results are shown that were made from other figures than the working copy now holds.
-/// Throws what the store reports.
-bool ResultsAreOutOfDate(MainForm& form);
+/// A design that has just been made of the database as it is. Throws what the store reports.
+DesignMade NewDesign(const Database& database, const std::string& caption,
+                     const std::string& product);
 
 }  // namespace quarnel02

@@ -14,7 +14,7 @@ void HeadlessForm::SetText(TextBox box, const std::string& text) {
 
 void HeadlessForm::SelectDemand(int line) {
     m_selectedDemand = line;
-    ShowDemandRow(*this, line);
+    ShowDemandRow(OpenWorkingCopy(), line, *this);
 }
 
 std::string HeadlessForm::DemandLine(int line) const {

@@ -8,8 +8,8 @@
 
 namespace quarnel02 {
 
-/// A main form without windows: boxes and the demand list are plain texts; title and sum go
-/// nowhere. What it is asked and told is for the forms derived from it.
+/// A main form without windows: boxes and the demand list are plain texts; what it is told goes
+/// nowhere, and nobody answers what it asks.
 class HeadlessForm : public MainForm {
   public:
     using MainForm::MainForm;
@@ -32,6 +32,18 @@ class HeadlessForm : public MainForm {
     void RemoveDemandLine(int line) override;
     void ShowDemandSum(const std::string& /*text*/, Colour /*colour*/) override {}
 
+    void ShowMessage(const std::string& /*text*/, MessageIcon /*icon*/) override {}
+    /// No.
+    bool AskYesNo(const std::string& /*question*/, MessageIcon /*icon*/,
+                  Answer /*proposed*/) override {
+        return false;
+    }
+    /// As cancelled.
+    std::string InputBox(const std::string& /*prompt*/, const std::string& /*title*/,
+                         const std::string& /*proposal*/) override {
+        return {};
+    }
+
     void ShowStatus(const std::string& /*text*/) override {}
     void SetStatus(const std::string& /*text*/) override {}
     void SetProgress(int /*done*/, int /*total*/) override {}
@@ -43,6 +55,7 @@ class HeadlessForm : public MainForm {
 
     void DoEvents() override {}
     void SetBusy(bool /*busy*/) override {}
+    void StartProgram(const std::string& /*commandLine*/) override {}
 
   private:
     std::array<std::string, kTextBoxes> m_texts;

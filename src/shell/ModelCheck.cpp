@@ -240,14 +240,13 @@ std::string DemandRowName(int number, const RecordSet& row) {
 
 }  // namespace
 
-bool HasTasksAndResources(MainForm& form) {
-    const Database& database = form.OpenWorkingCopy();
+bool HasTasksAndResources(const Database& database, Dialogs& dialogs) {
     const RecordSet gen = database.OpenRecordSet("SELECT Tasks FROM Gen;");
     const bool no_task = IsNull(gen.Field(0)) || gen.Number(0) <= 0;
     if ((no_task && database.OpenRecordSet("SELECT * FROM Tasks;").Eof()) ||
         database.OpenRecordSet("SELECT * FROM Resources;").Eof()) {
-        form.ShowMessage("Please complete the task and resource information tables first.",
-                         MessageIcon::Information);
+        dialogs.ShowMessage("Please complete the task and resource information tables first.",
+                            MessageIcon::Information);
         return false;
     }
     return true;

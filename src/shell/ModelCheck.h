@@ -1,13 +1,13 @@
 #pragma once
 
 #include "model/Database.h"
-#include "shell/MainForm.h"
+#include "shell/Dialogs.h"
 
 namespace quarnel02 {
 
 /// Whether the model has a task and a resource to design a line of; else says in a message box
 /// that they are missing. Throws what the store reports.
-bool HasTasksAndResources(MainForm& form);
+bool HasTasksAndResources(const Database& database, Dialogs& dialogs);
 
 /// Checks that a solve can be made of the model, the demand distribution aside: every figure in its
 /// range, every resource and every pair of task and resource only once, no pair of a task or a

@@ -8,24 +8,16 @@
 
 namespace quarnel02 {
 
-namespace {
-
-bool IsReport(const std::filesystem::path& path) {
+bool HasReport(const WorkingCopy& copy, const std::string& file) {
     std::error_code ignored;
-    return std::filesystem::is_regular_file(path, ignored);
+    return std::filesystem::is_regular_file(copy.File(file), ignored);
 }
 
-}  // namespace
-
-bool HasReport(const MainForm& form, const std::string& file) {
-    return IsReport(form.InApplicationDirectory(file));
-}
-
-void RemoveReport(const std::filesystem::path& applicationDirectory, const std::string& file) {
-    const std::filesystem::path path = applicationDirectory / file;
-    if (!IsReport(path)) {
+void RemoveReport(const WorkingCopy& copy, const std::string& file) {
+    if (!HasReport(copy, file)) {
         return;
     }
+    const std::filesystem::path path = copy.File(file);
     std::error_code error;
     std::filesystem::remove(path, error);
     if (error) {
@@ -37,25 +29,17 @@ void RemoveReport(const std::filesystem::path& applicationDirectory, const std::
     }
 }
 
-void ClearResults(MainForm& form) {
-    for (Picture& picture : form.picGraph) {
+void ClearResults(PictureBoxes& boxes) {
+    for (Picture& picture : boxes.picGraph) {
         picture.Clear();
     }
-    form.LastDesign.reset();
+    boxes.LastDesign.reset();
 }
 
-void OpenReport(MainForm& form, const std::string& file) {
-    if (HasReport(form, file)) {
-        form.StartProgram("notepad.exe " + PathText(form.InApplicationDirectory(file)));
+void OpenReport(const WorkingCopy& copy, const std::string& file, Desktop& desktop) {
+    if (HasReport(copy, file)) {
+        desktop.StartProgram("notepad.exe " + PathText(copy.File(file)));
     }
-}
-
-void mnuViewLast(MainForm& form) {
-    OpenReport(form, kProductionReport);
-}
-
-void mnuViewLastCont(MainForm& form) {
-    OpenReport(form, kRunReport);
 }
 
 }  // namespace quarnel02

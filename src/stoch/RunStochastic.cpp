@@ -113,7 +113,7 @@ StochasticOutcome RunStochastic(const Database& database, const StochasticReques
         return {};
     }
     Solve solve(database, request, files, status, dialogs, pictures);
-    RemoveReport(request.ApplicationDirectory, kProductionReport);
+    RemoveReport(WorkingCopy(request.ApplicationDirectory), kProductionReport);
     StochasticOutcome outcome = solve.Run();
     if (outcome.End == StochasticEnd::Designed) {
         files.DeleteAll();

@@ -30,14 +30,14 @@ struct Station {
     std::string Tools;
 };
 
-std::vector<Station> StationsOf(const StochasticLine& line, const LineModel& model,
-                                const Database& database) {
+std::vector<Station> StationsOf(const StochasticLine& line, const LineModel& model) {
     std::vector<Station> stations;
     for (const ExpectedGroup& each : line.Groups) {
         const StationGroup& group = each.Group;
-        stations.push_back({static_cast<int>(stations.size()) + 1, each,
-                            model.ResourceOf(group.Resource).ShortName,
-                            ToolsText(database, group.Resource, group.FirstTask, group.LastTask)});
+        stations.push_back(
+            {static_cast<int>(stations.size()) + 1, each,
+             model.ResourceOf(group.Resource).ShortName,
+             ToolsText(model.Entries(group.Resource, group.FirstTask, group.LastTask))});
     }
     return stations;
 }
@@ -188,7 +188,7 @@ std::string WriteProductionReport(const StochasticLine& line, const LineModel& m
                                   const Database& database,
                                   const std::filesystem::path& applicationDirectory,
                                   PictureBoxes& pictures) {
-    const std::vector<Station> stations = StationsOf(line, model, database);
+    const std::vector<Station> stations = StationsOf(line, model);
     WriteFile(applicationDirectory / kProductionReport, ReportText(line));
     MarkDesign(database, line);
     pictures.picGraph[0].Clear();

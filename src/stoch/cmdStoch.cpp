@@ -47,16 +47,16 @@ float UsablePenalty(const Database& database, const TextBoxes& boxes) {
     return PenaltyPerUnit(boxes);
 }
 
-StochasticOutcome Design(MainForm& form, const std::optional<std::filesystem::path>& keepRunFiles) {
-    if (!HasTasksAndResources(form)) {
+StochasticOutcome Design(MainForm& form, const Database& database,
+                         const std::optional<std::filesystem::path>& keepRunFiles) {
+    if (!HasTasksAndResources(database, form)) {
         return {};
     }
-    const Database database = form.OpenWorkingCopy();
     const float penalty = UsablePenalty(database, form);
     if (!WantsProbabilities(database, form)) {
         return {};
     }
-    return RunStochastic(database, {form.ApplicationDirectory(), penalty, keepRunFiles}, form, form,
+    return RunStochastic(database, {form.Copy().Directory(), penalty, keepRunFiles}, form, form,
                          form);
 }
 
@@ -70,13 +70,15 @@ StochasticOutcome cmdStoch_Click(MainForm& form,
                          MessageIcon::Information);
         return {};
     }
-    StochasticOutcome outcome = Design(form, keepRunFiles);
+    Database database = form.OpenWorkingCopy();
+    StochasticOutcome outcome = Design(form, database, keepRunFiles);
     if (outcome.End == StochasticEnd::Designed) {
-        DrawLinks(form);
-        NoteDesign(form, "Capacity " + outcome.CapacityText + " units a year");
-        mnuViewLast(form);
+        DrawLinks(database, form, form.picArc);
+        form.LastDesign = NewDesign(database, "Capacity " + outcome.CapacityText + " units a year",
+                                    form.Text(TextBox::txtProduct));
+        OpenReport(form.Copy(), kProductionReport, form);
     }
-    form.CloseModel();
+    database.Close();  // ending the program cleans nothing up
     if (outcome.End == StochasticEnd::ImpossibleTask) {
         form.EndProgram();
     }

@@ -76,7 +76,10 @@ std::string WindowTest::Title() const {
 }
 
 void WindowTest::NoteDesignNow(const std::string& caption) {
-    ASSERT_TRUE(Window->RunEvent([&] { NoteDesign(*Window, caption); }));
+    ASSERT_TRUE(Window->RunEvent([&] {
+        Window->LastDesign =
+            NewDesign(Window->OpenWorkingCopy(), caption, Window->Text(TextBox::txtProduct));
+    }));
 }
 
 }  // namespace quarnel02::test

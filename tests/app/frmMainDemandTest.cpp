@@ -58,7 +58,7 @@ TEST_F(frmMainDemand, IsTypedWithTheKeyboardAlone) {
     EXPECT_EQ(Text("txtProb"), "");
     EXPECT_EQ(Sum().text().toStdString(), "25% (75% missing)");
     EXPECT_EQ(SumColour(), QColor(255, 0, 0));
-    EXPECT_TRUE(Window->Changed);
+    EXPECT_TRUE(Window->Current().Changed);
 }
 
 TEST_F(frmMainDemand, KeepsAPercentSignThatWasTyped) {
@@ -77,7 +77,7 @@ TEST_F(frmMainDemand, AddDoesNothingWhileABoxIsEmpty) {
     Click("cmdAdd");
     EXPECT_THAT(DemandRows(), IsEmpty());
     EXPECT_EQ(Text("txtVolume"), "100");
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
     EXPECT_THAT(Dialogs.Seen, IsEmpty());
 }
 
@@ -98,7 +98,7 @@ TEST_F(frmMainDemand, AClickShowsTheRow) {
     ClickLine(1);
     EXPECT_EQ(Text("txtVolume"), "12,500");
     EXPECT_EQ(Text("txtProb"), "25%");
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
 }
 
 TEST_F(frmMainDemand, AClickOnTheSelectedLineShowsItsRowAgain) {
@@ -147,7 +147,7 @@ TEST_F(frmMainDemand, UpdateChangesTheSelectedRow) {
     EXPECT_THAT(DemandRows(), ElementsAre("12500|25", "4000|75"));
     EXPECT_THAT(DemandLines(), ElementsAre("4,000:  75%", "12,500:  25%"));
     EXPECT_EQ(Window->SelectedDemand(), -1);
-    EXPECT_TRUE(Window->Changed);
+    EXPECT_TRUE(Window->Current().Changed);
 }
 
 TEST_F(frmMainDemand, DeleteRemovesTheRowInTheBoxes) {

@@ -135,7 +135,7 @@ TEST_F(frmMainMenus, ARecentItemOpensItsFile) {
     OpenMenu("mnuFile");
     Item("mnuFileRecent_2").trigger();
     EXPECT_EQ(Title(), "Nuts & Bolts.mdb - Quarnel02");
-    EXPECT_EQ(Window->CurrentDir, Copy->Directory().string());
+    EXPECT_EQ(Window->Current().Dir, Copy->Directory().string());
     OpenMenu("mnuFile");
     EXPECT_EQ(Caption("mnuFileRecent_1"), "1. ..\\Nuts && Bolts.mdb");
 }
@@ -157,7 +157,7 @@ TEST_F(frmMainMenus, NewEmptiesTheTitle) {
     Item("mnuFileRecent_1").trigger();
     Item("mnuFileNew").trigger();
     EXPECT_EQ(Title(), "Quarnel02");
-    EXPECT_EQ(Window->CurrentFile, "");
+    EXPECT_EQ(Window->Current().File, "");
 }
 
 TEST_F(frmMainMenus, NewAsksToSaveWhatChanged) {
@@ -181,7 +181,7 @@ TEST_F(frmMainMenus, SaveOfAnUntitledModelProposesTheProduct) {
     EXPECT_THAT(Dialogs.Seen, ElementsAre("dialog: Enter filename to save..."));
     EXPECT_EQ(proposal, "Untitled");
     EXPECT_TRUE(std::filesystem::exists(Copy->File("Untitled.mdb")));
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
     EXPECT_EQ(Title(), "Quarnel02");
 }
 

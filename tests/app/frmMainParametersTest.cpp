@@ -25,7 +25,7 @@ TEST_F(frmMainParameters, ShowTheLoadedModel) {
     EXPECT_EQ(text("txtTransTime"), "5");
     EXPECT_EQ(text("txtPenalty"), "1.5");
     EXPECT_EQ(text("txtProduct"), "Untitled");
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
 }
 
 TEST_F(frmMainParameters, CountsCannotBeTyped) {
@@ -59,17 +59,17 @@ TEST_P(EveryParameter, SavesOnEnterAndAgainOnLeaving) {
     Start();
     Type(GetParam(), "7");
     const std::string before = Gen();
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
     PressKey(Qt::Key_Return);
     const std::string after = Gen();
     EXPECT_NE(after, before);
     EXPECT_THAT("|" + after + "|", HasSubstr("|7|"));
-    EXPECT_TRUE(Window->Changed);
+    EXPECT_TRUE(Window->Current().Changed);
     EXPECT_EQ(FocusName(), GetParam());
 
-    Window->Changed = false;
+    Window->Current().Changed = false;
     Box("txtVolume").setFocus(Qt::TabFocusReason);
-    EXPECT_TRUE(Window->Changed);
+    EXPECT_TRUE(Window->Current().Changed);
     EXPECT_EQ(Gen(), after);
 }
 
@@ -78,7 +78,7 @@ TEST_P(EveryParameter, SavesOnLeavingWithoutEnter) {
     Type(GetParam(), "7");
     PressKey(Qt::Key_Tab);
     EXPECT_THAT("|" + Gen() + "|", HasSubstr("|7|"));
-    EXPECT_TRUE(Window->Changed);
+    EXPECT_TRUE(Window->Current().Changed);
 }
 
 INSTANTIATE_TEST_SUITE_P(Boxes, EveryParameter,
@@ -122,7 +122,7 @@ TEST_F(frmMainParameters, ARefusedTextBringsOneMessageAndChangesNothing) {
     EXPECT_THAT(Dialogs.Seen[0], HasSubstr("critical: "));
     EXPECT_THAT(Dialogs.Seen[0], HasSubstr("Working days per year"));
     EXPECT_EQ(Gen(), "0|0|250|0.25|20|5|0|Untitled");
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
 }
 
 TEST_F(frmMainParameters, ARefusedTextGetsTheFocusBackWithoutAStormOfMessages) {
@@ -151,7 +151,7 @@ TEST_F(frmMainParameters, AFigureThatCannotBeIsRefusedByItsCaption) {
                 ElementsAre("critical: Working days per year is 367; it must be above 0 and at "
                             "most 366."));
     EXPECT_EQ(Gen(), "0|0|250|0.25|20|5|0|Untitled");
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
     QTest::qWait(0);
     Activate();
     EXPECT_EQ(FocusName(), "txtDays");
@@ -187,7 +187,7 @@ TEST_F(frmMainParameters, AMenuDoesNotTakeTheFocusFromABox) {
     Start();
     Box("txtDays").setFocus(Qt::TabFocusReason);
     OpenMenu("mnuView");
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
     EXPECT_EQ(FocusName(), "txtDays");
 }
 

@@ -157,7 +157,7 @@ TEST_F(frmMainShield, DialogsOfASolveTakeInput) {
     PressKey(Qt::Key_1, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !Started.empty(); }));
     EXPECT_EQ(Dialogs.Seen.size(), 2U);
-    EXPECT_EQ(Window->FixedDemandSolve.StationLimit, 3);
+    EXPECT_NE(ReadFile(Copy->File("RunRpt.txt")).find("Station Limit: 3\n"), std::string::npos);
 }
 
 TEST_F(frmMainShield, InputCountsAgainAfterASolve) {

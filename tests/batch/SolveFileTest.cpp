@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/BatchForm.h"
 #include "batch/Results.h"
 #include "shell/Reports.h"
 #include "support/RunTimeErrors.h"
@@ -19,7 +20,7 @@ using test::WorkedExample;
 SolveRequest RequestFor(const std::string& model, const std::string& demand) {
     SolveRequest request;
     request.Model = model;
-    request.Answers.Demand = demand;
+    request.Demand = demand;
     return request;
 }
 
@@ -33,7 +34,7 @@ TEST(SolveFile, SolvesTheWorkedExample) {
 TEST(SolveFile, PassesOnWhatTheSystemSays) {
     const SolveRun run;
     SolveRequest request = RequestFor(run.Make("line.mdb", WorkedExample()), "5000000");
-    request.Answers.StationLimit = "1";
+    request.StationLimit = "1";
     const SolveOutcome outcome = SolveFile(request);
     EXPECT_EQ(outcome.Report, "");
     EXPECT_EQ(outcome.Messages, std::vector<std::string>{"There is not a feasible solution!"});
@@ -62,15 +63,15 @@ constexpr const char* kEndsEarly =
 class Outcome : public testing::Test {
   protected:
     Outcome() {
-        MakeEmptyModel(Form.WorkingCopy());
-        WriteFile(Form.InApplicationDirectory(kRunReport), "Solution\n");
+        MakeEmptyModel(Form.Copy().Path());
+        WriteFile(Form.Copy().File(kRunReport), "Solution\n");
         Request.OutDirectory = Run.File("out");
         Request.SaveAs = Run.File("solved.mdb");
     }
 
     const SolveRun Run;
     const TemporaryDirectory Directory;
-    BatchForm Form{Directory.Path(), {}};
+    BatchForm Form{Directory.Path(), false};
     SolveRequest Request = RequestFor("line.mdb", "5");
 };
 
@@ -92,7 +93,7 @@ TEST_F(Outcome, OfALineThatEndsEarlyIsItsReportAndTheMessage) {
 }
 
 TEST_F(Outcome, OfNoLineIsTheMessageAlone) {
-    std::filesystem::remove(Form.InApplicationDirectory(kRunReport));
+    std::filesystem::remove(Form.Copy().File(kRunReport));
     Form.ShowMessage("There is no feasible solution!", MessageIcon::Information);
     const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport);
     EXPECT_EQ(outcome.Report, "");
@@ -102,32 +103,16 @@ TEST_F(Outcome, OfNoLineIsTheMessageAlone) {
 
 TEST(BatchForm, SaysAWarningAndSolvesAnyway) {
     const TemporaryDirectory directory;
-    BatchForm form(directory.Path(), {});
+    BatchForm form(directory.Path(), false);
     testing::internal::CaptureStderr();
     EXPECT_TRUE(form.SolveAnyway("The probabilities add up to 85%."));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "The probabilities add up to 85%.\n");
     EXPECT_TRUE(form.Messages().empty());
 }
 
-TEST(BatchForm, AnswersFromTheCommandLine) {
-    const TemporaryDirectory directory;
-    BatchForm form(directory.Path(), {"60000", "3"});
-    EXPECT_EQ(form.DemandCount(), 0);
-    EXPECT_EQ(form.InputBox("any prompt", "Fixed Demand", "proposal"), "60000");
-    EXPECT_TRUE(form.AskYesNo("any question", MessageIcon::None, Answer::Yes));
-    EXPECT_EQ(form.InputBox("any prompt", "Quarnel02", "proposal"), "3");
-}
-
-TEST(BatchForm, LimitsNothingWithoutALimit) {
-    const TemporaryDirectory directory;
-    BatchForm form(directory.Path(), {});
-    EXPECT_FALSE(form.AskYesNo("any question", MessageIcon::None, Answer::Yes));
-    EXPECT_EQ(form.InputBox("any prompt", "Fixed Demand", "proposal"), "");
-}
-
 TEST(BatchForm, KeepsMessagesInOrder) {
     const TemporaryDirectory directory;
-    BatchForm form(directory.Path(), {});
+    BatchForm form(directory.Path(), false);
     form.ShowMessage("first", MessageIcon::Information);
     form.ShowMessage("second", MessageIcon::Critical);
     EXPECT_EQ(form.Messages(), (std::vector<std::string>{"first", "second"}));

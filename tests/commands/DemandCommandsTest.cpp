@@ -30,7 +30,7 @@ struct DemandDesk {
     explicit DemandDesk(const std::string& rows = "")
         : Model(rows.empty() ? "" : "INSERT INTO Demand VALUES " + rows + ";"),
           Form(Model.Directory()) {
-        ListDemand(Form);
+        ListDemand(Form.Copy(), Form);
         Form.Events.clear();
     }
 
@@ -40,7 +40,7 @@ struct DemandDesk {
     }
     void Add(const std::string& volume, const std::string& probability) {
         Fill(volume, probability);
-        cmdAdd_Click(Form);
+        cmdAdd_Click(Form, Current);
     }
     [[nodiscard]] std::string Boxes() const {
         return Form.Text(TextBox::txtVolume) + "|" + Form.Text(TextBox::txtProb);
@@ -48,12 +48,13 @@ struct DemandDesk {
 
     TestModel Model;
     ScriptedForm Form;
+    CurrentModel Current;
 };
 
 /// Nothing was written, said or marked as changed.
 void ExpectUntouched(const DemandDesk& desk, const Lines& rows) {
     EXPECT_EQ(DemandRows(desk.Model), rows);
-    EXPECT_FALSE(desk.Form.Changed);
+    EXPECT_FALSE(desk.Current.Changed);
     for (const std::string& event : desk.Form.Events) {
         EXPECT_TRUE(event.starts_with("select: ")) << event;
     }
@@ -75,7 +76,7 @@ TEST(cmdAdd, WritesARowAndListsIt) {
     EXPECT_EQ(DemandLines(desk.Form), Lines{"12,500:  25%"});
     EXPECT_EQ(desk.Form.Events, Lines{"sum: 25% (75% missing) rgb(255,0,0)"});
     EXPECT_EQ(desk.Boxes(), "|");
-    EXPECT_TRUE(desk.Form.Changed);
+    EXPECT_TRUE(desk.Current.Changed);
 }
 
 TEST(cmdAdd, StoresTheSameWithAndWithoutThePercentSignTyped) {
@@ -171,20 +172,20 @@ TEST(cmdUpdate, RewritesTheRowOfTheSelectedLine) {
     DemandDesk desk(kTwoRows);
     desk.Form.SelectDemand(1);
     desk.Fill("7,500", "35%");
-    cmdUpdate_Click(desk.Form);
+    cmdUpdate_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), (Lines{"7500|35", "5000|60"}));
     EXPECT_EQ(DemandLines(desk.Form), (Lines{"5,000:  60%", "7,500:  35%"}));
     EXPECT_EQ(desk.Form.Events.back(), "sum: 95% (5% missing) rgb(255,0,0)");
     EXPECT_EQ(desk.Boxes(), "|");
-    EXPECT_TRUE(desk.Form.Changed);
+    EXPECT_TRUE(desk.Current.Changed);
 }
 
 TEST(cmdUpdate, TakesTheBoxesAsTheSelectionFilledThem) {
     DemandDesk desk("(1250000, 33.3)");
     desk.Form.SelectDemand(0);
-    cmdUpdate_Click(desk.Form);
+    cmdUpdate_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), Lines{"1250000|33.3"});
-    EXPECT_TRUE(desk.Form.Changed);
+    EXPECT_TRUE(desk.Current.Changed);
 }
 
 TEST(cmdUpdate, KeepsEveryUnitOfALargeVolume) {
@@ -193,7 +194,7 @@ TEST(cmdUpdate, KeepsEveryUnitOfALargeVolume) {
     desk.Form.SelectDemand(0);
     EXPECT_EQ(desk.Boxes(), "12,345,678|25%");
     desk.Fill(desk.Form.Text(TextBox::txtVolume), "30%");
-    cmdUpdate_Click(desk.Form);
+    cmdUpdate_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), Lines{"12345678|30"});
 }
 
@@ -214,7 +215,7 @@ TEST(cmdUpdate, FindsARowHoweverItIsWritten) {
         DemandDesk desk(kRowsOfAnyForm);
         desk.Form.SelectDemand(line);
         desk.Fill("77", "7%");
-        cmdUpdate_Click(desk.Form);
+        cmdUpdate_Click(desk.Form, desk.Current);
         constexpr std::array places = {3U, 5U, 2U, 1U, 4U};  // in ascending order of volume
         Lines rows = kAnyFormTexts;
         rows.at(places.at(static_cast<std::size_t>(line))) = "77|7";
@@ -226,7 +227,7 @@ TEST(cmdDelete, FindsARowHoweverItIsWritten) {
     for (int line = 0; line < 5; ++line) {
         DemandDesk desk(kRowsOfAnyForm);
         desk.Form.SelectDemand(line);
-        cmdDelete_Click(desk.Form);
+        cmdDelete_Click(desk.Form, desk.Current);
         constexpr std::array places = {3, 5, 2, 1, 4};
         Lines rows = kAnyFormTexts;
         rows.erase(rows.begin() + places.at(static_cast<std::size_t>(line)));
@@ -240,7 +241,7 @@ TEST(cmdUpdate, ChangesTheSelectedOneOfEqualRows) {
     DemandDesk desk("(5000, 25), (5000, 25)");
     desk.Form.SelectDemand(1);
     desk.Fill("6000", "30%");
-    cmdUpdate_Click(desk.Form);
+    cmdUpdate_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), (Lines{"5000|25", "6000|30"}));
 }
 
@@ -248,9 +249,9 @@ TEST(cmdUpdate, RefusesFiguresThatCannotBe) {
     DemandDesk desk(kTwoRows);
     desk.Form.SelectDemand(0);
     desk.Fill("7500", "101%");
-    ExpectRunTimeError(ErrorKind::Overflow, [&] { cmdUpdate_Click(desk.Form); });
+    ExpectRunTimeError(ErrorKind::Overflow, [&] { cmdUpdate_Click(desk.Form, desk.Current); });
     desk.Fill("-1", "10%");
-    ExpectRunTimeError(ErrorKind::Overflow, [&] { cmdUpdate_Click(desk.Form); });
+    ExpectRunTimeError(ErrorKind::Overflow, [&] { cmdUpdate_Click(desk.Form, desk.Current); });
     ExpectUntouched(desk, kTwoRowTexts);
     EXPECT_EQ(desk.Boxes(), "-1|10%");
 }
@@ -258,12 +259,12 @@ TEST(cmdUpdate, RefusesFiguresThatCannotBe) {
 TEST(cmdUpdate, NeedsALineAndBothBoxes) {
     DemandDesk desk(kTwoRows);
     desk.Fill("7500", "35%");
-    cmdUpdate_Click(desk.Form);
+    cmdUpdate_Click(desk.Form, desk.Current);
     desk.Form.SelectDemand(0);
     desk.Fill("", "35%");
-    cmdUpdate_Click(desk.Form);
+    cmdUpdate_Click(desk.Form, desk.Current);
     desk.Fill("7500", "");
-    cmdUpdate_Click(desk.Form);
+    cmdUpdate_Click(desk.Form, desk.Current);
     ExpectUntouched(desk, kTwoRowTexts);
 }
 
@@ -271,8 +272,8 @@ TEST(cmdUpdate, RefusesWhatIsNoNumber) {
     DemandDesk desk(kTwoRows);
     desk.Form.SelectDemand(0);
     desk.Fill("7500", "x%");
-    const std::string message =
-        ExpectRunTimeError(ErrorKind::TypeMismatch, [&] { cmdUpdate_Click(desk.Form); });
+    const std::string message = ExpectRunTimeError(
+        ErrorKind::TypeMismatch, [&] { cmdUpdate_Click(desk.Form, desk.Current); });
     EXPECT_TRUE(message.starts_with("Probability")) << message;
     ExpectUntouched(desk, kTwoRowTexts);
     EXPECT_EQ(desk.Boxes(), "7500|x%");
@@ -282,12 +283,12 @@ TEST(cmdUpdate, RefusesWhatIsNoNumber) {
 TEST(cmdDelete, DeletesTheSelectedRow) {
     DemandDesk desk(kTwoRows);
     desk.Form.SelectDemand(0);
-    cmdDelete_Click(desk.Form);
+    cmdDelete_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), Lines{"20000|40"});
     EXPECT_EQ(DemandLines(desk.Form), Lines{"20,000:  40%"});
     EXPECT_EQ(desk.Form.Events.back(), "sum: 40% (60% missing) rgb(255,0,0)");
     EXPECT_EQ(desk.Boxes(), "|");
-    EXPECT_TRUE(desk.Form.Changed);
+    EXPECT_TRUE(desk.Current.Changed);
 }
 
 TEST(cmdDelete, DeletesTheSelectedRowWhateverTheBoxesHold) {
@@ -295,7 +296,7 @@ TEST(cmdDelete, DeletesTheSelectedRowWhateverTheBoxesHold) {
         DemandDesk desk(kTwoRows);
         desk.Form.SelectDemand(0);
         desk.Fill(volume, "40%");
-        cmdDelete_Click(desk.Form);
+        cmdDelete_Click(desk.Form, desk.Current);
         EXPECT_EQ(DemandRows(desk.Model), Lines{"20000|40"}) << volume;
         EXPECT_EQ(DemandLines(desk.Form), Lines{"20,000:  40%"});
         EXPECT_EQ(desk.Boxes(), "|");
@@ -308,7 +309,7 @@ TEST(cmdDelete, EndsSilentlyWhenTheRowIsGone) {
     desk.Fill("1", "1%");
     RecordSet rows = desk.Model.Open().OpenRecordSet("SELECT * FROM Demand;");
     rows.Delete();
-    cmdDelete_Click(desk.Form);
+    cmdDelete_Click(desk.Form, desk.Current);
     ExpectUntouched(desk, {"5000|60"});
     EXPECT_EQ(desk.Form.DemandCount(), 2);
     EXPECT_EQ(desk.Boxes(), "1|1%");
@@ -317,7 +318,7 @@ TEST(cmdDelete, EndsSilentlyWhenTheRowIsGone) {
 TEST(cmdDelete, NeedsASelectedLine) {
     DemandDesk desk(kTwoRows);
     desk.Fill("5000", "60%");
-    cmdDelete_Click(desk.Form);
+    cmdDelete_Click(desk.Form, desk.Current);
     ExpectUntouched(desk, kTwoRowTexts);
     EXPECT_EQ(desk.Boxes(), "5000|60%");
 }
@@ -325,25 +326,25 @@ TEST(cmdDelete, NeedsASelectedLine) {
 TEST(cmdDelete, DeletesTheSelectedOneOfEqualRows) {
     DemandDesk desk("(5000, 25), (5000, 25), (5000, 50)");
     desk.Form.SelectDemand(1);
-    cmdDelete_Click(desk.Form);
+    cmdDelete_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), (Lines{"5000|25", "5000|50"}));
 }
 
 TEST(cmdDelete, EmptiesTheListWithTheLastRowButKeepsTheSum) {
     DemandDesk desk("(5000, 100)");
     desk.Form.SelectDemand(0);
-    cmdDelete_Click(desk.Form);
+    cmdDelete_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), Lines{});
     EXPECT_EQ(desk.Form.DemandCount(), 0);
     EXPECT_EQ(desk.Form.Events, Lines{"select: 0"});
-    EXPECT_TRUE(desk.Form.Changed);
+    EXPECT_TRUE(desk.Current.Changed);
 }
 
 TEST(cmdDelete, DeletesARowOfNoVolume) {
     DemandDesk desk("(0, 10)");
     desk.Form.SelectDemand(0);
     EXPECT_EQ(desk.Boxes(), "|10%");
-    cmdDelete_Click(desk.Form);
+    cmdDelete_Click(desk.Form, desk.Current);
     EXPECT_EQ(DemandRows(desk.Model), Lines{});
 }
 

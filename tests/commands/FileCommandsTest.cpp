@@ -41,13 +41,13 @@ Lines Then(Lines first, const Lines& second) {
 TEST(StartUp, LoadsTheTemplateAndLeavesTheTitle) {
     CommandDesk desk(kTwoVolumes);
     desk.UseFile("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Commands.StartUp();
     EXPECT_EQ(desk.Form.Events, kLoadedWithoutDemand);
     EXPECT_EQ(desk.Form.Text(TextBox::txtDays), "250");
     EXPECT_EQ(desk.Form.DemandCount(), 0);
-    EXPECT_EQ(desk.Form.CurrentDir + desk.Form.CurrentFile, "");
-    EXPECT_FALSE(desk.Form.Changed);
+    EXPECT_EQ(desk.Commands.Current().Dir + desk.Commands.Current().File, "");
+    EXPECT_FALSE(desk.Commands.Current().Changed);
 }
 
 TEST(StartUp, NeedsTheTemplate) {
@@ -74,7 +74,6 @@ TEST(StartUp, DoesNotPlayBackTheJournalOfAKilledProgram) {
     }
     CommandDesk desk;
     const fs::path journal = desk.Application.File("working.seq-journal");
-    desk.Form.CloseModel();
     fs::copy_file(killed.Application.File("working.seq-journal"), journal);
     ASSERT_GT(fs::file_size(journal), 512U);
 
@@ -99,23 +98,23 @@ TEST(AskToSave, AsksOnlyAboutChanges) {
 TEST(AskToSave, SavesAfterYes) {
     CommandDesk desk(kTwoVolumes);
     desk.UseFile("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {true};
     desk.Commands.AskToSave();
     EXPECT_EQ(desk.Form.Events, Lines{kAsked + std::string("yes")});
     EXPECT_EQ(CommandDesk::InputsOf(desk.UserFile("line.mdb")), desk.WorkingInputs());
-    EXPECT_FALSE(desk.Form.Changed);
+    EXPECT_FALSE(desk.Commands.Current().Changed);
 }
 
 TEST(AskToSave, GoesOnAfterNo) {
     CommandDesk desk;
     desk.UseFile("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {false};
     desk.Commands.AskToSave();
     EXPECT_EQ(desk.Form.Events, Lines{kAsked + std::string("no")});
     EXPECT_FALSE(fs::exists(desk.UserFile("line.mdb")));
-    EXPECT_TRUE(desk.Form.Changed);
+    EXPECT_TRUE(desk.Commands.Current().Changed);
 }
 
 TEST(New, LoadsTheTemplate) {
@@ -126,16 +125,16 @@ TEST(New, LoadsTheTemplate) {
     EXPECT_EQ(desk.Form.Text(TextBox::txtDays), "250");
     EXPECT_EQ(desk.Form.DemandCount(), 0);
     EXPECT_EQ(desk.WorkingDays(), "250");
-    EXPECT_EQ(desk.Form.CurrentDir + desk.Form.CurrentFile, "");
+    EXPECT_EQ(desk.Commands.Current().Dir + desk.Commands.Current().File, "");
 }
 
 TEST(New, GoesOnWithoutSavingAfterNo) {
     CommandDesk desk(kTwoVolumes);
     desk.UseFile("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {false};
     desk.Commands.New();
-    EXPECT_FALSE(desk.Form.Changed);
+    EXPECT_FALSE(desk.Commands.Current().Changed);
     EXPECT_FALSE(fs::exists(desk.UserFile("line.mdb")));
     EXPECT_EQ(desk.WorkingDays(), "250");
 }
@@ -144,7 +143,7 @@ TEST(New, SavesFirstAfterYes) {
     CommandDesk desk(kTwoVolumes);
     const auto before = desk.WorkingInputs();
     desk.UseFile("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {true};
     desk.Commands.New();
     EXPECT_EQ(CommandDesk::InputsOf(desk.UserFile("line.mdb")), before);
@@ -155,13 +154,13 @@ TEST(New, SaysThatTheTemplateIsMissing) {
     CommandDesk desk(kTwoVolumes);
     fs::remove(desk.Application.File("blank.seq"));
     desk.UseFile("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {false};
     desk.Commands.New();
     EXPECT_EQ(desk.Form.Events,
               (Lines{kAsked + std::string("no"), "title: Quarnel02", kNewFailed}));
-    EXPECT_TRUE(desk.Form.Changed);
-    EXPECT_EQ(desk.Form.CurrentDir + desk.Form.CurrentFile, "");
+    EXPECT_TRUE(desk.Commands.Current().Changed);
+    EXPECT_EQ(desk.Commands.Current().Dir + desk.Commands.Current().File, "");
     EXPECT_EQ(desk.WorkingDays(), "240");
 }
 
@@ -192,8 +191,8 @@ TEST(Open, LoadsTheChosenFile) {
     desk.Commands.Open();
     EXPECT_EQ(desk.Form.Events, Then(Then({"dialog[open||]"}, kLoadedWithDemand),
                                      {"title: Förder band.mdb - Quarnel02"}));
-    EXPECT_EQ(desk.Form.CurrentDir, desk.UserDirectory());
-    EXPECT_EQ(desk.Form.CurrentFile, "Förder band.mdb");
+    EXPECT_EQ(desk.Commands.Current().Dir, desk.UserDirectory());
+    EXPECT_EQ(desk.Commands.Current().File, "Förder band.mdb");
     EXPECT_EQ(desk.Form.Text(TextBox::txtDays), "240");
     EXPECT_EQ(DemandLines(desk.Form), (Lines{"10,000:  60%", "20,000:  40%"}));
     EXPECT_EQ(desk.RecentText(), path + "\n");
@@ -204,26 +203,26 @@ TEST(Open, LoadsTheChosenFile) {
 TEST(Open, AsksFirstAndDropsTheChangesAfterNo) {
     CommandDesk desk;
     desk.MakeUserModel("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {false};
     desk.Dialog.Answers = {{desk.UserDirectory(), "line.mdb"}};
     desk.Commands.Open();
     ASSERT_GE(desk.Form.Events.size(), 2U);
     EXPECT_EQ(desk.Form.Events[0], kAsked + std::string("no"));
     EXPECT_EQ(desk.Form.Events[1], "dialog[open||]");
-    EXPECT_FALSE(desk.Form.Changed);
+    EXPECT_FALSE(desk.Commands.Current().Changed);
 }
 
 TEST(Open, DoesNothingAfterCancel) {
     CommandDesk desk(kTwoVolumes);
     desk.UseFile("line.mdb");
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {false};
     desk.Dialog.Answers = {{"", ""}};
     desk.Commands.Open();
     EXPECT_EQ(desk.Form.Events, (Lines{kAsked + std::string("no"), "dialog[open||]"}));
-    EXPECT_TRUE(desk.Form.Changed);
-    EXPECT_EQ(desk.Form.CurrentFile, "line.mdb");
+    EXPECT_TRUE(desk.Commands.Current().Changed);
+    EXPECT_EQ(desk.Commands.Current().File, "line.mdb");
     EXPECT_EQ(desk.WorkingDays(), "240");
     EXPECT_EQ(desk.RecentText(), "");
 }
@@ -256,9 +255,9 @@ void ExpectRefusal(CommandDesk& desk, const std::string& path, const Lines& befo
     EXPECT_EQ(Lines(desk.Form.Events.begin(), desk.Form.Events.end() - 1), before);
     EXPECT_TRUE(message.starts_with("message[critical]: " + path)) << message;
     EXPECT_EQ(message.find('\n'), std::string::npos) << message;
-    EXPECT_EQ(desk.Form.CurrentDir, desk.UserDirectory());
-    EXPECT_EQ(desk.Form.CurrentFile, "mine.mdb");
-    EXPECT_TRUE(desk.Form.Changed);
+    EXPECT_EQ(desk.Commands.Current().Dir, desk.UserDirectory());
+    EXPECT_EQ(desk.Commands.Current().File, "mine.mdb");
+    EXPECT_TRUE(desk.Commands.Current().Changed);
     EXPECT_EQ(desk.WorkingDays(), "240");
     EXPECT_EQ(DemandLines(desk.Form).size(), 2U);
 }
@@ -266,7 +265,7 @@ void ExpectRefusal(CommandDesk& desk, const std::string& path, const Lines& befo
 struct OpenRefuses : ::testing::Test {
     OpenRefuses() {
         Desk.UseFile("mine.mdb");
-        Desk.Form.Changed = true;
+        Desk.Commands.Current().Changed = true;
         Desk.Form.YesNoAnswers = {false};
         Desk.Dialog.Answers = {{Desk.UserDirectory(), "other.mdb"}};
         Desk.SetRecent({Other});
@@ -303,7 +302,6 @@ TEST_F(OpenRefuses, AModelThatCannotBeLoaded) {
     EXPECT_NE(Desk.Form.Events.back().find("256 tasks"), std::string::npos);
     EXPECT_EQ(Desk.Form.Text(TextBox::txtDays), "240");
     EXPECT_TRUE(Desk.Form.LastDesign.has_value());
-    Desk.Form.CloseModel();
     EXPECT_EQ(ReadFile(Desk.Application.File()), before);
     EXPECT_FALSE(fs::exists(Desk.Application.File("Incoming")));
 }
@@ -352,14 +350,14 @@ TEST_P(BrokenRecentList, NeverStopsACommand) {
     desk.Dialog.Answers = {{desk.UserDirectory(), "line.mdb"}};
     desk.Commands.Open();
     EXPECT_EQ(desk.WorkingDays(), "240");
-    EXPECT_EQ(desk.Form.CurrentFile, "line.mdb");
+    EXPECT_EQ(desk.Commands.Current().File, "line.mdb");
     const std::string message = desk.Form.Events.back();
     EXPECT_TRUE(message.starts_with("message[information]: The list of recent files")) << message;
     EXPECT_NE(message.find(PathText(desk.Configuration())), std::string::npos) << message;
 
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Commands.Save();
-    EXPECT_FALSE(desk.Form.Changed);
+    EXPECT_FALSE(desk.Commands.Current().Changed);
     EXPECT_EQ(desk.Form.Events.back(), message);
     EXPECT_EQ(CommandDesk::InputsOf(path), desk.WorkingInputs());
 }
@@ -371,15 +369,15 @@ TEST(OpenRecent, LoadsTheFileOfTheCaption) {
     const std::string a = desk.MakeUserModel("a.mdb");
     const std::string b = desk.MakeUserModel("b.mdb", kTwoVolumes);
     desk.SetRecent({a, b});
-    desk.Form.Changed = true;
+    desk.Commands.Current().Changed = true;
     desk.Form.YesNoAnswers = {false};
     desk.Commands.OpenRecent("2. ..\\b.mdb");
     EXPECT_EQ(desk.Form.Events, Then(Then({kAsked + std::string("no")}, kLoadedWithDemand),
                                      {"title: b.mdb - Quarnel02"}));
-    EXPECT_EQ(desk.Form.CurrentDir, desk.UserDirectory());
-    EXPECT_EQ(desk.Form.CurrentFile, "b.mdb");
+    EXPECT_EQ(desk.Commands.Current().Dir, desk.UserDirectory());
+    EXPECT_EQ(desk.Commands.Current().File, "b.mdb");
     EXPECT_EQ(desk.RecentText(), b + "\n" + a + "\n");
-    EXPECT_FALSE(desk.Form.Changed);
+    EXPECT_FALSE(desk.Commands.Current().Changed);
 }
 
 TEST(OpenRecent, OpensTheMoreRecentOfEqualNames) {
@@ -388,7 +386,7 @@ TEST(OpenRecent, OpensTheMoreRecentOfEqualNames) {
     const std::string older = desk.MakeUserModel("one/line.mdb");
     desk.SetRecent({recent, older});
     desk.Commands.OpenRecent("2. ..\\line.mdb");
-    EXPECT_EQ(desk.Form.CurrentDir, PathText(desk.UserFile("two")));
+    EXPECT_EQ(desk.Commands.Current().Dir, PathText(desk.UserFile("two")));
     EXPECT_EQ(desk.WorkingDays(), "240");
 }
 
@@ -397,7 +395,7 @@ TEST(OpenRecent, DoesNothingWhenTheListHasNoSuchFile) {
     desk.SetRecent({desk.MakeUserModel("a.mdb")});
     desk.Commands.OpenRecent("1. ..\\b.mdb");
     EXPECT_EQ(desk.Form.Events, Lines{});
-    EXPECT_EQ(desk.Form.CurrentFile, "");
+    EXPECT_EQ(desk.Commands.Current().File, "");
 }
 
 TEST(OpenRecent, OpensACutPath) {
@@ -405,7 +403,7 @@ TEST(OpenRecent, OpensACutPath) {
     desk.MakeUserModel("pump", kTwoVolumes);
     desk.SetRecent({PathText(desk.UserFile("pump, small.mdb"))});
     desk.Commands.OpenRecent("1. ..\\pump");
-    EXPECT_EQ(desk.Form.CurrentFile, "pump");
+    EXPECT_EQ(desk.Commands.Current().File, "pump");
     EXPECT_EQ(desk.RecentText(), PathText(desk.UserFile("pump")) + "\n");
     EXPECT_EQ(desk.WorkingDays(), "240");
 }

@@ -27,7 +27,7 @@ using Leaving = test::Sessions;
 TEST_F(HasUnsavedWork, FollowsTheWorkingCopyAndNotTheFlag) {
     EXPECT_FALSE(Commands().HasUnsavedWork());
     EnterTask("Insert shaft");
-    EXPECT_FALSE(Form().Changed);
+    EXPECT_FALSE(Commands().Current().Changed);
     EXPECT_TRUE(Commands().HasUnsavedWork());
     Program->Dialog.Answers = {{PathText(User.Path()), "line.mdb"}};
     Commands().Save();
@@ -35,7 +35,7 @@ TEST_F(HasUnsavedWork, FollowsTheWorkingCopyAndNotTheFlag) {
     EnterDays("231");
     EXPECT_TRUE(Commands().HasUnsavedWork());
     EnterDays("250");
-    EXPECT_TRUE(Form().Changed);
+    EXPECT_TRUE(Commands().Current().Changed);
     EXPECT_FALSE(Commands().HasUnsavedWork());
 }
 
@@ -43,7 +43,7 @@ TEST_F(HasUnsavedWork, IsStillTrueAfterACancelledSaveAs) {
     EnterDays("231");
     Program->Dialog.Answers = {{"", ""}};
     Commands().Save();
-    EXPECT_FALSE(Form().Changed);
+    EXPECT_FALSE(Commands().Current().Changed);
     EXPECT_TRUE(Commands().HasUnsavedWork());
 }
 
@@ -60,7 +60,7 @@ TEST_F(HasUnsavedWork, IsTrueForAModelThatAFailedNewLeftWithoutItsFile) {
     fs::remove(Application.File("blank.seq"));
     Commands().New();
     EXPECT_TRUE(Form().Events.back().starts_with("message[critical]: Error creating working file"));
-    EXPECT_EQ(Form().CurrentFile, "");
+    EXPECT_EQ(Commands().Current().File, "");
     EXPECT_EQ(Task(), "Insert shaft");
     EXPECT_TRUE(Commands().HasUnsavedWork());
 }
@@ -98,11 +98,11 @@ TEST_F(Exit, KeepsWhatThePlannerDidNotSave) {
 
 TEST_F(Exit, StaysWhenSavingFails) {
     EnterDays("231");
-    Form().CurrentDir = PathText(User.Path() / "gone");
-    Form().CurrentFile = "line.mdb";
+    Commands().Current().Dir = PathText(User.Path() / "gone");
+    Commands().Current().File = "line.mdb";
     Form().YesNoAnswers = {true};
     EXPECT_FALSE(Commands().Exit());
-    EXPECT_TRUE(Form().Changed);
+    EXPECT_TRUE(Commands().Current().Changed);
 }
 
 TEST_F(Exit, StaysWhenWorkCannotBeKeptUnlessThePlannerGivesItUp) {
@@ -137,8 +137,8 @@ TEST_F(FailedSave, EndsTheCommandThatAskedForIt) {
         }};
     WriteFile(Application.File("Marrowgate.cfg"), PathText(User.Path() / "pump.mdb") + "\n");
     EnterDays("231");
-    Form().CurrentDir = PathText(User.Path() / "gone");
-    Form().CurrentFile = "line.mdb";
+    Commands().Current().Dir = PathText(User.Path() / "gone");
+    Commands().Current().File = "line.mdb";
     Form().Events.clear();
     for (const auto& command : commands) {
         Form().YesNoAnswers = {true};
@@ -146,8 +146,8 @@ TEST_F(FailedSave, EndsTheCommandThatAskedForIt) {
         ASSERT_EQ(Form().Events.size(), 2U) << Form().Events.back();
         EXPECT_EQ(Form().Events[0], kAsked + std::string("yes"));
         EXPECT_TRUE(Form().Events[1].starts_with("message[critical]: Could not save this file."));
-        EXPECT_TRUE(Form().Changed);
-        EXPECT_EQ(Form().CurrentFile, "line.mdb");
+        EXPECT_TRUE(Commands().Current().Changed);
+        EXPECT_EQ(Commands().Current().File, "line.mdb");
         EXPECT_EQ(Application.RowsOf("SELECT Days FROM Gen;", 1).at(0), "231");
         Form().Events.clear();
     }
@@ -186,7 +186,7 @@ TEST_F(Leaving, OpenStaysWhenThePlannerDoesNotGiveWorkUp) {
     Form().YesNoAnswers = {false, true};
     Open("pump.mdb");
     EXPECT_EQ(Task(), "Mine");
-    EXPECT_EQ(Form().CurrentFile, "");
+    EXPECT_EQ(Commands().Current().File, "");
     Open("pump.mdb");
     EXPECT_EQ(Task(), "Insert shaft");
 }

@@ -12,7 +12,11 @@ namespace quarnel02 {
 namespace {
 
 using test::ExpectRunTimeError;
-using test::LoadedModel;
+/// A model in a window, and whether it has changed.
+struct LoadedModel : test::LoadedModel {
+    using test::LoadedModel::LoadedModel;
+    CurrentModel Current;
+};
 
 using Lines = std::vector<std::string>;
 
@@ -34,17 +38,17 @@ TEST(SaveGeneral, WritesTheEightBoxes) {
     model.Form.SetText(TextBox::txtTransTime, "0");
     model.Form.SetText(TextBox::txtPenalty, "1e2");
     model.Form.SetText(TextBox::txtProduct, "Pumpe 'groß', 2");
-    SaveGeneral(model.Form);
+    SaveGeneral(model.Form, model.Current);
     EXPECT_EQ(GenRow(model), Lines{"5|6|231.5|0.3|1234.5|0|100|Pumpe 'groß', 2"});
-    EXPECT_TRUE(model.Form.Changed);
+    EXPECT_TRUE(model.Current.Changed);
     EXPECT_EQ(model.Form.Events, Lines{});
 }
 
 TEST(SaveGeneral, LeavesTheBoxesAndMayBeRepeated) {
     LoadedModel model(kRow);
     model.Form.SetText(TextBox::txtLaborCost, "1,234.50");
-    SaveGeneral(model.Form);
-    SaveGeneral(model.Form);
+    SaveGeneral(model.Form, model.Current);
+    SaveGeneral(model.Form, model.Current);
     EXPECT_EQ(model.Form.Text(TextBox::txtLaborCost), "1,234.50");
     EXPECT_EQ(GenRow(model), Lines{"3|4|240|0.28|1234.5|4|18|Pump"});
 }
@@ -53,7 +57,7 @@ TEST(SaveGeneral, TakesAnEmptyProductAndRoundsCountsToEven) {
     LoadedModel model(kRow);
     model.Form.SetText(TextBox::txtProduct, "");
     model.Form.SetText(TextBox::txtResources, "2.5");
-    SaveGeneral(model.Form);
+    SaveGeneral(model.Form, model.Current);
     EXPECT_EQ(GenRow(model), Lines{"2|4|240|0.28|24|4|18|"});
 }
 
@@ -71,10 +75,10 @@ TEST_P(SaveGeneralRefuses, ATextThatTheFieldDoesNotTake) {
     model.Form.SetText(TextBox::txtProduct, "New");
     model.Form.SetText(GetParam().Box, GetParam().Text);
     const std::string message =
-        ExpectRunTimeError(GetParam().Kind, [&] { SaveGeneral(model.Form); });
+        ExpectRunTimeError(GetParam().Kind, [&] { SaveGeneral(model.Form, model.Current); });
     EXPECT_NE(message.find(GetParam().Field), std::string::npos) << message;
     EXPECT_EQ(GenRow(model), Lines{"3|4|240|0.28|24|4|18|Pump"});
-    EXPECT_FALSE(model.Form.Changed);
+    EXPECT_FALSE(model.Current.Changed);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -117,79 +121,79 @@ TEST(SaveGeneral, TakesTheEndsOfTheRanges) {
          {TextBox::txtACF, TextBox::txtLaborCost, TextBox::txtTransTime, TextBox::txtPenalty}) {
         model.Form.SetText(box, "0");
     }
-    SaveGeneral(model.Form);
+    SaveGeneral(model.Form, model.Current);
     EXPECT_EQ(GenRow(model), Lines{"3|4|366|0|0|0|0|Pump"});
 }
 
 TEST(SaveGeneral, IsNotHeldUpByAFigureThatCameWithTheFile) {
     LoadedModel model("UPDATE Gen SET Days = 0, ACF = NULL, Penalty = -5;");
     model.Form.SetText(TextBox::txtLaborCost, "30");
-    SaveGeneral(model.Form);
+    SaveGeneral(model.Form, model.Current);
     EXPECT_EQ(GenRow(model), Lines{"0|0|0||30|5|-5|Untitled"});
 
     model.Form.SetText(TextBox::txtDays, "-0.5");
-    ExpectRunTimeError(ErrorKind::Overflow, [&] { SaveGeneral(model.Form); });
+    ExpectRunTimeError(ErrorKind::Overflow, [&] { SaveGeneral(model.Form, model.Current); });
     model.Form.SetText(TextBox::txtDays, "240");
-    SaveGeneral(model.Form);
+    SaveGeneral(model.Form, model.Current);
     EXPECT_EQ(GenRow(model), Lines{"0|0|240||30|5|-5|Untitled"});
 }
 
 TEST(SaveGeneral, KeepsEveryDigitOfAFigureThatIsNotTyped) {
     LoadedModel model("UPDATE Gen SET ACF = 0.12345678901234567;");
     model.Form.SetText(TextBox::txtDays, "240");
-    SaveGeneral(model.Form);
+    SaveGeneral(model.Form, model.Current);
     const RecordSet gen = model.Form.OpenWorkingCopy().OpenRecordSet("SELECT ACF FROM Gen;");
     EXPECT_EQ(gen.Number("ACF"), 0.12345678901234567);
 }
 
 TEST(RefusedParameter, IsTheBoxAtFault) {
     LoadedModel model("UPDATE Gen SET Penalty = -5;");
-    EXPECT_EQ(RefusedParameter(model.Form), std::nullopt);
+    EXPECT_EQ(RefusedParameter(model.Copy.Open(), model.Form), std::nullopt);
     model.Form.SetText(TextBox::txtDays, "240");
     model.Form.SetText(TextBox::txtACF, "-1");
-    EXPECT_EQ(RefusedParameter(model.Form), TextBox::txtACF);
+    EXPECT_EQ(RefusedParameter(model.Copy.Open(), model.Form), TextBox::txtACF);
     model.Form.SetText(TextBox::txtACF, "");
-    EXPECT_EQ(RefusedParameter(model.Form), TextBox::txtACF);
+    EXPECT_EQ(RefusedParameter(model.Copy.Open(), model.Form), TextBox::txtACF);
     model.Form.SetText(TextBox::txtACF, "1");
-    EXPECT_EQ(RefusedParameter(model.Form), std::nullopt);
+    EXPECT_EQ(RefusedParameter(model.Copy.Open(), model.Form), std::nullopt);
 }
 
 TEST(SaveGeneral, NeedsTheRow) {
     LoadedModel model(kRow);
     RecordSet gen = model.Form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Gen;");
     gen.Delete();
-    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { SaveGeneral(model.Form); });
-    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { SavePenalty(model.Form); });
-    EXPECT_FALSE(model.Form.Changed);
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { SaveGeneral(model.Form, model.Current); });
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { SavePenalty(model.Form, model.Current); });
+    EXPECT_FALSE(model.Current.Changed);
 }
 
 TEST(SavePenalty, WritesItsOwnFieldOnly) {
     LoadedModel model(kRow);
     model.Form.SetText(TextBox::txtDays, "not saved, not looked at");
     model.Form.SetText(TextBox::txtPenalty, "2,500");
-    SavePenalty(model.Form);
+    SavePenalty(model.Form, model.Current);
     EXPECT_EQ(GenRow(model), Lines{"3|4|240|0.28|24|4|2500|Pump"});
-    EXPECT_TRUE(model.Form.Changed);
+    EXPECT_TRUE(model.Current.Changed);
 }
 
 TEST(SavePenalty, RefusesATextThatIsNoNumber) {
     LoadedModel model(kRow);
     model.Form.SetText(TextBox::txtPenalty, "");
-    const std::string message =
-        ExpectRunTimeError(ErrorKind::TypeMismatch, [&] { SavePenalty(model.Form); });
+    const std::string message = ExpectRunTimeError(ErrorKind::TypeMismatch,
+                                                   [&] { SavePenalty(model.Form, model.Current); });
     EXPECT_NE(message.find("Penalty"), std::string::npos) << message;
     EXPECT_EQ(GenRow(model), Lines{"3|4|240|0.28|24|4|18|Pump"});
-    EXPECT_FALSE(model.Form.Changed);
+    EXPECT_FALSE(model.Current.Changed);
 }
 
 TEST(SavePenalty, RefusesWhatCannotBeAndLooksAtNothingElse) {
     LoadedModel model("UPDATE Gen SET Penalty = -5, Days = 0;");
     model.Form.SetText(TextBox::txtDays, "-1");
     model.Form.SetText(TextBox::txtPenalty, "-6");
-    ExpectRunTimeError(ErrorKind::Overflow, [&] { SavePenalty(model.Form); });
-    EXPECT_FALSE(model.Form.Changed);
+    ExpectRunTimeError(ErrorKind::Overflow, [&] { SavePenalty(model.Form, model.Current); });
+    EXPECT_FALSE(model.Current.Changed);
     model.Form.SetText(TextBox::txtPenalty, "6");
-    SavePenalty(model.Form);
+    SavePenalty(model.Form, model.Current);
     EXPECT_EQ(GenRow(model), Lines{"0|0|0|0.25|20|5|6|Untitled"});
 }
 

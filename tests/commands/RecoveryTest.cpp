@@ -55,7 +55,6 @@ TEST_F(Recover, AnIncomingModelThatCannotBeShownGivesItsPlaceBack) {
     }
     EXPECT_FALSE(form.Refuse);
     EXPECT_EQ(form.Text(TextBox::txtDays), "250");
-    form.CloseModel();
     EXPECT_EQ(Task(), "Mine");
     EXPECT_FALSE(fs::exists(Application.File("working.old")));
     EXPECT_FALSE(fs::exists(Application.File("Incoming")));
@@ -66,10 +65,10 @@ TEST_F(Restart, OffersTheWorkOfAKilledProgram) {
     Start({true});
     EXPECT_EQ(Form().ProposedAnswers, std::vector{Answer::Yes});
     EXPECT_EQ(Task(), "Insert shaft");
-    EXPECT_EQ(Form().CurrentDir + Form().CurrentFile, "");
+    EXPECT_EQ(Commands().Current().Dir + Commands().Current().File, "");
     EXPECT_EQ(Form().Events.back(), "title: Quarnel02");
     EXPECT_TRUE(Commands().HasUnsavedWork());
-    EXPECT_FALSE(Form().Changed);
+    EXPECT_FALSE(Commands().Current().Changed);
     EXPECT_EQ(Kept().size(), 1U);
 }
 
@@ -196,15 +195,15 @@ TEST_F(Recover, LoadsAnUntitledModelAndKeepsThePresentOne) {
     EnterTask("First");
     Open("pump.mdb");
     EnterTask("Second");
-    Form().Changed = true;
+    Commands().Current().Changed = true;
     Form().YesNoAnswers = {false};
     Form().Events.clear();
     Commands().Recover(Commands().KeptModels().at(0));
     EXPECT_EQ(Form().Events.front(), kAsked + std::string("no"));
     EXPECT_EQ(Form().Events.back(), "title: Quarnel02");
     EXPECT_EQ(Task(), "First");
-    EXPECT_EQ(Form().CurrentDir + Form().CurrentFile, "");
-    EXPECT_FALSE(Form().Changed);
+    EXPECT_EQ(Commands().Current().Dir + Commands().Current().File, "");
+    EXPECT_FALSE(Commands().Current().Changed);
     EXPECT_TRUE(Commands().HasUnsavedWork());
     ASSERT_EQ(Kept().size(), 2U);
     EXPECT_EQ(Application.RowsOf("SELECT * FROM Tasks;", 2), Lines{"1|First"});
@@ -231,7 +230,7 @@ TEST_F(Recover, ByTheOpenDialogIsUntitledToo) {
     Program->Dialog.Answers = {{PathText(kept.parent_path()), PathText(kept.filename())}};
     Commands().Open();
     EXPECT_EQ(Task(), "First");
-    EXPECT_EQ(Form().CurrentFile, "");
+    EXPECT_EQ(Commands().Current().File, "");
     EXPECT_TRUE(Commands().HasUnsavedWork());
 }
 

@@ -36,7 +36,7 @@ void ExpectSaveFailed(const Lines& events, const Lines& before = {}) {
 
 /// A changed model with the product "Pump".
 struct Saving : ::testing::Test {
-    Saving() { Desk.Form.Changed = true; }
+    Saving() { Desk.Commands.Current().Changed = true; }
 
     [[nodiscard]] std::string Proposed() const {
         return "dialog[save|" + Desk.ApplicationDirectory() + "|Pump]";
@@ -54,13 +54,13 @@ TEST_F(Save, CopiesTheWorkingCopyWithoutReloading) {
     EXPECT_EQ(Desk.Form.Events, Lines{});
     EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("Förder band.mdb")), Desk.WorkingInputs());
     EXPECT_EQ(Desk.RecentText(), PathText(Desk.UserFile("Förder band.mdb")) + "\n");
-    EXPECT_FALSE(Desk.Form.Changed);
+    EXPECT_FALSE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(Save, HoldsWhatWasEnteredLast) {
     Desk.UseFile("line.mdb");
     Desk.Form.SetText(TextBox::txtDays, "231.5");
-    SaveGeneral(Desk.Form);
+    SaveGeneral(Desk.Form, Desk.Commands.Current());
     Desk.Commands.Save();
     CheckModelFile(Desk.UserFile("line.mdb"), "line.mdb");
     const Database saved = Database::Open(Desk.UserFile("line.mdb"));
@@ -71,9 +71,9 @@ TEST_F(Save, LeavesTheModelReadyForMore) {
     Desk.UseFile("line.mdb");
     Desk.Commands.Save();
     Desk.Form.SetText(TextBox::txtDays, "200");
-    SaveGeneral(Desk.Form);
+    SaveGeneral(Desk.Form, Desk.Commands.Current());
     EXPECT_EQ(Desk.WorkingDays(), "200");
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(Save, KeepsThePermissionsOfTheFile) {
@@ -90,21 +90,20 @@ TEST_F(Save, FailsWithoutAWorkingCopyAndLeavesTheOldFileWhole) {
     const std::string path = Desk.MakeUserModel("line.mdb");
     const std::string content = ReadFile(path);
     Desk.UseFile("line.mdb");
-    Desk.Form.CloseModel();
     fs::remove(Desk.Application.File());
     Desk.Commands.Save();
     ExpectSaveFailed(Desk.Form.Events);
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
     EXPECT_EQ(ReadFile(path), content);
     EXPECT_EQ(Desk.RecentText(), "");
 }
 
 TEST_F(Save, FailsIntoADirectoryThatHasGone) {
-    Desk.Form.CurrentDir = PathText(Desk.UserFile("gone"));
-    Desk.Form.CurrentFile = "line.mdb";
+    Desk.Commands.Current().Dir = PathText(Desk.UserFile("gone"));
+    Desk.Commands.Current().File = "line.mdb";
     Desk.Commands.Save();
     ExpectSaveFailed(Desk.Form.Events);
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
     EXPECT_EQ(Desk.RecentText(), "");
 }
 
@@ -112,7 +111,7 @@ TEST_F(Save, FailsForANameThatIsTooLong) {
     Desk.UseFile(std::string(300, 'x') + ".mdb");
     Desk.Commands.Save();
     ExpectSaveFailed(Desk.Form.Events);
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(Save, OfAnUntitledModelIsSaveAs) {
@@ -120,16 +119,16 @@ TEST_F(Save, OfAnUntitledModelIsSaveAs) {
     Desk.Commands.Save();
     EXPECT_EQ(Desk.Form.Events.at(0), Proposed());
     EXPECT_TRUE(fs::exists(Desk.UserFile("line.mdb")));
-    EXPECT_FALSE(Desk.Form.Changed);
+    EXPECT_FALSE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(Save, OfAnUntitledModelClearsTheChangesThoughCancelled) {
     Desk.Dialog.Answers = {{"", ""}};
     Desk.Commands.Save();
     EXPECT_EQ(Desk.Form.Events, Lines{Proposed()});
-    EXPECT_FALSE(Desk.Form.Changed);
-    EXPECT_EQ(Desk.Form.CurrentDir, Desk.ApplicationDirectory());
-    EXPECT_EQ(Desk.Form.CurrentFile, "Pump");
+    EXPECT_FALSE(Desk.Commands.Current().Changed);
+    EXPECT_EQ(Desk.Commands.Current().Dir, Desk.ApplicationDirectory());
+    EXPECT_EQ(Desk.Commands.Current().File, "Pump");
     EXPECT_FALSE(fs::exists(Desk.Application.File("Pump")));
 }
 
@@ -148,13 +147,13 @@ TEST_F(Save, AsksBeforeAProposalReplacesAFile) {
     WriteFile(Desk.Application.File("Pump.mdb"), "another pump");
     Desk.Dialog.Answers = {{"", ""}};
     Desk.Commands.Save();
-    Desk.Form.Changed = true;
+    Desk.Commands.Current().Changed = true;
     Desk.Form.Events.clear();
     Desk.Form.YesNoAnswers = {false, true};
     Desk.Commands.Save();
     EXPECT_EQ(Desk.Form.Events, Lines{"ask[information]: File already exists.  Overwrite? -> no"});
     EXPECT_EQ(Desk.Form.ProposedAnswers, std::vector{Answer::No});
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
     EXPECT_EQ(ReadFile(Desk.Application.File("Pump.mdb")), "another pump");
     Desk.Commands.Save();
     EXPECT_EQ(CommandDesk::InputsOf(Desk.Application.File("Pump.mdb")), Desk.WorkingInputs());
@@ -180,7 +179,7 @@ TEST_F(SavingOverMore, ReplacesNothingAfterNo) {
     EXPECT_EQ(Desk.Form.Events, Lines{Asked() + "no"});
     EXPECT_EQ(Desk.Form.ProposedAnswers, std::vector{Answer::No});
     EXPECT_EQ(ReadFile(Path), content);
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(SavingOverMore, EndsTheCommandThatAskedToSaveAfterNo) {
@@ -189,13 +188,13 @@ TEST_F(SavingOverMore, EndsTheCommandThatAskedToSaveAfterNo) {
     ASSERT_EQ(Desk.Form.Events.size(), 2U);
     EXPECT_EQ(Desk.Form.Events[1], Asked() + "no");
     EXPECT_EQ(Desk.WorkingDays(), "240");
-    EXPECT_EQ(Desk.Form.CurrentFile, "line.mdb");
+    EXPECT_EQ(Desk.Commands.Current().File, "line.mdb");
 }
 
 TEST_F(SavingOverMore, ReplacesTheFileAfterYes) {
     Desk.Form.YesNoAnswers = {true};
     Desk.Commands.Save();
-    EXPECT_FALSE(Desk.Form.Changed);
+    EXPECT_FALSE(Desk.Commands.Current().Changed);
     EXPECT_TRUE(ForeignObjects(Path).empty());
     Desk.Commands.Save();
     EXPECT_EQ(Desk.Form.Events.size(), 1U) << "asked although nothing would be lost";
@@ -213,7 +212,7 @@ TEST_F(Save, OfAnUntitledModelClearsTheChangesThoughFailed) {
     Desk.Dialog.Answers = {{PathText(Desk.UserFile("gone")), "line.mdb"}};
     Desk.Commands.Save();
     ExpectSaveFailed(Desk.Form.Events, {Proposed()});
-    EXPECT_FALSE(Desk.Form.Changed);
+    EXPECT_FALSE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(Save, AsksAgainWhileThereIsNoName) {
@@ -232,10 +231,10 @@ TEST_F(SaveAs, SavesReloadsAndLeavesTheTitle) {
     EXPECT_EQ(Desk.Form.Events, (Lines{Proposed(), "busy", "idle", "sum:  rgb(0,0,0)",
                                        "sum: 90% (10% missing) rgb(255,0,0)"}));
     EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("line.mdb")), before);
-    EXPECT_EQ(Desk.Form.CurrentDir, Desk.UserDirectory());
-    EXPECT_EQ(Desk.Form.CurrentFile, "line.mdb");
+    EXPECT_EQ(Desk.Commands.Current().Dir, Desk.UserDirectory());
+    EXPECT_EQ(Desk.Commands.Current().File, "line.mdb");
     EXPECT_EQ(Desk.RecentText(), PathText(Desk.UserFile("line.mdb")) + "\n");
-    EXPECT_FALSE(Desk.Form.Changed);
+    EXPECT_FALSE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(SaveAs, ProposesTheFileThereIs) {
@@ -243,16 +242,16 @@ TEST_F(SaveAs, ProposesTheFileThereIs) {
     Desk.Dialog.Answers = {{"", ""}};
     Desk.Commands.SaveAs();
     EXPECT_EQ(Desk.Form.Events, Lines{"dialog[save|" + Desk.UserDirectory() + "|line.mdb]"});
-    EXPECT_TRUE(Desk.Form.Changed);
-    EXPECT_EQ(Desk.Form.CurrentFile, "line.mdb");
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
+    EXPECT_EQ(Desk.Commands.Current().File, "line.mdb");
 }
 
 TEST_F(SaveAs, KeepsWhatItProposedAfterCancel) {
     Desk.Dialog.Answers = {{"", ""}};
     Desk.Commands.SaveAs();
-    EXPECT_EQ(Desk.Form.CurrentDir, Desk.ApplicationDirectory());
-    EXPECT_EQ(Desk.Form.CurrentFile, "Pump");
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_EQ(Desk.Commands.Current().Dir, Desk.ApplicationDirectory());
+    EXPECT_EQ(Desk.Commands.Current().File, "Pump");
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
 }
 
 TEST_F(SaveAs, SaysThatItFailedAndKeepsTheChanges) {
@@ -261,7 +260,7 @@ TEST_F(SaveAs, SaysThatItFailedAndKeepsTheChanges) {
     Desk.Dialog.Answers = {{Desk.UserDirectory(), "line.mdb"}};
     Desk.Commands.SaveAs();
     ExpectSaveFailed(Desk.Form.Events, {Proposed()});
-    EXPECT_TRUE(Desk.Form.Changed);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
     EXPECT_TRUE(fs::is_directory(directory));
     EXPECT_EQ(Desk.RecentText(), "");
 }

@@ -24,7 +24,7 @@ TEST_F(MatrixCommit, CommittingDeletesTheRowsOfUncheckedPairsAndRebuildsTheArcs)
     // 3 tasks: 4 x 3 / 2 = 6 arcs; task 1 on resource 1 and task 3 on resource 2 make 2 pathways
     EXPECT_EQ(Copy->RowsOf("SELECT * FROM Arcs;", 1).size(), 6U);
     EXPECT_EQ(Copy->RowsOf("SELECT * FROM Pathways;", 1).size(), 2U);
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
 }
 
 TEST_F(MatrixCommit, CancellingKeepsWhatTheCellEditorStoredAndDeletesNothing) {

@@ -279,7 +279,7 @@ TEST_F(frmResource, ClosingWritesTheCountRebuildsTheArcsAndLeavesChangedAlone) {
     EXPECT_EQ(Box("txtResources").text(), "4");
     EXPECT_THAT(Copy->RowsOf("SELECT Resources, Tasks FROM Gen;", 2), ElementsAre("4|1"));
     EXPECT_EQ(Copy->RowsOf("SELECT * FROM Arcs;", 1).size(), 1U);
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
     Window->close();
     EXPECT_THAT(Dialogs.Seen, ElementsAre("dialog: Resources"));
 }

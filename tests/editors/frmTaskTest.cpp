@@ -312,7 +312,7 @@ TEST_F(frmTask, ClosingWritesTheCountAndRebuildsTheArcs) {
     EXPECT_EQ(Box("txtTasks").text(), "5");
     // 5 tasks: 6 x 5 / 2 = 15 arcs
     EXPECT_EQ(Copy->RowsOf("SELECT * FROM Arcs;", 1).size(), 15U);
-    EXPECT_FALSE(Window->Changed);
+    EXPECT_FALSE(Window->Current().Changed);
 }
 
 TEST_F(frmTask, EscapeAndTheCloseBoxCloseLikeOK) {

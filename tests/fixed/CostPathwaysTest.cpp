@@ -6,12 +6,15 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "commands/SolveFixedDemand.h"
 #include "fixed/DrawLinks.h"
 #include "fixed/GeneratePathways.h"
+#include "shell/LoadLineModel.h"
 #include "support/FigureText.h"
 #include "support/LoadedModel.h"
 #include "support/RunTimeErrors.h"
@@ -32,10 +35,11 @@ using Lines = std::vector<std::string>;
 
 constexpr const char* kInfeasible = "message[critical]: There is not a feasible solution!";
 
-/// Costs as after a press of "1 Shift" with this demand, available time and limit.
-void Cost(ScriptedForm& form, const std::string& demand, double available, int limit = -1) {
-    form.FixedDemandSolve = {1, demand, static_cast<std::int16_t>(limit), "--", available};
-    CostPathways(form);
+/// Designs a line as after a press of "1 Shift", on the pathways that stand: 7,200,000 s are
+/// available for the year's units.
+void Cost(LoadedModel& model, double volume, std::optional<std::int16_t> limit = {}) {
+    const Database database = model.Copy.Open();
+    DesignLine(model.Form, database, LoadLineModel(database), {{volume, 1, limit}, "--"});
 }
 
 /// One task of 100 seconds on each resource.
@@ -54,8 +58,7 @@ TEST(CostPathways, SaysSoWhenThereIsNoPathway) {
     script.Tasks = 2;
     LoadedModel model(script);
     const auto before = model.DerivedTables();
-    // The demand, which is no number, is not looked at.
-    Cost(model.Form, "abc", 10);
+    Cost(model, 720000);
     EXPECT_EQ(model.Form.Events,
               Lines{"message[information]: Please complete the task and resource tables first."});
     EXPECT_EQ(model.DerivedTables(), before);
@@ -64,11 +67,11 @@ TEST(CostPathways, SaysSoWhenThereIsNoPathway) {
 
 TEST(CostPathways, SaysSoWhenOnlyPathwaysInOtherStatesAreThere) {
     LoadedModel model(OneTask({{}}));
-    RecordSet pathways = model.Form.Model.OpenRecordSet(kAllPathways);
+    RecordSet pathways = model.Form.OpenWorkingCopy().OpenRecordSet(kAllPathways);
     pathways.Edit();
     pathways.Set("Feasible", 3);
     pathways.Update();
-    Cost(model.Form, "1000", 100);
+    Cost(model, 72000);
     EXPECT_EQ(model.Form.Events,
               Lines{"message[information]: Please complete the task and resource tables first."});
     EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9), Lines{"1|0|1|3|0|0|0|0|0"});
@@ -83,7 +86,7 @@ RecordSet WholeLine(const LoadedModel& model) {
 
 TEST(CostPathways, WritesTheWorkedExampleForOneStation) {
     LoadedModel model(WorkedExample());
-    Cost(model.Form, "100000", 72);
+    Cost(model, 100000);
     const RecordSet row = WholeLine(model);
     EXPECT_EQ(row.Integer("Feasible"), 4);
     EXPECT_EQ(row.Integer("Stations"), 1);
@@ -95,7 +98,7 @@ TEST(CostPathways, WritesTheWorkedExampleForOneStation) {
 
 TEST(CostPathways, WritesTheWorkedExampleForTwoStations) {
     LoadedModel model(WorkedExample());
-    Cost(model.Form, "200000", 36);
+    Cost(model, 200000);
     const RecordSet row = WholeLine(model);
     EXPECT_EQ(row.Integer("Stations"), 2);
     EXPECT_NEAR(row.Number("Time"), 30.556, 0.0005);
@@ -106,19 +109,11 @@ TEST(CostPathways, WritesTheWorkedExampleForTwoStations) {
 
 TEST(CostPathways, StoresSingles) {
     LoadedModel model(WorkedExample());
-    Cost(model.Form, "100000", 72);
+    Cost(model, 100000);
     for (const char* field : {"Time", "AnnualLabor", "Cost"}) {
         const double stored = WholeLine(model).Number(field);
         EXPECT_EQ(static_cast<double>(static_cast<float>(stored)), stored) << field;
     }
-}
-
-TEST(CostPathways, ReadsTheDemandWithItsSeparators) {
-    LoadedModel plain(WorkedExample());
-    LoadedModel separated(WorkedExample());
-    Cost(plain.Form, "100000", 72);
-    Cost(separated.Form, "100,000", 72);
-    EXPECT_EQ(plain.DerivedTables(), separated.DerivedTables());
 }
 
 TEST(CostPathways, CostsToolsInTheOrderOfTheirNumbersAndTimesInTheOrderOfTasks) {
@@ -130,7 +125,7 @@ TEST(CostPathways, CostsToolsInTheOrderOfTheirNumbersAndTimesInTheOrderOfTasks) 
     script.Resources = {{"Res", 0, 0, 0, 100, 1, 4, 1}};
     script.Matrix = {{1, 1, 10, 2, 30}, {1, 2, 10, 1, 50}, {1, 3, 10, 2, 70}};
     LoadedModel model(script);
-    Cost(model.Form, "1000", 100);
+    Cost(model, 72000);
     EXPECT_EQ(model.Copy.RowsOf("SELECT Time, Investment FROM Pathways WHERE PathId = 3;", 2),
               Lines{"39|80"});
 }
@@ -172,7 +167,7 @@ RC_GTEST_PROP(CostPathways, PaysASharedToolAtTheCostOfItsFirstTaskWhateverTheOrd
     std::shuffle(script.Matrix.begin(), script.Matrix.end(),
                  std::mt19937(*rc::gen::arbitrary<unsigned>()));
     LoadedModel model(script);
-    Cost(model.Form, "1000", 1000);
+    Cost(model, 7200);
     RC_ASSERT(model.Copy.RowsOf("SELECT Investment FROM Pathways WHERE PathId = " +
                                     NumberText(script.Tasks) + ";",
                                 1) == Lines{tools.FirstCosts()});
@@ -183,7 +178,7 @@ TEST(CostPathways, KeepsTheCostsOfAPathwayOverTheLimit) {
     ModelScript script = OneTask({{"Slow", 0, 1000}, {"Fast", 0, 9000}});
     script.Matrix[0].Time = 400;
     LoadedModel model(script);
-    Cost(model.Form, "1000", 100, 3);
+    Cost(model, 72000, 3);
     // Labour: stations x 8 h x 250 d x 20 $/h; capital: stations x fixed cost x 0.25.
     EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9),
               (Lines{"1|0|1|2|161000|100|4|4000|160000", "2|0|2|4|42250|100|1|9000|40000"}));
@@ -193,14 +188,14 @@ TEST(CostPathways, AcceptsExactlyTheLimit) {
     ModelScript script = OneTask({{}});
     script.Matrix[0].Time = 400;
     LoadedModel model(script);
-    Cost(model.Form, "1000", 100, 4);
+    Cost(model, 72000, 4);
     EXPECT_EQ(model.States(), Lines{"4"});
     EXPECT_TRUE(model.HasReport());
 }
 
 TEST(CostPathways, EndsWhenNoPathwayIsWithinTheLimitAndKeepsTheCosts) {
     LoadedModel model(WorkedExample());
-    Cost(model.Form, "100000", 72, 0);
+    Cost(model, 100000, 0);
     EXPECT_EQ(model.Form.Events, Lines{kInfeasible});
     EXPECT_EQ(model.States(), (Lines{"2", "2", "2"}));
     EXPECT_NEAR(WholeLine(model).Number("Cost"), 64335.55, 0.01);
@@ -210,13 +205,13 @@ TEST(CostPathways, EndsWhenNoPathwayIsWithinTheLimitAndKeepsTheCosts) {
 
 TEST(CostPathways, MarksAllButTheCheapestOfEachArc) {
     LoadedModel model(OneTask({{"Dear", 0, 3000}, {"Cheap", 0, 1000}, {"Middle", 0, 2000}}));
-    Cost(model.Form, "1000", 100);
+    Cost(model, 72000);
     EXPECT_EQ(model.States(), (Lines{"3", "4", "3"}));
 }
 
 TEST(CostPathways, KeepsTheFirstOfEqualAlternatives) {
     LoadedModel model(OneTask({{"Dear", 0, 3000}, {"One", 0, 1000}, {"Two", 0, 1000}}));
-    Cost(model.Form, "1000", 100);
+    Cost(model, 72000);
     EXPECT_EQ(model.States(), (Lines{"3", "4", "3"}));
 }
 
@@ -224,7 +219,7 @@ TEST(CostPathways, PassesOverCheaperAlternativesBeyondTheLimit) {
     ModelScript script = OneTask({{"Free", 0, 0, 0, 100, 1, 0, 1000}, {"Paid", 0, 500}});
     script.Matrix[0].Time = 400;
     LoadedModel model(script);
-    Cost(model.Form, "1000", 100, 3);
+    Cost(model, 72000, 3);
     EXPECT_EQ(model.States(), (Lines{"2", "4"}));
 }
 
@@ -242,7 +237,7 @@ struct DrawingLog {
 TEST(CostPathways, DrawsTheArcsAsItGoesAndThenTheirStates) {
     LoadedModel model(WorkedExample());
     const DrawingLog log(model.Form);
-    Cost(model.Form, "100000", 72, 0);
+    Cost(model, 100000, 0);
     // Spacing 3750; pathways 1 (first task), 2 (both tasks) and 3 (second task) in order.
     Lines progress;
     for (const char* arc : {"(5625, 1500) radius 1875 from 0 to 3.14159",
@@ -259,14 +254,14 @@ TEST(CostPathways, DrawsTheArcsAsItGoesAndThenTheirStates) {
 Lines NetworkOf(LoadedModel& model) {
     ScriptedForm fresh(model.Copy.Directory());
     fresh.SetText(TextBox::txtTasks, model.Form.Text(TextBox::txtTasks));
-    DrawLinks(fresh);
+    DrawLinks(fresh.OpenWorkingCopy(), fresh, fresh.picArc);
     return FigureTexts(fresh.picArc);
 }
 
 TEST(CostPathways, ShowsTheStatesBehindTheMessageThatNothingIsFeasible) {
     LoadedModel model(WorkedExample());
     model.Form.picArc.OnChange = [&] { model.Form.Events.emplace_back("drawn"); };
-    Cost(model.Form, "100000", 72, 0);
+    Cost(model, 100000, 0);
     EXPECT_EQ(model.Form.Events.back(), kInfeasible);
     EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
 }
@@ -277,33 +272,25 @@ TEST(CostPathways, ShowsTheStatesBehindTheMessageThatTablesAreMissing) {
     LoadedModel model(script);
     model.Form.picArc.Print("old");
     model.Form.picArc.OnChange = [&] { model.Form.Events.emplace_back("drawn"); };
-    Cost(model.Form, "1000", 10);
+    Cost(model, 720000);
     EXPECT_EQ(model.Form.Events.back(),
               "message[information]: Please complete the task and resource tables first.");
     EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
 }
 
-TEST(CostPathways, LeavesItsPathwaysOpenInTheForm) {
-    LoadedModel model(WorkedExample());
-    Cost(model.Form, "100000", 72, 0);
-    EXPECT_TRUE(model.Form.PathwayRecords.IsOpen());
-    EXPECT_TRUE(model.Form.PathwayRecords.Eof());
-}
-
 TEST(CostPathways, DesignsTheSameLineAgainAfterRegenerating) {
     LoadedModel model(WorkedExample());
-    Cost(model.Form, "100000", 72);
+    Cost(model, 100000);
     const auto first = model.DerivedTables();
-    GeneratePathways(model.Form);
-    Cost(model.Form, "100000", 72);
+    GeneratePathways(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
+    Cost(model, 100000);
     EXPECT_EQ(model.DerivedTables(), first);
 }
 
 /// What a run-time error says; the tables must be as they were before the costing.
-std::string ErrorOf(ErrorKind kind, LoadedModel& model, const std::string& demand,
-                    double available) {
+std::string ErrorOf(ErrorKind kind, LoadedModel& model) {
     const auto before = model.DerivedTables();
-    const auto message = ExpectRunTimeError(kind, [&] { Cost(model.Form, demand, available); });
+    const auto message = ExpectRunTimeError(kind, [&] { Cost(model, 72000); });
     EXPECT_EQ(model.DerivedTables(), before);
     EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
     EXPECT_TRUE(model.Form.Events.empty());
@@ -316,7 +303,7 @@ TEST(CostPathways, RefusesAnUptimeOfZero) {
     ModelScript script = OneTask({{}, {}});
     script.Resources[1].UpTime = 0;
     LoadedModel model(script);
-    const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
+    const auto message = ErrorOf(ErrorKind::DivisionByZero, model);
     EXPECT_NE(message.find("Resource 2 (Res): uptime is 0 %"), std::string::npos) << message;
 }
 
@@ -324,7 +311,7 @@ TEST(CostPathways, RefusesZeroStationsPerWorker) {
     ModelScript script = OneTask({{}, {}});
     script.Resources[1].StatPerWrk = 0;
     LoadedModel model(script);
-    const auto message = ErrorOf(ErrorKind::DivisionByZero, model, "1000", 100);
+    const auto message = ErrorOf(ErrorKind::DivisionByZero, model);
     EXPECT_NE(message.find("Resource 2 (Res): stations per worker is 0"), std::string::npos)
         << message;
 }
@@ -334,7 +321,7 @@ TEST(CostPathways, TakesAPathwayBeyondTheLargestIntegerForOverTheLimit) {
     ModelScript script = OneTask({{}, {}});
     script.Matrix[0].Time = 3.3e6;
     LoadedModel model(script);
-    Cost(model.Form, "1000", 100);
+    Cost(model, 72000);
     EXPECT_EQ(model.States(), (Lines{"2", "4"}));
     EXPECT_EQ(
         model.Copy.RowsOf("SELECT Stations, Cost, Investment, AnnualLabor FROM Pathways;", 4)[0],
@@ -343,29 +330,19 @@ TEST(CostPathways, TakesAPathwayBeyondTheLargestIntegerForOverTheLimit) {
 }
 
 TEST(CostPathways, FindsNothingFeasibleWhereEveryPathwayNeedsTooManyStations) {
-    for (const double available : {0.0, 1e-3}) {
-        LoadedModel model(OneTask({{}}));
-        Cost(model.Form, "1000", available);
-        EXPECT_EQ(model.Form.Events, Lines{kInfeasible});
-        EXPECT_EQ(model.States(), Lines{"2"});
-        EXPECT_FALSE(model.HasReport());
-    }
-}
-
-TEST(CostPathways, RefusesADemandThatIsNoNumber) {
     LoadedModel model(OneTask({{}}));
-    for (const char* demand : {"", "abc", "1000 units"}) {
-        const auto message = ErrorOf(ErrorKind::TypeMismatch, model, demand, 100);
-        EXPECT_NE(message.find("Fixed Demand"), std::string::npos) << message;
-    }
+    Cost(model, 7.2e9);
+    EXPECT_EQ(model.Form.Events, Lines{kInfeasible});
+    EXPECT_EQ(model.States(), Lines{"2"});
+    EXPECT_FALSE(model.HasReport());
 }
 
 TEST(CostPathways, NeedsTheResourceOfEveryPathway) {
     LoadedModel model(OneTask({{}, {}}));
     RecordSet resources =
-        model.Form.Model.OpenRecordSet("SELECT * FROM Resources WHERE ResourceId = 2;");
+        model.Form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Resources WHERE ResourceId = 2;");
     resources.Delete();
-    ErrorOf(ErrorKind::NoCurrentRecord, model, "1000", 100);
+    ErrorOf(ErrorKind::NoCurrentRecord, model);
 }
 
 }  // namespace

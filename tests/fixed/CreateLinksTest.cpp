@@ -26,7 +26,7 @@ Lines ArcsFor(const std::string& tasks) {
     const TestModel model;
     ScriptedForm form(model.Directory());
     form.SetText(TextBox::txtTasks, tasks);
-    CreateLinks(form);
+    CreateLinks(form.OpenWorkingCopy(), form, form.picArc);
     return model.RowsOf(kAllArcs, 7);
 }
 
@@ -82,21 +82,21 @@ TEST(CreateLinks, ReplacesTheArcsOfAnEarlierModel) {
     LoadedModel model(script);
     ASSERT_EQ(model.Copy.RowsOf(kAllArcs, 1).size(), 45U);
     model.Form.SetText(TextBox::txtTasks, "3");
-    CreateLinks(model.Form);
+    CreateLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
     EXPECT_EQ(model.Copy.RowsOf(kAllArcs, 7), ArcsFor("3"));
 }
 
 TEST(CreateLinks, GivesTheSameArcsWhenRunTwice) {
     LoadedModel model(test::WorkedExample());
     const auto before = model.DerivedTables();
-    CreateLinks(model.Form);
+    CreateLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
     EXPECT_EQ(model.DerivedTables(), before);
 }
 
 TEST(CreateLinks, TakesTheTaskCountFromTheBoxAndNotFromTheStore) {
     LoadedModel model(test::WorkedExample());
     model.Form.SetText(TextBox::txtTasks, "4");
-    CreateLinks(model.Form);
+    CreateLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
     EXPECT_EQ(model.Copy.RowsOf(kAllArcs, 1).size(), 10U);
     EXPECT_EQ(model.Copy.RowsOf("SELECT Tasks FROM Gen;", 1), Lines{"2"});
 }
@@ -119,8 +119,9 @@ TEST(CreateLinks, RefusesOneTaskTooManyAndChangesNothing) {
     LoadedModel model(test::WorkedExample());
     const auto before = model.DerivedTables();
     model.Form.SetText(TextBox::txtTasks, "256");
-    const std::string message =
-        ExpectRunTimeError(ErrorKind::Overflow, [&] { CreateLinks(model.Form); });
+    const std::string message = ExpectRunTimeError(ErrorKind::Overflow, [&] {
+        CreateLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
+    });
     EXPECT_NE(message.find("256"), std::string::npos) << message;
     EXPECT_NE(message.find("255"), std::string::npos) << message;
     EXPECT_EQ(model.DerivedTables(), before);
@@ -133,8 +134,9 @@ TEST(CreateLinks, PassesOnThatTheStoreHasFailed) {
     model.Form.SetText(TextBox::txtTasks, "100");
     {
         const test::FileSizeLimit limit(std::filesystem::file_size(model.Copy.File()));
-        const std::string message =
-            ExpectRunTimeError(ErrorKind::FileAccess, [&] { CreateLinks(model.Form); });
+        const std::string message = ExpectRunTimeError(ErrorKind::FileAccess, [&] {
+            CreateLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
+        });
         EXPECT_NE(message.find("working.seq"), std::string::npos) << message;
     }
     EXPECT_EQ(model.DerivedTables(), before);
@@ -145,8 +147,9 @@ TEST(CreateLinks, RefusesATextThatIsNoNumberAndChangesNothing) {
     const auto before = model.DerivedTables();
     for (const char* text : {"abc", "", "3 tasks"}) {
         model.Form.SetText(TextBox::txtTasks, text);
-        const std::string message =
-            ExpectRunTimeError(ErrorKind::TypeMismatch, [&] { CreateLinks(model.Form); });
+        const std::string message = ExpectRunTimeError(ErrorKind::TypeMismatch, [&] {
+            CreateLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
+        });
         EXPECT_NE(message.find("Number of tasks"), std::string::npos) << message;
         EXPECT_EQ(message.find("txt"), std::string::npos) << message;
     }

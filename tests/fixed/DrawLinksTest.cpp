@@ -51,7 +51,7 @@ ModelScript Network(int tasks) {
 /// three arcs in turn.
 struct TwoTasks : LoadedModel {
     explicit TwoTasks(const std::string& states) : LoadedModel(Network(2)) {
-        RecordSet pathways = Form.Model.OpenRecordSet(test::kAllPathways);
+        RecordSet pathways = Form.OpenWorkingCopy().OpenRecordSet(test::kAllPathways);
         int id = 0;
         for (const char state : states) {
             pathways.AddNew();
@@ -61,7 +61,7 @@ struct TwoTasks : LoadedModel {
             pathways.Update();
             ++id;
         }
-        DrawLinks(Form);
+        DrawLinks(Form.OpenWorkingCopy(), Form, Form.picArc);
     }
 };
 
@@ -74,7 +74,7 @@ TEST(DrawLinks, DrawsOnlyNodesWithoutArcs) {
     const TestModel copy;
     ScriptedForm form(copy.Directory());
     form.SetText(TextBox::txtTasks, "2");
-    DrawLinks(form);
+    DrawLinks(form.OpenWorkingCopy(), form, form.picArc);
     // Labels half a spacing of 3750 to the right, less 85, of the nodes at 3750 and 7500.
     EXPECT_EQ(FigureTexts(form.picArc), (Lines{Node(3750), "text (5540, 1415) [ 1 ]", Node(7500),
                                                "text (9290, 1415) [ 2 ]", Node(11250)}));
@@ -178,14 +178,14 @@ TEST(DrawLinks, LeavesThePenThinAndTheFillTransparent) {
 TEST(DrawLinks, GivesTheSamePictureWhenRunTwice) {
     TwoTasks model("124");
     const auto first = model.Form.picArc.Figures();
-    DrawLinks(model.Form);
+    DrawLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
     EXPECT_EQ(model.Form.picArc.Figures(), first);
 }
 
 TEST(DrawLinks, OnlyReadsTheTables) {
     LoadedModel model(test::WorkedExample());
     const auto before = model.DerivedTables();
-    DrawLinks(model.Form);
+    DrawLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
     EXPECT_EQ(model.DerivedTables(), before);
     EXPECT_TRUE(model.Form.Events.empty());
 }
@@ -200,7 +200,9 @@ TEST(DrawLinks, ReachesAbovePaperInALongNetwork) {
 TEST(DrawLinks, RefusesATaskCountThatIsNoNumber) {
     LoadedModel model(Network(2));
     model.Form.SetText(TextBox::txtTasks, "two");
-    ExpectRunTimeError(ErrorKind::TypeMismatch, [&] { DrawLinks(model.Form); });
+    ExpectRunTimeError(ErrorKind::TypeMismatch, [&] {
+        DrawLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
+    });
 }
 
 }  // namespace

@@ -100,8 +100,8 @@ TEST(FindBestPath, NotesTheDesignThatItShows) {
     CostedNetwork network({{1, 2, 10}});
     ExpectSolved(network);
     EXPECT_EQ(network.Form.LastDesign->Caption, "1 shift, 1,000 units a year");
-    network.Form.FixedDemandSolve.ShiftCount = 3;
-    network.Form.FixedDemandSolve.FixedDemand = "1.25e4";
+    network.Order.Request.Shifts = 3;
+    network.Order.Request.Volume = 12500;
     network.Search();
     EXPECT_EQ(network.Form.LastDesign->Caption, "3 shifts, 12,500 units a year");
 }
@@ -255,16 +255,6 @@ TEST(FindBestPath, KeepsTheLastChoiceWhenTheSearchFails) {
     arcs.Delete();
     ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { network.Search(); });
     EXPECT_EQ(network.States(), Lines{"4"});
-}
-
-TEST(GetPathCost, ReadsTheLabelOfANodeElseZero) {
-    CostedNetwork network({{1, 2, 10.5}, {2, 3, 20}});
-    network.Search();
-    EXPECT_EQ(GetPathCost(network.Form, 2), 10.5F);
-    EXPECT_EQ(GetPathCost(network.Form, 3), 30.5F);
-    EXPECT_EQ(GetPathCost(network.Form, 1), 0.0F);
-    EXPECT_EQ(GetPathCost(network.Form, 4), 0.0F);
-    EXPECT_TRUE(network.Form.Model.IsOpen());
 }
 
 }  // namespace

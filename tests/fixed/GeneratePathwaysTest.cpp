@@ -108,7 +108,7 @@ TEST(GeneratePathways, ReplacesWhatThereWas) {
     pathways.Set("Cost", 12.5);
     pathways.Set("Stations", 7);
     pathways.Update();
-    GeneratePathways(model.Form);
+    GeneratePathways(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
     EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9), before);
 }
 
@@ -116,7 +116,7 @@ TEST(GeneratePathways, RedrawsTheNetwork) {
     LoadedModel model(Capable(2, {{1, 2}}));
     const auto drawn = model.Form.picArc.Figures();
     model.Form.picArc.Clear();
-    GeneratePathways(model.Form);
+    GeneratePathways(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
     EXPECT_FALSE(drawn.empty());
     EXPECT_EQ(model.Form.picArc.Figures(), drawn);
 }
@@ -125,8 +125,9 @@ TEST(GeneratePathways, RefusesAMatrixRowOfATaskWithoutArc) {
     LoadedModel model(Capable(3, {{1, 2, 3}}));
     model.Form.SetText(TextBox::txtTasks, "2");
     const Lines before = model.Copy.RowsOf(kAllPathways, 9);
-    const std::string message =
-        ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { CreateLinks(model.Form); });
+    const std::string message = ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] {
+        CreateLinks(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
+    });
     EXPECT_NE(message.find("resource 1"), std::string::npos) << message;
     EXPECT_NE(message.find("task 3"), std::string::npos) << message;
     EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9), before);
@@ -137,7 +138,9 @@ TEST(GeneratePathways, NeedsTheRowOfGen) {
     LoadedModel model(Capable(1, {{1}}));
     model.Form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Gen;").Delete();
     const auto before = model.DerivedTables();
-    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { GeneratePathways(model.Form); });
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] {
+        GeneratePathways(model.Form.OpenWorkingCopy(), model.Form, model.Form.picArc);
+    });
     EXPECT_EQ(model.DerivedTables(), before);
 }
 
@@ -170,7 +173,8 @@ TEST(GeneratePathways, OverflowsBeyondTheLargestIntegerAndChangesNothing) {
         "INSERT INTO Pathways (PathId, ArcId, ResourceId, Feasible) VALUES (9, 8, 7, 3);");
     test::ScriptedForm form(copy.Directory());
     form.SetText(TextBox::txtTasks, "20");
-    const std::string message = ExpectRunTimeError(ErrorKind::Overflow, [&] { CreateLinks(form); });
+    const std::string message = ExpectRunTimeError(
+        ErrorKind::Overflow, [&] { CreateLinks(form.OpenWorkingCopy(), form, form.picArc); });
     EXPECT_NE(message.find("32,767"), std::string::npos) << message;
     EXPECT_EQ(copy.RowsOf(kAllPathways, 9), Lines{"9|8|7|3|0|0|0|0|0"});
 }

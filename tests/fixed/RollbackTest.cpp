@@ -8,7 +8,9 @@
 
 #include "fixed/CostPathways.h"
 #include "fixed/CreateLinks.h"
+#include "fixed/FindBestPath.h"
 #include "fixed/GeneratePathways.h"
+#include "shell/LoadLineModel.h"
 #include "support/LoadedModel.h"
 #include "support/NetworkScript.h"
 #include "support/RunTimeErrors.h"
@@ -35,7 +37,7 @@ TEST(Rollback, UndoesTheRebuildOfArcsWithoutAWord) {
                           FailOn("INSERT ON Arcs", "NEW.ArcId = 2"));
     ScriptedForm form(model.Directory());
     form.SetText(TextBox::txtTasks, "3");
-    EXPECT_NO_THROW(CreateLinks(form));
+    EXPECT_NO_THROW(CreateLinks(form.OpenWorkingCopy(), form, form.picArc));
     EXPECT_EQ(model.RowsOf(test::kAllArcs, 7), Lines{"7|1|2|3|4|5|6"});
     EXPECT_TRUE(form.Events.empty());
 }
@@ -46,17 +48,24 @@ TEST(Rollback, UndoesTheGenerationOfPathways) {
                           FailOn("INSERT ON Pathways", "NEW.PathId = 3"));
     ScriptedForm form(model.Directory());
     form.SetText(TextBox::txtTasks, "2");
-    const auto message = ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] { CreateLinks(form); });
+    const auto message = ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] {
+        CreateLinks(form.OpenWorkingCopy(), form, form.picArc);
+    });
     EXPECT_NE(message.find("stopped"), std::string::npos) << message;
     EXPECT_EQ(model.RowsOf("SELECT PathId, ArcId FROM Pathways;", 2), Lines{"9|8"});
+}
+
+void Cost(LoadedModel& model) {
+    const Database database = model.Copy.Open();
+    CostPathways(database, LoadLineModel(database),
+                 {.Volume = 100000, .Shifts = 1, .StationLimit = {}}, model.Form.picArc);
 }
 
 /// Solves the worked example for 100,000 units on a store that fails there.
 void ExpectUndoneCosting(const std::string& trigger) {
     LoadedModel model(test::WorkedExample().Sql() + trigger);
     const auto before = model.DerivedTables();
-    model.Form.FixedDemandSolve = {1, "100000", -1, "--", 72};
-    ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] { CostPathways(model.Form); });
+    ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] { Cost(model); });
     EXPECT_EQ(model.DerivedTables(), before);
     EXPECT_TRUE(model.Form.Events.empty());
 }
@@ -71,8 +80,7 @@ TEST(Rollback, UndoesTheCostingWhenTheSelectionFails) {
     script.Matrix.push_back({2, 1, 30, 1, 900});
     LoadedModel model(script.Sql() + FailOn("UPDATE ON Pathways", "NEW.Feasible = 3"));
     const auto before = model.DerivedTables();
-    model.Form.FixedDemandSolve = {1, "100000", -1, "--", 72};
-    ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] { CostPathways(model.Form); });
+    ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] { Cost(model); });
     EXPECT_EQ(model.DerivedTables(), before);
 }
 
@@ -81,15 +89,11 @@ void ExpectUndoneSearch(const std::string& trigger) {
     const std::vector<test::Way> ways = {{1, 2, 10, 4}, {2, 3, 20, 4}, {1, 3, 25}, {3, 4, 5}};
     const TestModel model(test::NetworkSql(ways) +
                           "INSERT INTO BestPaths VALUES (2, 1, 1, 10), (3, 2, 2, 30);" + trigger);
-    ScriptedForm form(model.Directory());
-    form.SetText(TextBox::txtTasks, "3");
-    form.FixedDemandSolve = {1, "1000", -1, "--", 20};
     const Lines labels = model.RowsOf(test::kAllLabels, 4);
     const Lines pathways = model.RowsOf(test::kAllPathways, 9);
-    ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] { FindBestPath(form); });
+    ExpectRunTimeError(ErrorKind::DatabaseFailure, [&] { FindBestPath(model.Open()); });
     EXPECT_EQ(model.RowsOf(test::kAllLabels, 4), labels);
     EXPECT_EQ(model.RowsOf(test::kAllPathways, 9), pathways);
-    EXPECT_TRUE(form.Events.empty());
 }
 
 TEST(Rollback, UndoesTheLabels) {

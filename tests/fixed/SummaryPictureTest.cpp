@@ -66,7 +66,7 @@ TEST(SummaryPicture, ShowsTheSummaryInItsOwnColumns) {
 
 TEST(SummaryPicture, KeepsAllColumnsApartByABlank) {
     SolvedLine solved({{1, 1, "R", 100, 123456789, 12345, {1}}});
-    solved.Form.FixedDemandSolve = {2, "60000", 100, "100", 24};
+    solved.Order.LimitText = "100";
     solved.Write();
     const Lines lines = PrintedLines(solved.Form.picGraph[0]);
     ASSERT_GT(lines.size(), 5U);

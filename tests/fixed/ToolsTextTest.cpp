@@ -5,45 +5,26 @@
 #include <string>
 #include <vector>
 
-#include "support/ModelScript.h"
-#include "support/RunTimeErrors.h"
-#include "support/TestModel.h"
-
 namespace quarnel02 {
 namespace {
 
-using test::ModelScript;
-using test::TestModel;
-
-/// Tools text of tasks first to last on resource 1, whose tasks use these tools.
-std::string TextOf(const std::vector<int>& tools, int first, int last) {
-    ModelScript model;
-    model.Tasks = static_cast<int>(tools.size());
-    model.Resources.resize(1);
-    int task = 0;
+/// Tools text of tasks that use these tools.
+std::string TextOf(const std::vector<int>& tools) {
+    std::vector<MatrixEntry> tasks;
     for (const int tool : tools) {
-        model.Matrix.push_back({1, ++task, 10, tool});
+        tasks.push_back({10, tool, 0});
     }
-    const TestModel copy(model.Sql());
-    return ToolsText(copy.Open(), 1, first, last);
+    return ToolsText(tasks);
 }
 
 TEST(ToolsText, ListsARunOfEqualToolsOnce) {
-    EXPECT_EQ(TextOf({5, 5, 5}, 1, 3), " 5");
-    EXPECT_EQ(TextOf({1, 1, 2, 2, 1}, 1, 5), " 1 2 1");
-}
-
-TEST(ToolsText, ListsOnlyTheTasksAskedFor) {
-    EXPECT_EQ(TextOf({1, 2, 13, 4}, 2, 3), " 2 13");
-    EXPECT_EQ(TextOf({1, 2, 13, 4}, 4, 4), " 4");
+    EXPECT_EQ(TextOf({5, 5, 5}), " 5");
+    EXPECT_EQ(TextOf({1, 1, 2, 2, 1}), " 1 2 1");
+    EXPECT_EQ(TextOf({13}), " 13");
 }
 
 TEST(ToolsText, ShowsToolZero) {
-    EXPECT_EQ(TextOf({0, 0, 3}, 1, 3), " 0 3");
-}
-
-TEST(ToolsText, NeedsAMatrixRowForEveryTask) {
-    test::ExpectRunTimeError(ErrorKind::NoCurrentRecord, [] { TextOf({1, 2}, 1, 3); });
+    EXPECT_EQ(TextOf({0, 0, 3}), " 0 3");
 }
 
 TEST(SplitToolsText, KeepsTwelveCharactersWhole) {

@@ -76,8 +76,10 @@ TEST(WriteSolutionSummary, ReportsThreeStationsWhole) {
     SolvedLine solved(
         {{1, 1, "Bench", 1, 1234.5, 61.111, {1}, 1000, 20000},
          {2, 12, "Robot A", 12, 1234567.89, 1234.567, {1, 2, 3, 4, 5, 6, 7}, 2000.25, 30000},
-         {9, 3, "Assembler", 2, 999.4, 0.5, {4, 4}, 3000.25, 40000.5}});
-    solved.Form.FixedDemandSolve = {3, "1234567", 12, "12", 1500.125};
+         {9, 3, "Assembler", 2, 999.4, 0.5, {4, 4}, 3000.25, 40000.5}},
+        "UPDATE Gen SET Days = 21435.3;");
+    // 21435.3 x 3 x 8 x 3600 / 1234567 = 1500.13 s.
+    solved.Order = {{1234567, 3, 12}, "12"};
     // 1234.5 + 1234567.89 + 999.4 = 1236801.79; 6000.50 invested, 90000.50 labour.
     EXPECT_EQ(solved.Write(),
               "Solution\n"
@@ -155,46 +157,33 @@ TEST(WriteSolutionSummary, OrdersStationsByTaskWhateverTheOrderOfPathways) {
               " 2    1  B       1     $10        5.00     3         1\n");
 }
 
-TEST(WriteSolutionSummary, ShowsTheDemandAsGroupedNumberHoweverItWasTyped) {
+TEST(WriteSolutionSummary, ShowsTheDemandAsGroupedWholeNumber) {
     SolvedLine solved({{1, 1, "R", 1, 10, 5, {1}}});
-    for (const char* typed : {"12500", "12,500", " 12500.4 ", "1.25e4"}) {
-        solved.Form.FixedDemandSolve.FixedDemand = typed;
-        EXPECT_NE(solved.Write().find("\nAnnual Volume: 12,500\n"), std::string::npos) << typed;
-    }
+    solved.Order.Request.Volume = 12500.4;
+    EXPECT_NE(solved.Write().find("\nAnnual Volume: 12,500\n"), std::string::npos);
 }
 
 TEST(WriteSolutionSummary, SumsOnlyTheChainForInvestmentAndLabour) {
-    // Labels of nodes that the line does not pass are no part of it.
+    // A pathway that the line does not take is no part of it.
     SolvedLine solved({{1, 1, "R", 1, 10, 5, {1, 1}, 100, 7}, {3, 1, "R", 1, 10, 5, {1}, 200, 8}},
-                      "INSERT INTO BestPaths VALUES (2, 1, 1, 5);");
+                      "INSERT INTO Pathways VALUES (9, 1, 1, 3, 10, 5, 1, 400, 90);");
     const std::string report = solved.Write();
     EXPECT_NE(report.find("\nInitial Investment: $300\nAnnualized Labor:   $15\n"),
               std::string::npos)
         << report;
 }
 
-TEST(WriteSolutionSummary, ReplacesTheLastReportAndOpensIt) {
+TEST(WriteSolutionSummary, ReplacesTheLastReport) {
     SolvedLine solved({{1, 1, "R", 1, 10, 5, {1}}});
     WriteFile(solved.Copy.File("RunRpt.txt"), std::string(5000, '~'));
     EXPECT_EQ(solved.Write().find('~'), std::string::npos);
-    EXPECT_EQ(
-        solved.Form.Events,
-        std::vector<std::string>{"start: notepad.exe " + PathText(solved.Copy.File("RunRpt.txt"))});
 }
 
 TEST(WriteSolutionSummary, ReportsAFileThatCannotBeWritten) {
     SolvedLine solved({{1, 1, "R", 1, 10, 5, {1}}});
     std::filesystem::create_directory(solved.Copy.File("RunRpt.txt"));
-    const auto message =
-        test::ExpectRunTimeError(ErrorKind::FileAccess, [&] { WriteSolutionSummary(solved.Form); });
+    const auto message = test::ExpectRunTimeError(ErrorKind::FileAccess, [&] { solved.Write(); });
     EXPECT_NE(message.find("RunRpt.txt"), std::string::npos) << message;
-    EXPECT_TRUE(solved.Form.Events.empty());
-}
-
-TEST(WriteSolutionSummary, NeedsTheMatrixRowOfEveryTask) {
-    SolvedLine solved({{1, 1, "R", 1, 10, 5, {1, 2}}}, "DELETE FROM Matrix WHERE TaskId = 2;");
-    test::ExpectRunTimeError(ErrorKind::NoCurrentRecord,
-                             [&] { WriteSolutionSummary(solved.Form); });
     EXPECT_TRUE(solved.Form.Events.empty());
 }
 

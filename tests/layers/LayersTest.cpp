@@ -55,7 +55,7 @@ TEST(Layers, AreReadFromTheSources) {
     const auto includes = AllIncludes();
     EXPECT_GT(includes.size(), 100U);
     EXPECT_TRUE(std::any_of(includes.begin(), includes.end(), [](const Include& each) {
-        return each.Folder == "fixed" && each.Header == "shell/MainForm.h" && each.Quoted;
+        return each.Folder == "commands" && each.Header == "shell/MainForm.h" && each.Quoted;
     }));
 }
 
@@ -80,6 +80,14 @@ TEST(Layers, NoFolderIncludesFromAHigherFloorOrItsNeighbour) {
             << include.File << " includes \"" << include.Header << "\" without its folder";
         EXPECT_TRUE(target == include.Folder || kFloors.at(target) < kFloors.at(include.Folder))
             << include.File << " includes " << include.Header;
+    }
+}
+
+TEST(Layers, TheFixedDesignSeesNoWholeForm) {
+    for (const Include& include : AllIncludes()) {
+        EXPECT_FALSE(include.Folder == "fixed" && (include.Header == "shell/MainForm.h" ||
+                                                   include.Header == "shell/HeadlessForm.h"))
+            << include.File;
     }
 }
 

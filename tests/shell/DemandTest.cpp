@@ -39,7 +39,7 @@ struct Listed {
     explicit Listed(const std::string& rows)
         : Model(rows.empty() ? "" : "INSERT INTO Demand VALUES " + rows + ";"),
           Form(Model.Directory()) {
-        ListDemand(Form);
+        ListDemand(Form.Copy(), Form);
     }
     TestModel Model;
     ScriptedForm Form;
@@ -54,7 +54,7 @@ TEST(ListDemand, ListsInAscendingOrderOfVolume) {
 TEST(ListDemand, ReplacesWhatTheListShowed) {
     Listed listed("(5000, 100)");
     listed.Form.SelectDemand(0);
-    ListDemand(listed.Form);
+    ListDemand(listed.Form.Copy(), listed.Form);
     EXPECT_EQ(DemandLines(listed.Form), Lines{"5,000:  100%"});
     EXPECT_EQ(listed.Form.SelectedDemand(), -1);
 }
@@ -134,17 +134,16 @@ TEST(ListDemand, ShowsNumbersAsTheDesignTakesThem) {
 TEST(ListDemand, KeepsListAndSumWithoutRows) {
     Listed listed("");
     listed.Form.AddDemandLine("old line");
-    ListDemand(listed.Form);
+    ListDemand(listed.Form.Copy(), listed.Form);
     EXPECT_EQ(DemandLines(listed.Form), Lines{"old line"});
     EXPECT_EQ(listed.Form.Events, Lines{});
 }
 
 TEST(ListDemand, EndsSilentlyWithoutAWorkingCopy) {
     Listed listed("(5000, 100)");
-    listed.Form.CloseModel();
     listed.Form.Events.clear();
     std::filesystem::remove(listed.Model.File());
-    ListDemand(listed.Form);
+    ListDemand(listed.Form.Copy(), listed.Form);
     EXPECT_EQ(DemandLines(listed.Form), Lines{"5,000:  100%"});
     EXPECT_EQ(listed.Form.Events, Lines{});
 }
@@ -161,7 +160,7 @@ TEST(ShowDemandRow, FillsTheBoxesFromTheRowAtThatPlace) {
 
 TEST(ShowDemandRow, ShowsNothingForNoVolume) {
     Listed listed("(0, 10)");
-    ShowDemandRow(listed.Form, 0);
+    ShowDemandRow(listed.Form.OpenWorkingCopy(), 0, listed.Form);
     EXPECT_EQ(listed.Form.Text(TextBox::txtVolume), "");
     EXPECT_EQ(listed.Form.Text(TextBox::txtProb), "10%");
 }
@@ -173,15 +172,19 @@ TEST(ShowDemandRow, CountsOnlyTheRowsThatAreListed) {
     listed.Form.SelectDemand(0);
     EXPECT_EQ(listed.Form.Text(TextBox::txtVolume), "5,000");
     EXPECT_EQ(listed.Form.Text(TextBox::txtProb), "33.3%");
-    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { ShowDemandRow(listed.Form, 2); });
-    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { ShowDemandRow(listed.Form, -1); });
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord,
+                       [&] { ShowDemandRow(listed.Form.OpenWorkingCopy(), 2, listed.Form); });
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord,
+                       [&] { ShowDemandRow(listed.Form.OpenWorkingCopy(), -1, listed.Form); });
 }
 
 TEST(ShowDemandRow, NeedsTheRow) {
     Listed listed("(0, 10)");
-    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { ShowDemandRow(listed.Form, 1); });
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord,
+                       [&] { ShowDemandRow(listed.Form.OpenWorkingCopy(), 1, listed.Form); });
     Listed empty("");
-    ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { ShowDemandRow(empty.Form, 0); });
+    ExpectRunTimeError(ErrorKind::NoCurrentRecord,
+                       [&] { ShowDemandRow(empty.Form.OpenWorkingCopy(), 0, empty.Form); });
 }
 
 }  // namespace

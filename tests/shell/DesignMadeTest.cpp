@@ -2,41 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include "support/ScriptedForm.h"
+#include "model/InputDigest.h"
 #include "support/TestModel.h"
 
 namespace quarnel02 {
 namespace {
 
-using test::ScriptedForm;
-using test::TestModel;
-
-void SetDays(const TestModel& model, const char* days) {
+TEST(NewDesign, HasTheFiguresItWasMadeFrom) {
+    const test::TestModel model;
+    const auto before = std::chrono::system_clock::now();
+    const DesignMade design = NewDesign(model.Open(), "2 shifts, 60,000 units a year", "Pump");
+    EXPECT_EQ(design.Caption, "2 shifts, 60,000 units a year");
+    EXPECT_EQ(design.Product, "Pump");
+    EXPECT_GE(design.When, before);
+    EXPECT_EQ(design.Inputs, InputDigest(model.Open()));
     RecordSet gen = model.Open().OpenRecordSet("SELECT * FROM Gen;");
     gen.Edit();
-    gen.Set("Days", days);
+    gen.Set("Days", "200");
     gen.Update();
-}
-
-TEST(DesignMade, IsOutOfDateWhileTheFiguresDifferFromThoseItWasMadeFrom) {
-    const TestModel model;
-    ScriptedForm form(model.Directory());
-    form.SetText(TextBox::txtProduct, "Pump");
-    NoteDesign(form, "2 shifts, 60,000 units a year");
-    ASSERT_TRUE(form.LastDesign);
-    EXPECT_EQ(form.LastDesign->Caption, "2 shifts, 60,000 units a year");
-    EXPECT_EQ(form.LastDesign->Product, "Pump");
-    EXPECT_FALSE(ResultsAreOutOfDate(form));
-    SetDays(model, "200");
-    EXPECT_TRUE(ResultsAreOutOfDate(form));
-    SetDays(model, "250");
-    EXPECT_FALSE(ResultsAreOutOfDate(form));
-}
-
-TEST(DesignMade, IsNotOutOfDateWhereThereIsNone) {
-    const TestModel model;
-    ScriptedForm form(model.Directory());
-    EXPECT_FALSE(ResultsAreOutOfDate(form));
+    EXPECT_NE(design.Inputs, InputDigest(model.Open()));
 }
 
 }  // namespace

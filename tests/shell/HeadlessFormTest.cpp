@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,7 @@ TEST(ShowDemandRow, ShowsEqualVolumesInTheOrderAdded) {
     DemandForm demand("(500, 30), (500, 10), (500, 20)");
     std::string shown;
     for (int line = 0; line < 3; ++line) {
-        ShowDemandRow(demand.Form, line);
+        ShowDemandRow(demand.Form.OpenWorkingCopy(), line, demand.Form);
         shown += demand.Form.Text(TextBox::txtProb);
     }
     EXPECT_EQ(shown, "30%10%20%");
@@ -41,7 +42,7 @@ TEST(ShowDemandRow, ShowsEqualVolumesInTheOrderAdded) {
 
 TEST(ShowDemandRow, RoundsTheVolumeButNotThePercentage) {
     DemandForm demand("(999.5, 0.125)");
-    ShowDemandRow(demand.Form, 0);
+    ShowDemandRow(demand.Form.OpenWorkingCopy(), 0, demand.Form);
     EXPECT_EQ(demand.Shown(), "1,000 at 0.125%");
 }
 
@@ -65,7 +66,7 @@ TEST(HeadlessForm, HasNoDemandBeforeItIsListed) {
 
 TEST(HeadlessForm, ListsAndSelectsDemand) {
     DemandForm demand("(500, 40), (400, 60)");
-    ListDemand(demand.Form);
+    ListDemand(demand.Form.Copy(), demand.Form);
     EXPECT_EQ(demand.Form.DemandCount(), 2);
     EXPECT_EQ(demand.Form.SelectedDemand(), -1);
     demand.Form.SelectDemand(1);
@@ -73,13 +74,13 @@ TEST(HeadlessForm, ListsAndSelectsDemand) {
     EXPECT_EQ(demand.Shown(), "500 at 40%");
     EXPECT_EQ(demand.Form.Events,
               (std::vector<std::string>{"sum: 100% rgb(0,0,128)", "select: 1"}));
-    ListDemand(demand.Form);
+    ListDemand(demand.Form.Copy(), demand.Form);
     EXPECT_EQ(demand.Form.SelectedDemand(), -1);
 }
 
 TEST(HeadlessForm, TheSelectionStaysOnItsLineWhenAnotherOneGoes) {
     DemandForm demand("(500, 40), (400, 30), (300, 30)");
-    ListDemand(demand.Form);
+    ListDemand(demand.Form.Copy(), demand.Form);
     const std::string line = demand.Form.DemandLine(1);
     demand.Form.SelectDemand(1);
     demand.Form.RemoveDemandLine(2);
@@ -89,6 +90,13 @@ TEST(HeadlessForm, TheSelectionStaysOnItsLineWhenAnotherOneGoes) {
     EXPECT_EQ(demand.Form.DemandLine(0), line);
     demand.Form.RemoveDemandLine(0);
     EXPECT_EQ(demand.Form.SelectedDemand(), -1);
+}
+
+TEST(HeadlessForm, HasNobodyToAnswer) {
+    HeadlessForm form(std::filesystem::path("nowhere"));
+    EXPECT_FALSE(form.AskYesNo("Do you?", MessageIcon::Question, Answer::Yes));
+    EXPECT_FALSE(form.SolveAnyway("It may be wrong."));
+    EXPECT_EQ(form.InputBox("How many?", "Number", "3"), "");
 }
 
 }  // namespace

@@ -204,7 +204,7 @@ TEST(RequireUsableDemand, PassesOverRowsThatTheListLeavesOut) {
 bool HasBoth(const std::string& script, Lines& events) {
     const TestModel model(script);
     ScriptedForm form(model.Directory());
-    const bool has = HasTasksAndResources(form);
+    const bool has = HasTasksAndResources(form.OpenWorkingCopy(), form);
     events = form.Events;
     return has;
 }

@@ -18,11 +18,11 @@ using test::TestModel;
 TEST(HasReport, FindsFilesOnly) {
     const TestModel model;
     const ScriptedForm form(model.Directory());
-    EXPECT_FALSE(HasReport(form, kProductionReport));
+    EXPECT_FALSE(HasReport(form.Copy(), kProductionReport));
     std::filesystem::create_directory(model.File("ProdRpt.txt"));
-    EXPECT_FALSE(HasReport(form, kProductionReport));
+    EXPECT_FALSE(HasReport(form.Copy(), kProductionReport));
     WriteFile(model.File("RunRpt.txt"), "x");
-    EXPECT_TRUE(HasReport(form, kRunReport));
+    EXPECT_TRUE(HasReport(form.Copy(), kRunReport));
 }
 
 TEST(RemoveReport, RemovesTheNamedReportOnly) {
@@ -30,16 +30,16 @@ TEST(RemoveReport, RemovesTheNamedReportOnly) {
     const ScriptedForm form(model.Directory());
     WriteFile(model.File("RunRpt.txt"), "x");
     WriteFile(model.File("ProdRpt.txt"), "x");
-    RemoveReport(form.ApplicationDirectory(), kRunReport);
-    EXPECT_FALSE(HasReport(form, kRunReport));
-    EXPECT_TRUE(HasReport(form, kProductionReport));
-    EXPECT_NO_THROW(RemoveReport(form.ApplicationDirectory(), kRunReport));
+    RemoveReport(form.Copy(), kRunReport);
+    EXPECT_FALSE(HasReport(form.Copy(), kRunReport));
+    EXPECT_TRUE(HasReport(form.Copy(), kProductionReport));
+    EXPECT_NO_THROW(RemoveReport(form.Copy(), kRunReport));
 }
 
 TEST(RemoveReport, LeavesADirectoryOfThatName) {
     const TestModel model;
     std::filesystem::create_directory(model.File("RunRpt.txt"));
-    RemoveReport(model.Directory(), kRunReport);
+    RemoveReport(WorkingCopy(model.Directory()), kRunReport);
     EXPECT_TRUE(std::filesystem::is_directory(model.File("RunRpt.txt")));
 }
 
@@ -62,8 +62,8 @@ TEST(OpenReport, StartsTheEditorOnTheFullPath) {
     WriteFile(model.File("RunRpt.txt"), "x");
     WriteFile(model.File("ProdRpt.txt"), "x");
     ScriptedForm form(model.Directory());
-    mnuViewLastCont(form);
-    mnuViewLast(form);
+    OpenReport(form.Copy(), kRunReport, form);
+    OpenReport(form.Copy(), kProductionReport, form);
     EXPECT_EQ(form.Events, (std::vector<std::string>{
                                "start: notepad.exe " + PathText(model.File("RunRpt.txt")),
                                "start: notepad.exe " + PathText(model.File("ProdRpt.txt"))}));
@@ -72,8 +72,8 @@ TEST(OpenReport, StartsTheEditorOnTheFullPath) {
 TEST(OpenReport, DoesNothingWithoutAReport) {
     const TestModel model;
     ScriptedForm form(model.Directory());
-    mnuViewLastCont(form);
-    mnuViewLast(form);
+    OpenReport(form.Copy(), kRunReport, form);
+    OpenReport(form.Copy(), kProductionReport, form);
     EXPECT_TRUE(form.Events.empty());
 }
 
@@ -83,7 +83,7 @@ TEST(OpenReport, TakesPathsWithUmlautsBlanksAndCommas) {
     std::filesystem::create_directory(folder);
     WriteFile(folder / "Bericht 1.txt", "");
     ScriptedForm form(folder);
-    OpenReport(form, "Bericht 1.txt");
+    OpenReport(form.Copy(), "Bericht 1.txt", form);
     EXPECT_EQ(form.Events, std::vector<std::string>{"start: notepad.exe " + PathText(folder) +
                                                     "/Bericht 1.txt"});
 }
@@ -92,9 +92,9 @@ TEST(OpenReport, OpensTheReportThatIsNamed) {
     const TestModel model;
     WriteFile(model.File("ProdRpt.txt"), "x");
     ScriptedForm form(model.Directory());
-    mnuViewLastCont(form);
+    OpenReport(form.Copy(), kRunReport, form);
     EXPECT_TRUE(form.Events.empty());
-    OpenReport(form, "ProdRpt.txt");
+    OpenReport(form.Copy(), "ProdRpt.txt", form);
     EXPECT_EQ(form.Events.size(), 1U);
 }
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "fixed/LoadModel.h"
+#include "commands/LoadModel.h"
 #include "shell/Demand.h"
 #include "stoch/cmdStoch.h"
 #include "support/ScriptedForm.h"
@@ -34,7 +34,7 @@ TEST(EndOfProgram, LeavesRunFilesAsTheyAre) {
     const test::TestModel model(script.Sql());
     EndingForm form(model.Directory());
     LoadModel(form);
-    ListDemand(form);
+    ListDemand(form.Copy(), form);
     form.SetText(TextBox::txtPenalty, "0");
     EXPECT_EXIT(cmdStoch_Click(form), testing::ExitedWithCode(3),
                 "Error creating intermediate task table");

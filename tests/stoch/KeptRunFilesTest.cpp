@@ -26,12 +26,12 @@ class WatchingForm : public test::ScriptedForm {
   public:
     using ScriptedForm::ScriptedForm;
     void SetStatus(const std::string& text) override {
-        for (const std::string& name : NamesIn(ApplicationDirectory())) {
+        for (const std::string& name : NamesIn(Copy().Directory())) {
             Scratch |= name.starts_with("F1") || name.starts_with("Temp") || name == "Final";
         }
         ScriptedForm::SetStatus(text);
     }
-    void HideStatus() override { Names = NamesIn(ApplicationDirectory()); }
+    void HideStatus() override { Names = NamesIn(Copy().Directory()); }
 
     std::vector<std::string> Names;
     bool Scratch = false;
@@ -46,7 +46,7 @@ TEST(RunFilesOfASolve, AreOnePerArcAndPerTaskAndTwo) {
     const test::TestModel model(GeneratedModelScript(12, 6, 1));
     WatchingForm form(model.Directory());
     LoadModel(form);
-    ListDemand(form);
+    ListDemand(form.Copy(), form);
     form.SetText(TextBox::txtPenalty, "15");
     cmdStoch_Click(form);
     EXPECT_FALSE(form.Scratch);

@@ -67,8 +67,8 @@ struct CommandDesk {
 
     /// Makes the model one that was opened from, or saved to, a file of the user's.
     void UseFile(const std::string& name) {
-        Form.CurrentDir = UserDirectory();
-        Form.CurrentFile = name;
+        Commands.Current().Dir = UserDirectory();
+        Commands.Current().File = name;
     }
 
     [[nodiscard]] std::filesystem::path Configuration() const {

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "fixed/LoadModel.h"
-#include "fixed/cmdContinuous.h"
+#include "commands/LoadModel.h"
+#include "commands/cmdContinuous.h"
 #include "shell/Demand.h"
 #include "support/ModelScript.h"
 #include "support/ScriptedForm.h"
@@ -21,7 +21,7 @@ inline constexpr const char* kAllLabels = "SELECT * FROM BestPaths;";
 struct LoadedModel {
     explicit LoadedModel(const std::string& sql) : Copy(sql), Form(Copy.Directory()) {
         LoadModel(Form);
-        ListDemand(Form);
+        ListDemand(Form.Copy(), Form);
         Form.Events.clear();
     }
     explicit LoadedModel(const ModelScript& model) : LoadedModel(model.Sql()) {}

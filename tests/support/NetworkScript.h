@@ -4,7 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "fixed/FindBestPath.h"
+#include "commands/SolveFixedDemand.h"
+#include "shell/LoadLineModel.h"
 #include "support/LoadedModel.h"
 
 namespace quarnel02::test {
@@ -49,10 +50,13 @@ struct CostedNetwork {
             tasks = std::max(tasks, way.End - 1);
         }
         Form.SetText(TextBox::txtTasks, NumberText(tasks));
-        Form.FixedDemandSolve = {1, "1000", -1, "--", 20};
     }
 
-    void Search() { FindBestPath(Form); }
+    /// The search, and what comes of it.
+    void Search() {
+        const Database database = Copy.Open();
+        ReportLine(Form, database, LoadLineModel(database), Order);
+    }
 
     [[nodiscard]] std::vector<std::string> Labels() const { return Copy.RowsOf(kAllLabels, 4); }
     [[nodiscard]] std::vector<std::string> States() const {
@@ -64,6 +68,7 @@ struct CostedNetwork {
 
     TestModel Copy;
     ScriptedForm Form;
+    FixedDemandOrder Order{{.Volume = 1000, .Shifts = 1, .StationLimit = {}}, "--"};
 };
 
 }  // namespace quarnel02::test

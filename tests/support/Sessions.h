@@ -50,7 +50,7 @@ struct Sessions : ::testing::Test {
     }
     void EnterDays(const std::string& days) {
         Program->Form.SetText(TextBox::txtDays, days);
-        SaveGeneral(Program->Form);
+        SaveGeneral(Program->Form, Program->Commands.Current());
     }
     void UserModel(const std::string& name, const std::string& script) const {
         MakeModelFile(User.Path() / name, ReadFile(QUARNEL02_SCHEMA_FILE) + script);

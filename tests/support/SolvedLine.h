@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "fixed/WriteSolutionSummary.h"
+#include "shell/LoadLineModel.h"
 #include "support/ModelScript.h"
 #include "support/ScriptedForm.h"
 #include "support/TestModel.h"
@@ -49,25 +51,32 @@ inline std::string SolvedLineSql(const std::vector<ChosenStation>& line) {
             sql += SqlInsert("Matrix", {resource, NumberText(task++), "1", NumberText(tool), "0"});
         }
     }
-    return sql;
+    int resources = 0;
+    int tasks = 0;
+    for (const ChosenStation& station : line) {
+        resources = std::max(resources, station.Resource);
+        tasks = std::max(tasks, station.TaskEnd() - 1);
+    }
+    return sql + "UPDATE Gen SET Days = 25, Resources = " + NumberText(resources) +
+           ", Tasks = " + NumberText(tasks) + ";\n";
 }
 
-/// A form on a solved model, with the state that a press of "2 Shifts" has left.
+/// A form on a solved model, designed for 60,000 units in two shifts: 24 s are available.
 struct SolvedLine {
     explicit SolvedLine(const std::vector<ChosenStation>& line, const std::string& more = "")
-        : Copy(SolvedLineSql(line) + more), Form(Copy.Directory()) {
-        Form.OpenWorkingCopy();
-        Form.FixedDemandSolve = {2, "60000", -1, "--", 24};
-    }
+        : Copy(SolvedLineSql(line) + more), Form(Copy.Directory()) {}
 
     /// Writes the summary and gives the report.
     std::string Write() {
-        WriteSolutionSummary(Form);
+        const Database database = Copy.Open();
+        WriteSolutionSummary(database, LoadLineModel(database), Order, Form,
+                             Copy.File("RunRpt.txt"));
         return ReadFile(Copy.File("RunRpt.txt"));
     }
 
     TestModel Copy;
     ScriptedForm Form;
+    FixedDemandOrder Order{{.Volume = 60000, .Shifts = 2, .StationLimit = {}}, "--"};
 };
 
 }  // namespace quarnel02::test

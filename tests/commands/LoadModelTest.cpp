@@ -1,4 +1,4 @@
-#include "fixed/LoadModel.h"
+#include "commands/LoadModel.h"
 
 #include <gtest/gtest.h>
 

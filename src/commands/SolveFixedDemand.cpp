@@ -1,0 +1,135 @@
+#include "commands/SolveFixedDemand.h"
+
+#include <exception>
+
+#include "basic/NumberFormat.h"
+#include "basic/Numbers.h"
+#include "basic/ScopeGuard.h"
+#include "fixed/CostPathways.h"
+#include "fixed/DrawLinks.h"
+#include "fixed/FindBestPath.h"
+#include "fixed/GeneratePathways.h"
+#include "fixed/WriteSolutionSummary.h"
+#include "shell/LoadLineModel.h"
+#include "shell/ModelCheck.h"
+#include "shell/Reports.h"
+
+namespace quarnel02 {
+
+namespace {
+
+/// An answer below 1 is no limit.
+void TakeStationLimit(const std::string& answer, FixedDemandOrder& order) {
+    if (answer.empty() || TextToDouble(answer, "Station Limit") < 1) {
+        return;
+    }
+    order.Request.StationLimit = TextToInteger(answer, "Station Limit");
+    order.LimitText = answer;
+}
+
+void DrawNetwork(MainForm& form, const Database& database) {
+    DrawLinks(database, form, form.picArc);
+}
+
+/// After an error, so that no progress colour stays.
+void RedrawNetwork(MainForm& form, const Database& database) noexcept {
+    try {
+        DrawNetwork(form, database);
+    } catch (const std::exception&) {  // the first error is the one to report
+        return;
+    }
+}
+
+void ShowUncosted(Dialogs& dialogs, Costing costing) {
+    if (costing == Costing::NoPathway) {
+        dialogs.ShowMessage("Please complete the task and resource tables first.",
+                            MessageIcon::Information);
+    } else {
+        dialogs.ShowMessage("There is not a feasible solution!", MessageIcon::Critical);
+    }
+}
+
+void ShowDeadEnd(Dialogs& dialogs, DeadEnd end) {
+    const bool broken = end == DeadEnd::BrokenChain;
+    dialogs.ShowMessage(
+        broken ? "There is no feasible solution!" : "There is no feasible solution.",
+        end == DeadEnd::UnreachedStart ? MessageIcon::Information : MessageIcon::Critical);
+}
+
+/// How far a line that was found goes.
+struct LineEnd {
+    int LastTask;  ///< of the line
+    int Tasks;     ///< of the model
+
+    [[nodiscard]] bool LeavesTasksOut() const { return LastTask < Tasks; }
+};
+
+/// "2 shifts, 60,000 units a year"
+std::string DesignCaption(const FixedDemandRequest& request, LineEnd end) {
+    const std::string shifts =
+        NumberText(int{request.Shifts}) + (request.Shifts == 1 ? " shift" : " shifts");
+    const std::string volume = Format(request.Volume, "#,##0") + " units a year";
+    return shifts + ", " + volume +
+           (end.LeavesTasksOut() ? ", ends after task " + NumberText(end.LastTask) : "");
+}
+
+std::string LeftOutText(LineEnd end) {
+    return "This line ends after task " + NumberText(end.LastTask) + ": no resource can do tasks " +
+           NumberText(end.LastTask + 1) + " to " + NumberText(end.Tasks) + " within the limits.";
+}
+
+/// The search has ended with a line.
+void ShowLine(MainForm& form, const Database& database, const LineModel& model,
+              const FixedDemandOrder& order, LineEnd end) {
+    WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
+    OpenReport(form.Copy(), kRunReport, form);
+    form.LastDesign = NewDesign(database, DesignCaption(order.Request, end),
+                                form.Text(TextBox::txtProduct));
+    if (end.LeavesTasksOut()) {
+        form.ShowMessage(LeftOutText(end), MessageIcon::Critical);
+    }
+}
+
+}  // namespace
+
+void ReportLine(MainForm& form, const Database& database, const LineModel& model,
+                const FixedDemandOrder& order) {
+    const ReportedChain chain = FindBestPath(database);
+    DrawNetwork(form, database);
+    if (chain.End != DeadEnd::None) {
+        ShowDeadEnd(form, chain.End);
+        return;
+    }
+    ShowLine(form, database, model, order, {chain.Labels.back().Node - 1, model.TaskCount()});
+}
+
+void DesignLine(MainForm& form, const Database& database, const LineModel& model,
+                const FixedDemandOrder& order) {
+    const FailureGuard redraw([&] { RedrawNetwork(form, database); });
+    const Costing costing = CostPathways(database, model, order.Request, form.picArc);
+    if (costing != Costing::Feasible) {
+        DrawNetwork(form, database);
+        ShowUncosted(form, costing);
+        return;
+    }
+    ReportLine(form, database, model, order);
+}
+
+void SolveFixedDemand(MainForm& form, const FixedDemandAnswers& answers) {
+    RemoveReport(form.Copy(), kRunReport);
+    FixedDemandOrder order;
+    order.Request.Shifts = answers.Shifts;
+    TakeStationLimit(answers.StationLimit, order);
+    const Database database = form.OpenWorkingCopy();
+    if (!HasTasksAndResources(database, form)) {
+        return;
+    }
+    RequireUsableModel(database);
+    order.Request.Volume = TextToDouble(answers.Demand, "Fixed Demand");
+    const LineModel model = LoadLineModel(database);
+    static_cast<void>(WorkloadOf(order.Request, model.Parameters()));  // refuses volumes
+    GeneratePathways(database, form, form.picArc);
+    DesignLine(form, database, model, order);
+}
+
+}  // namespace quarnel02
