@@ -51,13 +51,12 @@ bool IsWithin(std::int64_t number, std::int16_t count) {
 }  // namespace
 
 void MatrixCells::Load() {
-    Database database = m_form.OpenWorkingCopy();
+    const Database database = m_form.OpenWorkingCopy();
     m_tasks = CountOr(database, "SELECT COUNT(*) FROM Tasks;", kDefaultTasks);
     m_resources = CountOr(database, "SELECT COUNT(*) FROM Resources;", kDefaultResources);
     LoadTasks(database);
     LoadResources(database);
     LoadMarks(database);
-    database.Close();
 }
 
 void MatrixCells::LoadTasks(const Database& database) {
@@ -135,27 +134,23 @@ std::string MatrixCells::Line(TaskResource pair) const {
         return "The model has no resource " + NumberText(int{pair.Resource}) +
                ". Add it with View > Resources.";
     }
-    Database database = m_form.OpenWorkingCopy();
-    std::string line = PairLine(database, pair);
-    database.Close();
-    return line;
+    return PairLine(m_form.OpenWorkingCopy(), pair);
 }
 
 void MatrixCells::Clear() {
-    Database database = m_form.OpenWorkingCopy();
+    const Database database = m_form.OpenWorkingCopy();
     Transaction transaction(database);
     RecordSet matrix = database.OpenRecordSet("SELECT * FROM Matrix;");
     for (; !matrix.Eof(); matrix.MoveNext()) {
         matrix.Delete();
     }
-    matrix.Close();
     transaction.Commit();
     Load();
 }
 
 std::vector<TaskResource> MatrixCells::Commit() const {
     std::vector<TaskResource> unusable;
-    Database database = m_form.OpenWorkingCopy();
+    const Database database = m_form.OpenWorkingCopy();
     Transaction transaction(database);
     for (std::int16_t resource = 1; resource <= m_resources; ++resource) {
         for (std::int16_t task = 1; task <= m_tasks; ++task) {
@@ -168,7 +163,6 @@ std::vector<TaskResource> MatrixCells::Commit() const {
         }
     }
     transaction.Commit();
-    database.Close();
     return unusable;
 }
 

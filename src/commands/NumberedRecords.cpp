@@ -7,109 +7,103 @@
 
 namespace quarnel02 {
 
+namespace {
+
+void Write(RecordSet& rows, const std::vector<FieldValue>& values) {
+    for (const FieldValue& value : values) {
+        rows.Set(value.Name, value.Content);
+    }
+    rows.Update();
+}
+
+}  // namespace
+
 NumberedRecords::NumberedRecords(MainForm& form, NumberedTable table)
-    : m_form(form), m_table(std::move(table)), m_database(form.OpenWorkingCopy()), m_network(form) {
-    GoTo(1);
+    : m_form(form), m_table(std::move(table)), m_network(form) {
+    m_place = std::min(1, Count());
 }
 
-/// The rows, on the current one. Opening them can fail again and again: until it succeeds
-/// nothing can be written to a wrong row.
-RecordSet& NumberedRecords::Rows() {
-    if (m_mustOpen) {
-        m_records = m_database.OpenRecordSet("SELECT * FROM " + m_table.Name + ";");
-        MoveToPlace();
-        m_mustOpen = false;
-    }
-    return m_records;
+RecordSet NumberedRecords::Rows(const Database& database) const {
+    return database.OpenRecordSet("SELECT * FROM " + m_table.Name + ";");
 }
 
-void NumberedRecords::GoTo(int place) {
-    m_place = std::min(place, Count());
-    MoveToPlace();
-}
-
-void NumberedRecords::MoveToPlace() {
+RecordSet NumberedRecords::CurrentRow(const Database& database) const {
+    RecordSet rows = Rows(database);
     if (m_place > 0) {
-        m_records.MoveFirst();
-        m_records.Move(m_place - 1);
+        rows.Move(m_place - 1);
     }
+    return rows;
+}
+
+int NumberedRecords::Count() const {
+    return Rows(m_form.OpenWorkingCopy()).RecordCount();
+}
+
+std::string NumberedRecords::Text(int position) const {
+    return CurrentRow(m_form.OpenWorkingCopy()).Text(position);
 }
 
 void NumberedRecords::Next() {
-    Rows().MoveNext();
-    if (m_records.Eof()) {
-        m_records.MovePrevious();
-    } else {
+    if (m_place < Count()) {
         ++m_place;
     }
 }
 
 void NumberedRecords::Previous() {
-    Rows().MovePrevious();
-    if (m_records.Bof()) {
-        m_records.MoveNext();
-    } else {
+    if (m_place > 1) {
         --m_place;
     }
 }
 
-void NumberedRecords::Write(const std::vector<FieldValue>& values) {
-    for (const FieldValue& value : values) {
-        m_records.Set(value.Name, value.Content);
-    }
-    m_records.Update();
-    m_records.MoveToLastModified();
-}
-
-void NumberedRecords::WriteDefaults(int number) {
-    m_records.Set(m_table.Key, number);
-    Write(m_table.Defaults);
+void NumberedRecords::WriteDefaults(RecordSet& rows, int number) const {
+    rows.Set(m_table.Key, number);
+    Write(rows, m_table.Defaults);
 }
 
 void NumberedRecords::AddNew() {
-    Rows().AddNew();
-    WriteDefaults(Count() + 1);
-    m_place = Count();
+    RecordSet rows = Rows(m_form.OpenWorkingCopy());
+    const int number = rows.RecordCount() + 1;
+    rows.AddNew();
+    WriteDefaults(rows, number);
+    m_place = number;
 }
 
 void NumberedRecords::Save(const std::vector<FieldValue>& values) {
-    Rows().Edit();
-    Write(values);
+    RecordSet row = CurrentRow(m_form.OpenWorkingCopy());
+    row.Edit();
+    Write(row, values);
 }
 
-void NumberedRecords::Renumber() {
-    m_records.MoveFirst();
-    for (int number = 1; !m_records.Eof(); ++number) {
-        m_records.Edit();
-        Write({{m_table.Key, number}});
-        m_records.MoveNext();
+void NumberedRecords::Renumber(RecordSet& rows) const {
+    rows.MoveFirst();
+    for (int number = 1; !rows.Eof(); ++number) {
+        rows.Edit();
+        Write(rows, {{m_table.Key, number}});
+        rows.MoveNext();
     }
 }
 
 void NumberedRecords::Delete(const Afterwards& afterwards) {
-    const int place = m_place;
-    try {
-        Transaction transaction(m_database);
-        if (Count() > 1) {
-            m_records.Delete();
-            Renumber();
-        } else {
-            m_records.Edit();
-            WriteDefaults(1);
-        }
-        if (afterwards) {
-            afterwards(m_database, Count());
-        }
-        transaction.Commit();
-    } catch (...) {
-        m_mustOpen = true;
-        throw;
+    const Database database = m_form.OpenWorkingCopy();
+    Transaction transaction(database);
+    RecordSet rows = CurrentRow(database);
+    if (rows.RecordCount() > 1) {
+        rows.Delete();
+        Renumber(rows);
+    } else {
+        rows.Edit();
+        WriteDefaults(rows, 1);
     }
-    GoTo(place);
+    const int count = rows.RecordCount();
+    if (afterwards) {
+        afterwards(database, count);
+    }
+    transaction.Commit();
+    m_place = std::min(m_place, count);
 }
 
-void NumberedRecords::SaveCount(int count) {
-    RecordSet gen = m_database.OpenRecordSet("SELECT * FROM Gen;");
+void NumberedRecords::SaveCount(const Database& database, int count) const {
+    RecordSet gen = database.OpenRecordSet("SELECT * FROM Gen;");
     if (gen.RecordCount() == 0) {
         gen.AddNew();
     } else if (gen.Text(m_table.Name) == NumberText(count)) {
@@ -119,16 +113,13 @@ void NumberedRecords::SaveCount(int count) {
     }
     gen.Set(m_table.Name, count);
     gen.Update();
-    gen.MoveToLastModified();
 }
 
 void NumberedRecords::Close() {
     const int count = Count();
-    SaveCount(count);
+    SaveCount(m_form.OpenWorkingCopy(), count);
     m_form.SetText(m_table.CountBox, NumberText(count));
     m_network.Rebuild();
-    m_records.Close();
-    m_database.Close();
 }
 
 }  // namespace quarnel02

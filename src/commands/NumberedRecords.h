@@ -30,15 +30,15 @@ class NumberedRecords {
     /// Something that belongs to a deletion: given the database and the number of rows left.
     using Afterwards = std::function<void(const Database& database, int count)>;
 
-    /// Opens the working copy, on the first row.
+    /// On the first row of the working copy.
     NumberedRecords(MainForm& form, NumberedTable table);
 
     [[nodiscard]] const std::string& TableName() const { return m_table.Name; }
-    [[nodiscard]] int Count() { return Rows().RecordCount(); }
+    [[nodiscard]] int Count() const;
     /// Place of the current row, from 1; 0 when the table is empty.
     [[nodiscard]] int Place() const { return m_place; }
     /// The current row's field as text, by position from 0; "" when it is empty.
-    [[nodiscard]] std::string Text(int position) { return Rows().Text(position); }
+    [[nodiscard]] std::string Text(int position) const;
 
     /// Moves; the last and the first row stay where they are.
     void Next();
@@ -52,29 +52,23 @@ class NumberedRecords {
     /// place becomes the current one. An only row is reset to the defaults and number 1 instead.
     void Delete(const Afterwards& afterwards = {});
 
-    /// Writes the count to Gen, shows it in the main form, has arcs and pathways rebuilt when
-    /// anything has changed since opening, and closes rows and database. When it throws they are
-    /// still open, and it can be called again.
+    /// Writes the count to Gen, shows it in the main form, and has arcs and pathways rebuilt when
+    /// anything has changed since the beginning. When it throws it can be called again.
     void Close();
     /// Whether Close found anything changed.
     [[nodiscard]] bool Changed() const { return m_network.Changed(); }
 
   private:
-    RecordSet& Rows();
-    void GoTo(int place);
-    void MoveToPlace();
-    void Write(const std::vector<FieldValue>& values);
-    void WriteDefaults(int number);
-    void Renumber();
-    void SaveCount(int count);
+    [[nodiscard]] RecordSet Rows(const Database& database) const;
+    [[nodiscard]] RecordSet CurrentRow(const Database& database) const;
+    void WriteDefaults(RecordSet& rows, int number) const;
+    void Renumber(RecordSet& rows) const;
+    void SaveCount(const Database& database, int count) const;
 
     MainForm& m_form;
     NumberedTable m_table;
-    Database m_database;
-    RecordSet m_records;
     NetworkUpkeep m_network;
     int m_place = 0;
-    bool m_mustOpen = true;  ///< the rows are not, or no longer, those of the store
 };
 
 }  // namespace quarnel02

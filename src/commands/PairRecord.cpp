@@ -28,7 +28,7 @@ void FetchCaptions(const Database& database, TaskResource pair, PairTexts& texts
 }  // namespace
 
 PairTexts FetchPair(MainForm& form, TaskResource pair) {
-    Database database = form.OpenWorkingCopy();
+    const Database database = form.OpenWorkingCopy();
     PairTexts texts;
     FetchCaptions(database, pair, texts);
     const RecordSet data = database.OpenRecordSet(
@@ -39,12 +39,11 @@ PairTexts FetchPair(MainForm& form, TaskResource pair) {
     if (!data.Eof()) {
         texts.Data = {data.Text(0), data.Text(1), data.Text(2)};
     }
-    database.Close();
     return texts;
 }
 
 void StorePair(MainForm& form, TaskResource pair, const std::vector<FieldValue>& values) {
-    Database database = form.OpenWorkingCopy();
+    const Database database = form.OpenWorkingCopy();
     RecordSet row =
         database.OpenRecordSet("SELECT * FROM Matrix WHERE TaskId = " + Number(pair.Task) +
                                " AND ResourceId = " + Number(pair.Resource) + ";");
@@ -60,8 +59,6 @@ void StorePair(MainForm& form, TaskResource pair, const std::vector<FieldValue>&
     }
     row.Update();
     row.MoveToLastModified();
-    row.Close();
-    database.Close();
 }
 
 void DeletePair(const Database& database, TaskResource pair) {

@@ -83,8 +83,8 @@ void ShowLine(MainForm& form, const Database& database, const LineModel& model,
               const FixedDemandOrder& order, LineEnd end) {
     WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
     OpenReport(form.Copy(), kRunReport, form);
-    form.LastDesign = NewDesign(database, DesignCaption(order.Request, end),
-                                form.Text(TextBox::txtProduct));
+    form.LastDesign =
+        NewDesign(database, DesignCaption(order.Request, end), form.Text(TextBox::txtProduct));
     if (end.LeavesTasksOut()) {
         form.ShowMessage(LeftOutText(end), MessageIcon::Critical);
     }
