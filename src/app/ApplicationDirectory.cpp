@@ -6,14 +6,13 @@
 #include "app/QtPaths.h"
 #include "basic/RunTimeError.h"
 #include "commands/Template.h"
+#include "shell/WorkingCopy.h"
 
 namespace fs = std::filesystem;
 
 namespace quarnel02 {
 
 namespace {
-
-constexpr const char* kTemplate = "blank.seq";
 
 bool IsWritable(const fs::path& directory) {
     return QFileInfo(ToQString(directory)).isWritable();
@@ -31,8 +30,9 @@ bool IsFile(const fs::path& path) {
 /// From the installed one, or, where none is left, from what the program carries.
 void PutTemplate(const fs::path& programDirectory, const fs::path& place) {
     for (const fs::path& directory : {programDirectory, SharedDirectory(programDirectory)}) {
-        if (IsFile(directory / kTemplate)) {
-            CopyWhole(directory / kTemplate, place);
+        const fs::path installed = WorkingCopy(directory).Template();
+        if (IsFile(installed)) {
+            CopyWhole(installed, place);
             return;
         }
     }
@@ -53,12 +53,13 @@ void MakeDirectory(const fs::path& directory) {
 
 fs::path PrepareApplicationDirectory(const fs::path& programDirectory,
                                      const fs::path& dataDirectory) {
-    if (IsFile(programDirectory / kTemplate) && IsWritable(programDirectory)) {
+    if (IsFile(WorkingCopy(programDirectory).Template()) && IsWritable(programDirectory)) {
         return programDirectory;
     }
     MakeDirectory(dataDirectory);
-    if (!IsFile(dataDirectory / kTemplate)) {
-        PutTemplate(programDirectory, dataDirectory / kTemplate);
+    const fs::path place = WorkingCopy(dataDirectory).Template();
+    if (!IsFile(place)) {
+        PutTemplate(programDirectory, place);
     }
     return dataDirectory;
 }

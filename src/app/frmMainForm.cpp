@@ -83,7 +83,7 @@ void frmMain::ShowDemandSum(const std::string& text, Colour colour) {
 }
 
 /// A dialog in the middle of a solve takes input, and none that was meant for something else.
-class frmMain::DialogScope {
+class frmMain::DialogScope : quarnel02::Immovable {
   public:
     explicit DialogScope(frmMain& window) : m_window(window) {
         m_window.ShowWorking(false);
@@ -95,10 +95,6 @@ class frmMain::DialogScope {
         }
         m_window.ShowWorking(m_window.m_solving);
     }
-    DialogScope(const DialogScope&) = delete;
-    DialogScope& operator=(const DialogScope&) = delete;
-    DialogScope(DialogScope&&) = delete;
-    DialogScope& operator=(DialogScope&&) = delete;
 
   private:
     frmMain& m_window;

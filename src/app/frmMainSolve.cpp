@@ -25,7 +25,7 @@ void frmMain::ConnectSolve() {
 }
 
 /// While it lives, nothing that is typed or clicked counts.
-class frmMain::SolveScope {
+class frmMain::SolveScope : quarnel02::Immovable {
   public:
     explicit SolveScope(frmMain& window) : m_window(window) {
         m_window.m_solving = true;
@@ -36,10 +36,6 @@ class frmMain::SolveScope {
         m_window.m_solving = false;
         m_window.m_shield.Lower();
     }
-    SolveScope(const SolveScope&) = delete;
-    SolveScope& operator=(const SolveScope&) = delete;
-    SolveScope(SolveScope&&) = delete;
-    SolveScope& operator=(SolveScope&&) = delete;
 
   private:
     frmMain& m_window;

@@ -17,7 +17,6 @@ namespace quarnel02 {
 namespace {
 
 constexpr const char* kDirectory = "Incoming";
-constexpr const char* kOldWorkingCopy = "working.old";
 
 /// What a store may keep beside a database.
 constexpr std::array kCompanions = {"-journal", "-wal", "-shm"};
@@ -112,7 +111,7 @@ void IncomingModel::Try(const std::string& name) const {
 
 void IncomingModel::TakePlace() {
     const fs::path place = m_form.Copy().Path();
-    const fs::path old = m_form.Copy().File(kOldWorkingCopy);
+    const fs::path old = m_form.Copy().OldPath();
     const bool had_old = IsThere(place);
     if (had_old) {
         RemoveDatabase(old);
@@ -135,7 +134,7 @@ void IncomingModel::TakePlace() {
 void IncomingModel::CleanUp(const MainForm& form) {
     std::error_code ignored;
     fs::remove_all(form.Copy().File(kDirectory), ignored);
-    const fs::path old = form.Copy().File(kOldWorkingCopy);
+    const fs::path old = form.Copy().OldPath();
     if (IsThere(old) && !IsThere(form.Copy().Path())) {
         MoveDatabase(old, form.Copy().Path());
     }

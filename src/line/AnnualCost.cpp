@@ -2,14 +2,9 @@
 
 #include "basic/Numbers.h"
 #include "line/CostModel.h"
+#include "line/WorkTime.h"
 
 namespace quarnel02 {
-
-namespace {
-
-constexpr double kHoursPerShift = 8;
-
-}  // namespace
 
 AnnualParts AnnualPartsOf(const WorkContent& content, int stations, const Resource& resource,
                           const Production& production, double units, double shifts) {
@@ -27,8 +22,7 @@ float AnnualCost(const AnnualParts& parts) {
 
 double SecondsOfYear(const Production& production) {
     constexpr double shifts = 3;
-    constexpr double seconds_per_hour = 3600;
-    return production.Days * shifts * kHoursPerShift * seconds_per_hour;
+    return production.Days * shifts * kHoursPerShift * kSecondsPerHour;
 }
 
 float CycleTimeAt(const Production& production, float capacity) {

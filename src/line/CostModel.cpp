@@ -7,14 +7,13 @@
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "line/RecordNames.h"
+#include "line/WorkTime.h"
 
 namespace quarnel02 {
 
 namespace {
 
 constexpr std::int16_t kMostStations = std::numeric_limits<std::int16_t>::max();
-constexpr double kSecondsPerHour = 3600;
-constexpr std::int16_t kHoursPerShift = 8;
 
 }  // namespace
 

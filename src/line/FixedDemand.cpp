@@ -2,12 +2,11 @@
 
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
+#include "line/WorkTime.h"
 
 namespace quarnel02 {
 
 Workload WorkloadOf(const FixedDemandRequest& request, const Production& production) {
-    constexpr double hours_per_shift = 8;
-    constexpr double seconds_per_hour = 3600;
     if (request.Volume == 0) {
         throw RunTimeError(ErrorKind::DivisionByZero,
                            "Fixed Demand is 0. Enter an annual volume above 0.");
@@ -18,7 +17,7 @@ Workload WorkloadOf(const FixedDemandRequest& request, const Production& product
                                " is negative. Enter an annual volume above 0.");
     }
     return {request.Volume, request.Shifts,
-            production.Days * request.Shifts * hours_per_shift * seconds_per_hour / request.Volume};
+            production.Days * request.Shifts * kHoursPerShift * kSecondsPerHour / request.Volume};
 }
 
 bool IsOverLimit(const PathwayCost& cost, std::optional<std::int16_t> stationLimit) {

@@ -9,7 +9,6 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr double kTwipsPerPoint = kTwipsPerInch / 72;
 constexpr double kMargin = 60;  ///< between the paper's edge and a line printer's text, twips
 
 void Grow(Extent& extent, double left, double top, double right, double bottom) {

@@ -4,16 +4,27 @@
 #include <cmath>
 #include <numbers>
 #include <pugixml.hpp>
+#include <span>
 #include <sstream>
+#include <string>
 
 #include "basic/Numbers.h"
+#include "picture/Fonts.h"
 #include "picture/Icons.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr double kTwipsPerPoint = kTwipsPerInch / 72;
+/// A list of families for a style sheet; names of several words in quotes.
+std::string FontList(std::span<const char* const> families) {
+    std::string list;
+    for (const std::string family : families) {
+        const std::string quote = family.find(' ') == std::string::npos ? "" : "'";
+        list += (list.empty() ? "" : ",") + quote + family + quote;
+    }
+    return list;
+}
 
 std::string Coordinate(double twips) {
     return NumberText(std::round(twips * 100) / 100);
@@ -155,10 +166,8 @@ pugi::xml_node AppendPaper(pugi::xml_node document, const Extent& extent) {
                             Coordinate(width) + " " + Coordinate(height));
     EndLine(root.Node());
     Element(root.Node(), "style")
-        .Text(
-            "text{white-space:pre}"
-            ".fixed{font-family:'Liberation Mono','DejaVu Sans Mono',monospace}"
-            ".label{font-family:'Liberation Sans','DejaVu Sans',Arial,sans-serif}");
+        .Text("text{white-space:pre}.fixed{font-family:" + FontList(kFixedPitchFamilies) +
+              "}.label{font-family:" + FontList(kProportionalFamilies) + "}");
     EndLine(root.Node());
     Element(root.Node(), "rect")
         .Set("x", extent.Left)

@@ -22,6 +22,8 @@ class WorkingCopy {
     [[nodiscard]] std::filesystem::path Path() const { return File("working.seq"); }
     /// The model that a new one begins as, "blank.seq".
     [[nodiscard]] std::filesystem::path Template() const { return File("blank.seq"); }
+    /// Where the last working copy waits while another one takes its place, "working.old".
+    [[nodiscard]] std::filesystem::path OldPath() const { return File("working.old"); }
 
     /// A handle of the caller's own, to be held no longer than an event lasts: the file is replaced
     /// between events. Throws as Database::Open does.

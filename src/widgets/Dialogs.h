@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <string>
 
+#include "basic/Immovable.h"
 #include "shell/MainForm.h"
 
 namespace quarnel02 {
@@ -17,14 +18,10 @@ std::string AskTextBox(QWidget* parent, const std::string& prompt, const std::st
                        const std::string& proposal);
 
 /// Takes the hourglass away while it lives, for a dialog in the middle of a longer operation.
-class PlainPointer {
+class PlainPointer : Immovable {
   public:
     PlainPointer();
     ~PlainPointer();
-    PlainPointer(const PlainPointer&) = delete;
-    PlainPointer& operator=(const PlainPointer&) = delete;
-    PlainPointer(PlainPointer&&) = delete;
-    PlainPointer& operator=(PlainPointer&&) = delete;
 
   private:
     int m_hourglasses = 0;

@@ -5,15 +5,16 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QPolygonF>
+#include <QStringList>
+#include <array>
 #include <numbers>
 
+#include "picture/Fonts.h"
 #include "picture/Icons.h"
 
 namespace quarnel02 {
 
 namespace {
-
-constexpr double kTwipsPerPoint = kTwipsPerInch / 72;
 
 QColor ToColor(Colour colour) {
     return {colour.Red, colour.Green, colour.Blue};
@@ -27,16 +28,23 @@ double Degrees(double radians) {
     return radians * 180 / std::numbers::pi;
 }
 
+template <std::size_t Count>
+QStringList ToStringList(const std::array<const char*, Count>& texts) {
+    QStringList list;
+    for (const char* text : texts) {
+        list << QString::fromLatin1(text);
+    }
+    return list;
+}
+
 QFont ToFont(const Font& face) {
     QFont font;
     if (face.Family == FontFamily::FixedPitch) {
-        font.setFamilies({QStringLiteral("Liberation Mono"), QStringLiteral("DejaVu Sans Mono"),
-                          QStringLiteral("Consolas"), QStringLiteral("monospace")});
+        font.setFamilies(ToStringList(kFixedPitchFamilies));
         font.setStyleHint(QFont::Monospace);
         font.setFixedPitch(true);
     } else {
-        font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans"),
-                          QStringLiteral("Arial"), QStringLiteral("sans-serif")});
+        font.setFamilies(ToStringList(kProportionalFamilies));
         font.setStyleHint(QFont::SansSerif);
     }
     font.setPixelSize(static_cast<int>(face.Points * kTwipsPerPoint));
