@@ -179,5 +179,32 @@ TEST(GeneratePathways, OverflowsBeyondTheLargestIntegerAndChangesNothing) {
     EXPECT_EQ(copy.RowsOf(kAllPathways, 9), Lines{"9|8|7|3|0|0|0|0|0"});
 }
 
+TEST(GeneratePathways, WritesAnewWhateverIsNotAsItWouldBe) {
+    LoadedModel model(test::WorkedExample());
+    const Lines generated = model.Copy.RowsOf(kAllPathways, 9);
+    for (const std::string spoiled :
+         {"PathId = 9", "ArcId = 2", "ResourceId = 7", "Feasible = 3", "Cost = 1", "Time = 1",
+          "Stations = 1", "Investment = 1", "AnnualLabor = 1"}) {
+        RecordSet row = model.Copy.Open().OpenRecordSet(kAllPathways);
+        row.Edit();
+        row.Set(spoiled.substr(0, spoiled.find(' ')), spoiled.substr(spoiled.rfind(' ') + 1));
+        row.Update();
+        ASSERT_NE(model.Copy.RowsOf(kAllPathways, 9), generated) << spoiled;
+        GeneratePathways(model.Copy.Open(), model.Form, model.Form.picArc);
+        EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9), generated) << spoiled;
+    }
+}
+
+TEST(GeneratePathways, DropsRowsThatAreTooMany) {
+    LoadedModel model(test::WorkedExample());
+    const Lines generated = model.Copy.RowsOf(kAllPathways, 9);
+    RecordSet rows = model.Copy.Open().OpenRecordSet(kAllPathways);
+    rows.AddNew();
+    rows.Set("Feasible", 2);
+    rows.Update();
+    GeneratePathways(model.Copy.Open(), model.Form, model.Form.picArc);
+    EXPECT_EQ(model.Copy.RowsOf(kAllPathways, 9), generated);
+}
+
 }  // namespace
 }  // namespace quarnel02
