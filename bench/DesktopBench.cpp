@@ -15,8 +15,8 @@
 #include "app/frmMain.h"
 #include "basic/Files.h"
 #include "commands/FileCommands.h"
+#include "files/ModelFile.h"
 #include "generate_model.h"
-#include "model/ModelFile.h"
 
 namespace quarnel02 {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "basic/Files.h"
 #include "basic/Version.h"
+#include "files/ModelFile.h"
 #include "generate_model.h"
-#include "model/ModelFile.h"
 
 namespace {
 

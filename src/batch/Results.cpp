@@ -6,7 +6,7 @@
 
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
-#include "model/SaveModel.h"
+#include "files/SaveModel.h"
 #include "picture/SvgWriter.h"
 #include "shell/Reports.h"
 

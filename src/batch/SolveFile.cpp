@@ -8,7 +8,7 @@
 #include "batch/Results.h"
 #include "commands/LoadModel.h"
 #include "commands/SolveFixedDemand.h"
-#include "model/ReadModel.h"
+#include "files/ReadModel.h"
 #include "shell/Demand.h"
 #include "shell/Reports.h"
 #include "stoch/cmdStoch.h"

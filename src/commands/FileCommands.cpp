@@ -8,8 +8,8 @@
 #include "basic/RunTimeError.h"
 #include "commands/ModelPath.h"
 #include "commands/Template.h"
+#include "files/ReadModel.h"
 #include "model/InputDigest.h"
-#include "model/ReadModel.h"
 
 namespace fs = std::filesystem;
 

@@ -5,8 +5,8 @@
 #include "basic/Files.h"
 #include "commands/FileCommands.h"
 #include "commands/ModelPath.h"
+#include "files/SaveModel.h"
 #include "model/InputDigest.h"
-#include "model/SaveModel.h"
 
 namespace fs = std::filesystem;
 

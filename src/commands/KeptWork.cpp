@@ -10,10 +10,10 @@
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "commands/KeptName.h"
+#include "files/ModelFile.h"
+#include "files/SaveModel.h"
 #include "model/Database.h"
 #include "model/InputDigest.h"
-#include "model/ModelFile.h"
-#include "model/SaveModel.h"
 
 namespace fs = std::filesystem;
 

@@ -4,7 +4,7 @@
 
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 #include "model/SchemaScript.h"
 
 namespace fs = std::filesystem;

@@ -1,6 +1,6 @@
 #pragma once
 
-// Internal to model/: the open SQLite file behind one or more Database handles.
+// Internal to model/ and files/: the open SQLite file behind one or more Database handles.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

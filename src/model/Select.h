@@ -1,6 +1,6 @@
 #pragma once
 
-// Internal to model/: reading with SQLite's own statements, which know a column's table.
+// Internal to model/ and files/: reading with SQLite's own statements, which know a column's table.
 
 #include <sqlite3.h>
 

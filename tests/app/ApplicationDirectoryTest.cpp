@@ -3,9 +3,9 @@
 
 #include "app/ApplicationDirectory.h"
 #include "basic/Files.h"
+#include "files/ModelFile.h"
 #include "model/Database.h"
 #include "model/InputDigest.h"
-#include "model/ModelFile.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
 

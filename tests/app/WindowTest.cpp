@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 
 namespace quarnel02::test {
 

@@ -8,7 +8,7 @@
 #include "app/frmGuide.h"
 #include "app/frmReport.h"
 #include "basic/Files.h"
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 
 namespace quarnel02 {
 namespace {

@@ -10,7 +10,7 @@
 #include "commands/InputWatch.h"
 #include "commands/KeptName.h"
 #include "commands/SessionState.h"
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 #include "support/TestModel.h"
 
 namespace quarnel02 {

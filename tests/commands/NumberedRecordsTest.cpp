@@ -11,7 +11,7 @@
 #include "basic/Numbers.h"
 #include "commands/ResourceRecords.h"
 #include "commands/TaskRecords.h"
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 #include "support/RunTimeErrors.h"
 #include "support/ScriptedForm.h"
 #include "support/Surroundings.h"

@@ -8,7 +8,7 @@
 
 #include "commands/FileCommands.h"
 #include "commands/Parameters.h"
-#include "model/SaveModel.h"
+#include "files/SaveModel.h"
 #include "support/CommandDesk.h"
 
 namespace quarnel02 {

@@ -3,7 +3,7 @@
 
 #include "editors/MatrixTest.h"
 #include "editors/frmTask.h"
-#include "model/RawStore.h"
+#include "support/RawStore.h"
 
 namespace quarnel02 {
 namespace {

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "model/Connection.h"
-#include "model/RawStore.h"
+#include "support/RawStore.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
 #include "support/TestModel.h"
@@ -261,8 +261,7 @@ TEST_F(LockedDatabase, HoldsNoLockBetweenCalls) {
 }
 
 TEST(Translated, SaysThatTheDiskIsFull) {
-    const RunTimeError error =
-        Translated(SQLite::Exception("full", SQLITE_FULL), "/a/line.mdb");
+    const RunTimeError error = Translated(SQLite::Exception("full", SQLITE_FULL), "/a/line.mdb");
     EXPECT_EQ(error.Kind(), ErrorKind::FileAccess);
     EXPECT_EQ(std::string(error.what()),
               "The model database /a/line.mdb cannot be written. The disk is full: free some space "
@@ -270,8 +269,7 @@ TEST(Translated, SaysThatTheDiskIsFull) {
 }
 
 TEST(Translated, PassesOnThatMemoryIsShort) {
-    EXPECT_THROW((void)Translated(SQLite::Exception("memory", SQLITE_NOMEM), "x"),
-                 std::bad_alloc);
+    EXPECT_THROW((void)Translated(SQLite::Exception("memory", SQLITE_NOMEM), "x"), std::bad_alloc);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 #include "basic/Numbers.h"
 #include "model/Database.h"
-#include "model/RawStore.h"
+#include "support/RawStore.h"
 #include "support/RunTimeErrors.h"
 #include "support/TestModel.h"
 

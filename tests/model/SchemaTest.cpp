@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "model/RawStore.h"
+#include "support/RawStore.h"
 #include "support/TestModel.h"
 
 namespace quarnel02 {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "model/Database.h"
-#include "model/RawStore.h"
+#include "support/RawStore.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
 #include "support/TestModel.h"

@@ -9,8 +9,8 @@
 
 #include "commands/FileCommands.h"
 #include "commands/ModelPath.h"
+#include "files/ModelFile.h"
 #include "model/InputDigest.h"
-#include "model/ModelFile.h"
 #include "support/ScriptedForm.h"
 #include "support/TestModel.h"
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "basic/Files.h"
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 #include "support/ModelScript.h"
 #include "support/ProgramRun.h"
 #include "support/Surroundings.h"

@@ -1,6 +1,6 @@
 #include "support/TestModel.h"
 
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 
 namespace quarnel02::test {
 

@@ -1,13 +1,13 @@
-#include "model/ForeignFile.h"
+#include "files/ForeignFile.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "basic/Files.h"
 #include "basic/Numbers.h"
+#include "files/Defences.h"
+#include "files/ModelChecks.h"
 #include "model/Connection.h"
-#include "model/Defences.h"
-#include "model/ModelChecks.h"
 #include "model/Select.h"
 
 namespace fs = std::filesystem;

@@ -1,6 +1,6 @@
 #pragma once
 
-// Internal to model/: a model database in memory, from which a whole file is written at once.
+// Internal to files/: a model database in memory, from which a whole file is written at once.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

@@ -1,4 +1,4 @@
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "model/RawStore.h"
 #include "model/Schema.h"
+#include "support/RawStore.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
 #include "support/TestModel.h"

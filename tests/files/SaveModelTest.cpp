@@ -1,4 +1,4 @@
-#include "model/SaveModel.h"
+#include "files/SaveModel.h"
 
 #include <gtest/gtest.h>
 
@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "files/ModelFile.h"
+#include "files/ReadModel.h"
 #include "model/Database.h"
-#include "model/ModelFile.h"
-#include "model/RawStore.h"
-#include "model/ReadModel.h"
 #include "support/ModelScript.h"
+#include "support/RawStore.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
 

@@ -1,11 +1,11 @@
-#include "model/SaveModel.h"
+#include "files/SaveModel.h"
 
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
+#include "files/ForeignFile.h"
+#include "files/ModelChecks.h"
+#include "files/ModelImage.h"
 #include "model/Connection.h"
-#include "model/ForeignFile.h"
-#include "model/ModelChecks.h"
-#include "model/ModelImage.h"
 
 namespace fs = std::filesystem;
 

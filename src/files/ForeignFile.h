@@ -1,6 +1,6 @@
 #pragma once
 
-// Internal to model/: a file of a user, or of another program, that is read and not trusted.
+// Internal to files/: a file of a user, or of another program, that is read and not trusted.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

@@ -1,4 +1,4 @@
-#include "model/Defences.h"
+#include "files/Defences.h"
 
 #include <sqlite3.h>
 

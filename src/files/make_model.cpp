@@ -8,7 +8,7 @@
 
 #include "basic/Files.h"
 #include "basic/Version.h"
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 
 int main(int argc, char* argv[]) {
     const std::span<char*> arguments(argv, static_cast<std::size_t>(argc));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ReadModel.h"
+#include "files/ReadModel.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "model/ModelFile.h"
-#include "model/RawStore.h"
+#include "files/ModelFile.h"
 #include "model/Schema.h"
 #include "support/ModelScript.h"
+#include "support/RawStore.h"
 #include "support/RunTimeErrors.h"
 #include "support/Surroundings.h"
 

@@ -1,4 +1,4 @@
-#include "model/ModelChecks.h"
+#include "files/ModelChecks.h"
 
 #include <array>
 #include <fstream>

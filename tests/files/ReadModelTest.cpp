@@ -1,4 +1,4 @@
-#include "model/ReadModelTest.h"
+#include "files/ReadModelTest.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "model/ReadModel.h"
+#include "files/ReadModel.h"
 
 #include "basic/Files.h"
+#include "files/ForeignFile.h"
+#include "files/ModelChecks.h"
+#include "files/ModelImage.h"
 #include "model/Connection.h"
-#include "model/ForeignFile.h"
-#include "model/ModelChecks.h"
-#include "model/ModelImage.h"
 
 namespace fs = std::filesystem;
 

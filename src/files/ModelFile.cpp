@@ -1,4 +1,4 @@
-#include "model/ModelFile.h"
+#include "files/ModelFile.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -6,9 +6,9 @@
 #include <system_error>
 
 #include "basic/Files.h"
+#include "files/ForeignFile.h"
+#include "files/ModelChecks.h"
 #include "model/Connection.h"
-#include "model/ForeignFile.h"
-#include "model/ModelChecks.h"
 #include "model/SchemaScript.h"
 
 namespace fs = std::filesystem;

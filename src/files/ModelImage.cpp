@@ -1,4 +1,4 @@
-#include "model/ModelImage.h"
+#include "files/ModelImage.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <sqlite3.h>
@@ -7,8 +7,8 @@
 #include <string>
 
 #include "basic/Files.h"
+#include "files/ModelChecks.h"
 #include "model/Connection.h"
-#include "model/ModelChecks.h"
 #include "model/SchemaScript.h"
 
 namespace fs = std::filesystem;

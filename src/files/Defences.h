@@ -1,6 +1,6 @@
 #pragma once
 
-// Internal to model/: SQLite's defences against databases that are not trusted.
+// Internal to files/: SQLite's defences against databases that are not trusted.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

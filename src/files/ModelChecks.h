@@ -1,6 +1,6 @@
 #pragma once
 
-// Internal to model/: what makes a file a model of this program, and the refusal of others.
+// Internal to files/: what makes a file a model of this program, and the refusal of others.
 
 #include <cstdint>
 #include <filesystem>
