@@ -20,9 +20,9 @@ namespace fs = std::filesystem;
 /// Floors from the lowest; folders on the same one (`picture`, `model` and `line`;
 /// `files` and `shell`; `batch` and `app`) may not see each other.
 const std::map<std::string, int> kFloors = {
-    {"basic", 0},   {"picture", 1}, {"model", 1}, {"line", 1},     {"files", 2},
-    {"shell", 2},   {"fixed", 3},   {"stoch", 4}, {"commands", 5}, {"widgets", 6},
-    {"editors", 7}, {"app", 8},     {"batch", 8}};
+    {"basic", 0},   {"picture", 1}, {"model", 1}, {"line", 1},  {"study", 2},
+    {"files", 3},   {"shell", 3},   {"fixed", 4}, {"stoch", 5}, {"commands", 6},
+    {"widgets", 7}, {"editors", 8}, {"app", 9},   {"batch", 9}};
 
 struct Include {
     fs::path File;

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "line/LineModel.h"
+#include "line/StationGroup.h"
+
+namespace quarnel02 {
+
+/// "3" for one task, else "3-7".
+std::string TaskRangeText(int first, int last);
+
+/// "Bench 1-8" or "Assist x2 9-12": short name of the resource, parallel stations where there are
+/// several, tasks. A resource without a name is "Resource 3".
+std::string GroupText(const LineModel& model, const StationGroup& group);
+
+/// A line as one text: "Bench 1-8; Assist x2 9-12".
+std::string LineText(const LineModel& model, std::span<const StationGroup> groups);
+
+}  // namespace quarnel02

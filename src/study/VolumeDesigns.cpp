@@ -1,0 +1,171 @@
+#include "study/VolumeDesigns.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "basic/NumberFormat.h"
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "study/GroupCurve.h"
+#include "study/LargestVolume.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr double kNoLine = std::numeric_limits<double>::infinity();
+
+void RequireSound(const VolumeSpan& span) {
+    if (span.From < 1 || span.To < span.From || span.To > kMostVolume) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "Volumes from " + NumberText(span.From) + " to " + NumberText(span.To) +
+                               ": the first one must be at least 1, the last one at least the "
+                               "first, and at most " +
+                               Format(kMostVolume, "#,###") + ".");
+    }
+}
+
+/// Cheapest costs over the nodes of a line; node k stands before task k.
+struct NodeCosts {
+    std::vector<double> FromStart;  ///< by node
+    std::vector<double> ToEnd;      ///< by node
+};
+
+NodeCosts CheapestNodes(const OfArcs<double>& arcs) {
+    const int tasks = arcs.TaskCount();
+    const auto nodes = static_cast<std::size_t>(tasks) + 2;
+    NodeCosts costs{std::vector<double>(nodes, kNoLine), std::vector<double>(nodes, kNoLine)};
+    costs.FromStart[1] = 0;
+    costs.ToEnd[nodes - 1] = 0;
+    for (int last = 1; last <= tasks; ++last) {
+        double& to = costs.FromStart[static_cast<std::size_t>(last) + 1];
+        for (int first = 1; first <= last; ++first) {
+            to = std::min(to,
+                          costs.FromStart[static_cast<std::size_t>(first)] + arcs.At(first, last));
+        }
+    }
+    for (int last = tasks; last >= 1; --last) {
+        const double behind = costs.ToEnd[static_cast<std::size_t>(last) + 1];
+        for (int first = 1; first <= last; ++first) {
+            double& from = costs.ToEnd[static_cast<std::size_t>(first)];
+            from = std::min(from, arcs.At(first, last) + behind);
+        }
+    }
+    return costs;
+}
+
+OfArcs<double> CostsAt(const ArcCurves& arcs, int volume) {
+    OfArcs<double> costs(arcs.TaskCount());
+    for (int last = 1; last <= arcs.TaskCount(); ++last) {
+        for (int first = 1; first <= last; ++first) {
+            const GridSegment* const segment = SegmentAt(arcs.At(first, last), volume);
+            costs.At(first, last) = segment == nullptr ? kNoLine : segment->CostAt(volume);
+        }
+    }
+    return costs;
+}
+
+}  // namespace
+
+VolumeDesigns::VolumeDesigns(const PreparedLine& line, std::int16_t shifts, const VolumeSpan& span)
+    : m_line(line),
+      m_shifts(shifts),
+      m_stationLimit(span.StationLimit),
+      m_places(line),
+      m_arcs(line.Model.TaskCount()) {
+    RequireSound(span);
+    MakeCurves(span);
+    m_prefixes = CheapestPrefixes(m_arcs);
+}
+
+void VolumeDesigns::MakeCurves(const VolumeSpan& span) {
+    for (std::size_t place = 0; place < m_line.Pathways.size(); ++place) {
+        const auto& [resource, first, last] = m_line.Pathways[place];
+        GridCurve& arc = m_arcs.At(first, last);
+        arc = Cheaper(arc, GroupCurve(m_line.Contents[place], m_line.Model.ResourceOf(resource),
+                                      m_line.Model.Parameters(), m_shifts, m_stationLimit,
+                                      span.From, span.To));
+    }
+}
+
+std::span<const GridSegment> VolumeDesigns::Costs() const {
+    if (m_prefixes.empty()) {
+        return {};
+    }
+    return m_prefixes.back();
+}
+
+std::vector<StationGroup> VolumeDesigns::GroupsAt(int volume) const {
+    return quarnel02::GroupsAt(m_prefixes, volume);
+}
+
+double VolumeDesigns::Rounding(double cost) const {
+    // A sum of singles per task, and the roundings within the cost of a group.
+    constexpr double of_a_single = 1.2e-7;
+    constexpr int within_a_group = 4;
+    return (m_line.Model.TaskCount() + within_a_group) * of_a_single * std::fabs(cost);
+}
+
+std::optional<Line> VolumeDesigns::LineAt(int volume) const {
+    std::vector<LineGroup> groups;
+    const std::vector<Way> ways = WaysNearBest(volume, groups);
+    const int last_node = m_line.Model.TaskCount() + 1;
+    const std::vector<NodeLabel> labels = CheapestLabels(ways, last_node);
+    if (labels.empty() || !labels.back().IsReached()) {
+        return std::nullopt;
+    }
+    quarnel02::Line line{{}, labels.back().Cost};
+    for (const int number : ChainTo(labels, last_node)) {
+        line.Groups.push_back(
+            *std::find_if(groups.begin(), groups.end(),
+                          [&](const LineGroup& group) { return group.Pathway == number; }));
+    }
+    return line;
+}
+
+std::vector<Way> VolumeDesigns::WaysNearBest(int volume, std::vector<LineGroup>& groups) const {
+    const OfArcs<double> arcs = CostsAt(m_arcs, volume);
+    const NodeCosts nodes = CheapestNodes(arcs);
+    const double best = nodes.FromStart.back();
+    const double most = best + Rounding(best);
+    const Workload workload = WorkloadOf({static_cast<double>(volume), m_shifts, m_stationLimit},
+                                         m_line.Model.Parameters());
+    std::vector<Way> ways;
+    for (int last = 1; last <= arcs.TaskCount(); ++last) {
+        for (int first = 1; first <= last; ++first) {
+            const double through = nodes.FromStart[static_cast<std::size_t>(first)] +
+                                   arcs.At(first, last) +
+                                   nodes.ToEnd[static_cast<std::size_t>(last) + 1];
+            if (through == kNoLine || through > most) {
+                continue;
+            }
+            if (const auto group = CheapestGroup(first, last, workload)) {
+                ways.push_back(
+                    {group->Pathway, first, last + 1, static_cast<double>(group->Cost.Cost)});
+                groups.push_back(*group);
+            }
+        }
+    }
+    return ways;
+}
+
+std::optional<LineGroup> VolumeDesigns::CheapestGroup(int first, int last,
+                                                      const Workload& workload) const {
+    std::optional<LineGroup> cheapest;
+    for (const Resource& resource : m_line.Model.Resources()) {
+        const auto place = m_places.Of(resource.Number, first, last);
+        if (!place) {
+            continue;
+        }
+        const PathwayCost cost =
+            CostOfGroup(m_line.Contents[*place], resource, m_line.Model.Parameters(), workload);
+        if (!IsOverLimit(cost, m_stationLimit) && (!cheapest || cost.Cost < cheapest->Cost.Cost)) {
+            cheapest = {
+                static_cast<int>(*place) + 1, {resource.Number, first, last, cost.Stations}, cost};
+        }
+    }
+    return cheapest;
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,308 @@
+// Ranges of volumes against the fixed design of every single volume.
+
+#include "study/VolumeRanges.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "line/CheapestLine.h"
+#include "line/RandomLine.h"
+#include "line/StochasticDesign.h"
+#include "study/AllLines.h"
+#include "study/GroupCurve.h"
+#include "study/LargestVolume.h"
+#include "study/LineText.h"
+#include "study/VolumePieces.h"
+#include "support/RunTimeErrors.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::OneOf;
+using test::Roll;
+
+/// So few days that some hundred units need other stations.
+test::LineParts RandomShortYear() {
+    test::LineParts parts = test::RandomParts(Roll(7, 10));
+    parts.Parameters.Days = OneOf({0.5, 1.0, 2.5});
+    return parts;
+}
+
+VolumeSpan RandomSpan() {
+    VolumeSpan span;
+    span.From = Roll(1, 3) == 1 ? 1 : Roll(1, 3000);
+    span.To = span.From + Roll(0, 250);
+    if (Roll(0, 1) == 1) {
+        span.StationLimit = static_cast<std::int16_t>(Roll(0, 4));
+    }
+    return span;
+}
+
+/// Designs of all volumes of a span in so many shifts.
+std::vector<std::optional<Line>> FixedDesigns(const PreparedLine& line, const VolumeSpan& span,
+                                              int shifts) {
+    std::vector<std::optional<Line>> designs;
+    for (int volume = span.From; volume <= span.To; ++volume) {
+        designs.push_back(CheapestLine(
+            line,
+            {static_cast<double>(volume), static_cast<std::int16_t>(shifts), span.StationLimit}));
+    }
+    return designs;
+}
+
+/// Some roundings of singles.
+bool Same(float a, float b) {
+    return std::fabs(a - b) <= 2e-6F * std::max(std::fabs(a), std::fabs(b));
+}
+
+std::vector<VolumeRange> RangesOf(const std::vector<VolumeRange>& ranges, int shifts) {
+    std::vector<VolumeRange> some;
+    std::copy_if(ranges.begin(), ranges.end(), std::back_inserter(some),
+                 [&](const VolumeRange& each) { return each.Shifts == shifts; });
+    return some;
+}
+
+RC_GTEST_PROP(VolumeRangesOfRandomModels, HaveTheFixedDesignOfEveryVolume, ()) {
+    const PreparedLine line = Prepare(RandomShortYear().Model());
+    const VolumeSpan span = RandomSpan();
+    const std::vector<VolumeRange> ranges = VolumeRanges(line, span);
+    RC_CLASSIFY(ranges.size() > 6, "with changes");
+    for (int shifts = 1; shifts <= 3; ++shifts) {
+        const auto designs = FixedDesigns(line, span, shifts);
+        int next = span.From;
+        for (const VolumeRange& range : RangesOf(ranges, shifts)) {
+            RC_ASSERT(range.From == next);
+            RC_ASSERT(range.To >= range.From);
+            next = range.To + 1;
+            for (int volume = range.From; volume <= range.To; ++volume) {
+                const auto& design = designs[static_cast<std::size_t>(volume - span.From)];
+                RC_ASSERT(design.has_value());
+                const auto cost =
+                    test::CostOf(line,
+                                 {static_cast<double>(volume), static_cast<std::int16_t>(shifts),
+                                  span.StationLimit},
+                                 range.Line);
+                RC_ASSERT(cost.has_value());
+                RC_ASSERT(GroupsOf(*design) == range.Line || Same(*cost, design->Cost));
+            }
+            RC_ASSERT(range.CostFrom ==
+                      designs[static_cast<std::size_t>(range.From - span.From)]->Cost);
+            RC_ASSERT(range.CostTo ==
+                      designs[static_cast<std::size_t>(range.To - span.From)]->Cost);
+        }
+        for (int volume = next; volume <= span.To; ++volume) {
+            RC_ASSERT(!designs[static_cast<std::size_t>(volume - span.From)].has_value());
+        }
+    }
+}
+
+RC_GTEST_PROP(VolumeRangesOfRandomModels, AreTheBestShiftsForAllOfTheirVolumesOrForNone, ()) {
+    const PreparedLine line = Prepare(RandomShortYear().Model());
+    const VolumeSpan span = RandomSpan();
+    const std::vector<VolumeRange> ranges = VolumeRanges(line, span);
+    std::vector<std::vector<std::optional<Line>>> designs;
+    for (int shifts = 1; shifts <= 3; ++shifts) {
+        designs.push_back(FixedDesigns(line, span, shifts));
+    }
+    for (const VolumeRange& range : ranges) {
+        for (int volume = range.From; volume <= range.To; ++volume) {
+            const auto place = static_cast<std::size_t>(volume - span.From);
+            const float own = designs[static_cast<std::size_t>(range.Shifts) - 1][place]->Cost;
+            for (const auto& others : designs) {
+                const auto& other = others[place];
+                const bool cheaper = other && other->Cost < own;
+                const bool end = volume == range.From || volume == range.To;
+                const bool told = cheaper && (end || !Same(other->Cost, own));
+                RC_ASSERT(!(range.Best && told));
+            }
+            const bool beaten =
+                std::any_of(designs.begin(), designs.end(), [&](const auto& others) {
+                    return others[place] &&
+                           (others[place]->Cost < own || Same(others[place]->Cost, own));
+                });
+            RC_ASSERT(range.Best || beaten);
+        }
+    }
+    for (std::size_t next = 1; next < ranges.size(); ++next) {
+        const VolumeRange& before = ranges[next - 1];
+        const VolumeRange& after = ranges[next];
+        RC_ASSERT(before.Shifts != after.Shifts || before.Line != after.Line ||
+                  before.Best != after.Best);
+    }
+}
+
+RC_GTEST_PROP(VolumeDesignsOfRandomModels, CostAtAVolumeWhatTheFixedDesignCosts, ()) {
+    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const auto shifts = static_cast<std::int16_t>(Roll(1, 3));
+    VolumeSpan span{1, 600000, {}};
+    if (Roll(0, 1) == 1) {
+        span.StationLimit = static_cast<std::int16_t>(Roll(0, 4));
+    }
+    const VolumeDesigns designs(line, shifts, span);
+    for (int tries = 0; tries < 4; ++tries) {
+        const int volume =
+            std::min(600000, static_cast<int>(test::RandomVolume(line.Model, shifts)));
+        const auto fixed =
+            CheapestLine(line, {static_cast<double>(volume), shifts, span.StationLimit});
+        const auto design = designs.LineAt(volume);
+        RC_ASSERT(design.has_value() == fixed.has_value());
+        const GridSegment* const segment = SegmentAt(designs.Costs(), volume);
+        RC_ASSERT((segment != nullptr) == fixed.has_value());
+        if (fixed) {
+            RC_ASSERT(design->Cost == fixed->Cost);
+            RC_ASSERT(GroupsOf(*design) == GroupsOf(*fixed));
+            RC_ASSERT(Same(static_cast<float>(segment->CostAt(volume)), fixed->Cost));
+        }
+    }
+}
+
+RC_GTEST_PROP(VolumeDesignsOfRandomModels, CostWhatTheDesignForACertainDemandCosts, ()) {
+    test::LineParts parts = test::RandomParts(Roll(7, 10));
+    parts.Parameters.LaborCost = OneOf({15.0, 22.5});  // a cost of 0 would count as 10,000
+    const int volume = Roll(1, 400000);
+    const LineModel model(parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix,
+                          {{static_cast<float>(volume), 100}});
+    const PreparedLine line = Prepare(model);
+    const auto design = VolumeDesigns(line, 3, {1, 400000, {}}).LineAt(volume);
+    const auto expected = DesignForDemand(model, 0);
+    RC_ASSERT(design.has_value() == expected.Line.has_value());
+    if (design) {
+        const float cost = expected.ExpectedCosts.Segments().front().CostStart;
+        RC_ASSERT(std::fabs(cost - design->Cost) < 0.005F);
+    }
+}
+
+Resource Named(int number, const char* name, double fixedCost, double hourly, double perWorker) {
+    Resource resource;
+    resource.Number = number;
+    resource.ShortName = name;
+    resource.Type = number - 1;
+    resource.FixedCost = fixedCost;
+    resource.VarCost = hourly;
+    resource.UpTime = 100;
+    resource.ICF = 1;
+    resource.StatPerWrk = perWorker;
+    return resource;
+}
+
+/// One task: 36 s on a bench of 100 $/year that costs 10 $/h, 3.6 s on a press of 1,000 $/year
+/// without running cost. A year has 100 days; labour is free.
+LineModel BenchOrPress() {
+    Production year;
+    year.Days = 100;
+    year.ACF = 0.1;
+    return {year,
+            {Named(1, "Bench", 1000, 10, 1), Named(2, "Press", 10000, 0, 1)},
+            {{1, ""}},
+            std::vector<MatrixRow>{{1, 1, {36, 1, 0}}, {2, 1, {3.6, 2, 0}}},
+            {}};
+}
+
+TEST(VolumeRanges, ChangeTheLineWhereTheCostsCross) {
+    // Bench: 100 $ and 0.1 $ per unit; press: 1,000 $. They meet at 9,000 units. One bench makes
+    // 80,000 units per shift.
+    const auto ranges = VolumeRanges(Prepare(BenchOrPress()), {1, 20000, {}});
+    ASSERT_EQ(ranges.size(), 6U);
+    EXPECT_EQ(ranges[0].From, 1);
+    EXPECT_EQ(ranges[0].To, 9000);
+    EXPECT_EQ(LineText(BenchOrPress(), ranges[0].Line), "Bench 1");
+    EXPECT_FLOAT_EQ(ranges[0].CostFrom, 100.1F);
+    EXPECT_FLOAT_EQ(ranges[0].CostTo, 1000);
+    EXPECT_EQ(ranges[0].Investment, 1000);
+    EXPECT_EQ(ranges[1].From, 9001);
+    EXPECT_EQ(ranges[1].To, 20000);
+    EXPECT_EQ(LineText(BenchOrPress(), ranges[1].Line), "Press 1");
+    EXPECT_EQ(ranges[1].Investment, 10000);
+    // Without labour all shifts cost the same.
+    EXPECT_TRUE(
+        std::all_of(ranges.begin(), ranges.end(), [](const auto& each) { return each.Best; }));
+}
+
+TEST(VolumeRanges, ChangeTheLineWhereTheFixedDesignDoes) {
+    // Costs near 10,000,000 $ are singles of 1 $, and the lines differ by a cent per unit: for a
+    // hundred units and more the fixed design chooses by the rounding.
+    const LineModel base = BenchOrPress();
+    Production year = base.Parameters();
+    for (const double more : {90.0, 93.1, 99.9, 100.3}) {
+        const PreparedLine line = Prepare(
+            {year,
+             {Named(1, "Bench", 100000000, 10, 1), Named(2, "Press", 100000000 + more, 9, 1)},
+             {{1, ""}},
+             std::vector<MatrixRow>{{1, 1, {3.6, 1, 0}}, {2, 1, {3.6, 2, 0}}},
+             {}});
+        const auto ranges = VolumeRanges(line, {1, 100000, {}});
+        ASSERT_EQ(ranges.size(), 6U);
+        const auto at_end = CheapestLine(line, {static_cast<double>(ranges[0].To), 1, {}});
+        const auto behind = CheapestLine(line, {ranges[0].To + 1.0, 1, {}});
+        EXPECT_EQ(GroupsOf(*at_end), ranges[0].Line);
+        EXPECT_EQ(GroupsOf(*behind), ranges[1].Line);
+        EXPECT_NE(ranges[0].Line, ranges[1].Line);
+    }
+}
+
+TEST(VolumeRanges, EndWhereTheLimitForbidsEveryLine) {
+    const auto ranges =
+        VolumeRanges(Prepare(BenchOrPress()), {790000, 2500000, static_cast<std::int16_t>(1)});
+    // A press makes 800,000 units per shift, and one more by the tolerance of full stations.
+    ASSERT_EQ(ranges.size(), 3U);
+    for (const VolumeRange& range : ranges) {
+        EXPECT_EQ(range.Shifts, &range - ranges.data() + 1);
+        EXPECT_EQ(range.From, 790000);
+        EXPECT_NEAR(range.To, 800000.8 * range.Shifts, 2);
+    }
+}
+
+TEST(VolumeRanges, RefuseASpanThatCannotBe) {
+    const PreparedLine line = Prepare(BenchOrPress());
+    for (const VolumeSpan& span :
+         {VolumeSpan{0, 5, {}}, VolumeSpan{6, 5, {}}, VolumeSpan{1, kMostVolume + 1, {}}}) {
+        const std::string message = test::ExpectRunTimeError(
+            ErrorKind::Overflow, [&] { std::ignore = VolumeRanges(line, span); });
+        EXPECT_EQ(message.find("Volumes from "), 0U) << message;
+    }
+}
+
+TEST(VolumeRanges, AreEmptyWithoutTasks) {
+    EXPECT_TRUE(VolumeRanges(Prepare(LineModel()), {1, 10, {}}).empty());
+}
+
+TEST(LargestVolume, IsTheLastOneThatTheStationsMake) {
+    Production year;
+    year.Days = 100;
+    for (const float work : {0.001F, 7.3F, 36.0F, 5000.0F, 3e6F}) {
+        for (const int stations : {1, 2, 7, 300}) {
+            const int most = LargestVolume(year, 2, work, stations);
+            const auto fits = [&](int volume) {
+                return StationsFit(work, stations, static_cast<float>(100 * 2 * 28800.0 / volume));
+            };
+            EXPECT_TRUE(most == 0 || fits(most)) << work << " x" << stations;
+            EXPECT_TRUE(most == kMostVolume || !fits(most + 1)) << work << " x" << stations;
+        }
+    }
+    EXPECT_EQ(LargestVolume(year, 1, 36, 1), 80000);
+    EXPECT_EQ(LargestVolume(year, 1, 3e6F, 1), 0);
+    year.Days = 0;
+    EXPECT_EQ(LargestVolume(year, 1, 36, 1), 0);
+}
+
+TEST(OneType, LeavesTheResourcesOfThatType) {
+    const auto manual = OfOneType(BenchOrPress(), 0);
+    ASSERT_TRUE(manual.has_value());
+    EXPECT_TRUE(manual->CanDo(1, 1));
+    EXPECT_FALSE(manual->CanDo(2, 1));
+    EXPECT_EQ(manual->ResourceOf(2).ShortName, "Press");
+    EXPECT_FALSE(OfOneType(BenchOrPress(), 2).has_value());
+    EXPECT_FALSE(OfOneType(*OfOneType(BenchOrPress(), 0), 1).has_value());
+}
+
+}  // namespace
+}  // namespace quarnel02
