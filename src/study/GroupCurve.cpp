@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "basic/Numbers.h"
+#include "line/AnnualCost.h"
 #include "line/CostModel.h"
 #include "line/FixedDemand.h"
 #include "study/LargestVolume.h"
@@ -12,18 +13,14 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr double kHoursPerShift = 8;
-
-/// Cost of so many stations from one volume to another.
+/// Cost of so many stations, without the volumes that it is for.
 GridSegment SegmentOf(const WorkContent& content, const Resource& resource,
                       const Production& production, std::int16_t shifts, int stations) {
-    const auto count = static_cast<std::int16_t>(stations);
-    const double capital =
-        static_cast<double>(Investment(count, content.ToolCostSum, resource)) * production.ACF;
-    const double labour = LabourCost(count, shifts * kHoursPerShift, production, resource);
-    return {.Base = capital + labour,
-            .Slope = MachineCost(1, SharedTime(content.WorkTime, stations), resource),
-            .Tag = {static_cast<std::int16_t>(resource.Number), count, 0}};
+    const AnnualParts of_a_unit = AnnualPartsOf(content, stations, resource, production, 1, shifts);
+    return {.Base = of_a_unit.Capital + of_a_unit.Labour,
+            .Slope = of_a_unit.Machine,
+            .Tag = {static_cast<std::int16_t>(resource.Number), static_cast<std::int16_t>(stations),
+                    0}};
 }
 
 }  // namespace

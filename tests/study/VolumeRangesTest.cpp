@@ -33,13 +33,13 @@ using test::Roll;
 /// So few days that some hundred units need other stations.
 test::LineParts RandomShortYear() {
     test::LineParts parts = test::RandomParts(Roll(7, 10));
-    parts.Parameters.Days = OneOf({0.5, 1.0, 2.5});
+    parts.Parameters.Days = OneOf({0.05, 0.1, 0.3});
     return parts;
 }
 
 VolumeSpan RandomSpan() {
     VolumeSpan span;
-    span.From = Roll(1, 3) == 1 ? 1 : Roll(1, 3000);
+    span.From = Roll(1, 3) == 1 ? 1 : Roll(1, 500);
     span.To = span.From + Roll(0, 250);
     if (Roll(0, 1) == 1) {
         span.StationLimit = static_cast<std::int16_t>(Roll(0, 4));
