@@ -111,10 +111,10 @@ class StationSteps {
         Add("Investment: " + CountText(m_row.Group.Stations, "station", "stations") + " x (" +
             Dollars(tool_cost) + " tools + " + Dollars(m_resource.FixedCost) + ") x " +
             FigureText(m_resource.ICF) +
-            " installed cost factor = " + Dollars(m_row.Figures.Investment));
+            " investment factor (ICF) = " + Dollars(m_row.Figures.Investment));
         Add("Capital: " + Dollars(m_row.Figures.Investment) + " x " +
             FigureText(m_model.Parameters().ACF) +
-            " annual charge factor = " + Dollars(m_row.Figures.Capital) + " per year");
+            " annual capital factor (ACF) = " + Dollars(m_row.Figures.Capital) + " per year");
     }
 
     void AddRunning() {

@@ -5,6 +5,7 @@
 #include "line/AnnualCost.h"
 #include "line/CostModel.h"
 #include "line/WorkContent.h"
+#include "study/LineText.h"
 #include "study/StationTime.h"
 
 namespace quarnel02 {
@@ -19,7 +20,7 @@ WorkContent ContentOfGroup(const LineModel& model, const StationGroup& group) {
 StationRow RowOf(const LineModel& model, const StationGroup& group, const CostBasis& basis) {
     StationRow row;
     row.Group = group;
-    row.Resource = model.ResourceOf(group.Resource).ShortName;
+    row.Resource = NameText(model.ResourceOf(group.Resource));
     row.Figures = FiguresOf(model, group, basis);
     for (const ToolCost& tool : ToolsOf(model, group)) {
         row.Tools.push_back(tool.Tool);

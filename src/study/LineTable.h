@@ -22,7 +22,7 @@ struct CostFigures {
 /// A group of parallel stations in the table of a line.
 struct StationRow {
     StationGroup Group;
-    std::string Resource;    ///< short name
+    std::string Resource;    ///< its name, as NameText has it
     std::vector<int> Tools;  ///< distinct, in the order of the tasks
     double Time = 0;         ///< seconds per unit of one station
     double Load = 0;         ///< share of the available cycle time, 1 for a full station

@@ -8,10 +8,17 @@ std::string TaskRangeText(int first, int last) {
     return first == last ? NumberText(first) : NumberText(first) + "-" + NumberText(last);
 }
 
+std::string NameText(const Resource& resource) {
+    const std::string& name = resource.ShortName;
+    const std::size_t first = name.find_first_not_of(' ');
+    if (first == std::string::npos) {
+        return "Resource " + NumberText(resource.Number);
+    }
+    return name.substr(first, name.find_last_not_of(' ') + 1 - first);
+}
+
 std::string GroupText(const LineModel& model, const StationGroup& group) {
-    const Resource& resource = model.ResourceOf(group.Resource);
-    const std::string name =
-        resource.ShortName.empty() ? "Resource " + NumberText(resource.Number) : resource.ShortName;
+    const std::string name = NameText(model.ResourceOf(group.Resource));
     const std::string quantity = group.Stations > 1 ? " x" + NumberText(group.Stations) : "";
     return name + quantity + " " + TaskRangeText(group.FirstTask, group.LastTask);
 }

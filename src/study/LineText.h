@@ -11,8 +11,10 @@ namespace quarnel02 {
 /// "3" for one task, else "3-7".
 std::string TaskRangeText(int first, int last);
 
-/// "Bench 1-8" or "Assist x2 9-12": short name of the resource, parallel stations where there are
-/// several, tasks. A resource without a name is "Resource 3".
+/// Short name of a resource without blanks around it; "Resource 3" where it has none.
+std::string NameText(const Resource& resource);
+
+/// "Bench 1-8" or "Assist x2 9-12": short name, parallel stations where there are several, tasks.
 std::string GroupText(const LineModel& model, const StationGroup& group);
 
 /// A line as one text: "Bench 1-8; Assist x2 9-12".

@@ -87,17 +87,19 @@ RC_GTEST_PROP(CapacitiesOfRandomModels, AreAllLocalMinima, ()) {
         }
     }
     // And every capacity is a dip.
+    const test::StochasticTwin twin(model, static_cast<double>(penalty));
     for (const Capacity& capacity : capacities) {
-        const auto at = std::lower_bound(
-            costs.begin(), costs.end(), capacity.Line.Capacity,
-            [](const CostAtVolume& each, float volume) { return each.Volume < volume; });
-        RC_ASSERT(at != costs.end());
-        const double own = static_cast<double>(capacity.Line.ExpectedCost);
-        RC_ASSERT(at->Volume != capacity.Line.Capacity || std::fabs(at->Cost - own) < rounding);
-        const auto before = at == costs.begin() ? at : at - 1;
-        const auto behind = at + 1 == costs.end() ? at : at + 1;
-        RC_ASSERT(before->Cost > own - rounding);
-        RC_ASSERT(behind->Cost > own - rounding);
+        const float volume = capacity.Line.Capacity;
+        const auto own = static_cast<double>(capacity.Line.ExpectedCost);
+        const auto cost_at = [&](float other) {
+            return twin.LeastLineCost(other).value() + twin.Penalty(other);
+        };
+        RC_ASSERT(std::fabs(cost_at(volume) - own) < rounding);
+        for (const float other : {volume - 1, volume + 1}) {
+            if (other >= costs.front().Volume && other <= costs.back().Volume) {
+                RC_ASSERT(cost_at(other) > own - rounding);
+            }
+        }
     }
 }
 

@@ -10,9 +10,10 @@ namespace {
 LineModel Named() {
     Resource bench;
     bench.Number = 1;
-    bench.ShortName = "Bench";
+    bench.ShortName = " Bench ";
     Resource nameless;
     nameless.Number = 2;
+    nameless.ShortName = "   ";
     return {{}, {bench, nameless}, {}, {}, {}};
 }
 
