@@ -1,12 +1,12 @@
 #include "study/VolumeDesigns.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
+#include "study/CostedDesign.h"
 #include "study/GroupCurve.h"
 #include "study/LargestVolume.h"
 
@@ -101,10 +101,7 @@ std::vector<StationGroup> VolumeDesigns::GroupsAt(int volume) const {
 }
 
 double VolumeDesigns::Rounding(double cost) const {
-    // A sum of singles per task, and the roundings within the cost of a group.
-    constexpr double of_a_single = 1.2e-7;
-    constexpr int within_a_group = 4;
-    return (m_line.Model.TaskCount() + within_a_group) * of_a_single * std::fabs(cost);
+    return RoundingOf(cost, m_line.Model.TaskCount());
 }
 
 std::optional<Line> VolumeDesigns::LineAt(int volume) const {

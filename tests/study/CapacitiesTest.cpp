@@ -95,7 +95,7 @@ RC_GTEST_PROP(CapacitiesOfRandomModels, AreAllLocalMinima, ()) {
             return twin.LeastLineCost(other).value() + twin.Penalty(other);
         };
         RC_ASSERT(std::fabs(cost_at(volume) - own) < rounding);
-        for (const float other : {volume - 1, volume + 1}) {
+        for (const float other : {std::nextafter(volume, 0.0F), std::nextafter(volume, 1e9F)}) {
             if (other >= costs.front().Volume && other <= costs.back().Volume) {
                 RC_ASSERT(cost_at(other) > own - rounding);
             }

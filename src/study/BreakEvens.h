@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "line/FixedDemand.h"
+#include "line/Pathways.h"
+#include "study/ArcCurves.h"
+#include "study/FigureCurve.h"
+#include "study/PathwayPlaces.h"
+
+namespace quarnel02 {
+
+/// Where the cheapest line for a request changes when one figure of the model does: another
+/// resource, other tasks or another number of stations. Costs are not rounded to singles here.
+class BreakEvens {
+  public:
+    /// Keeps a reference to the line.
+    BreakEvens(const PreparedLine& line, const FixedDemandRequest& request);
+
+    /// The value nearest to today's, by difference, at which the line is another one; to a
+    /// hundred-thousandth of today's value (of today's workers per station for their inverse).
+    /// None where it changes at none of the values of StepsOf, where today's value is 0, and where
+    /// there is no line today.
+    [[nodiscard]] std::optional<double> NearestTo(const ModelFigure& figure) const;
+
+  private:
+    struct ArcBest {
+        GridSegment Cheapest;
+        GridSegment OfOtherResource;  ///< the cheapest one of another resource than that
+    };
+
+    [[nodiscard]] FigureSweep SweepOf(const ModelFigure& figure, int resource) const;
+    void EnterToday();
+    void EnterArc(ArcBest& arc, const GridSegment& group) const;
+    [[nodiscard]] ArcCurves CurvesOf(const ModelFigure& figure, const StepSpan& steps) const;
+    /// The steps at which today's line has the stations that it has today.
+    [[nodiscard]] StepSpan StepsWithTodaysStations(const ModelFigure& figure) const;
+    [[nodiscard]] const PathwayParts& PartsOf(const StationGroup& group) const;
+
+    const PreparedLine& m_line;
+    double m_units;
+    double m_shifts;
+    int m_mostStations;
+    PathwayPlaces m_places;
+    std::vector<PathwayParts> m_parts;  ///< by pathway
+    OfArcs<ArcBest> m_today;
+    std::vector<StationGroup> m_groups;  ///< of today's line
+};
+
+}  // namespace quarnel02
