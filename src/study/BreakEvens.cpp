@@ -73,7 +73,8 @@ BreakEvens::BreakEvens(const PreparedLine& line, const FixedDemandRequest& reque
 }
 
 FigureSweep BreakEvens::SweepOf(const ModelFigure& figure, int resource) const {
-    return {m_line.Model, resource, figure.Kind, m_units, m_shifts, m_mostStations, kToday};
+    return {m_line.Model, resource,       figure.Kind, m_units,
+            m_shifts,     m_mostStations, kClosed,     kToday};
 }
 
 void BreakEvens::EnterToday() {
@@ -133,7 +134,21 @@ StepSpan BreakEvens::StepsWithTodaysStations(const ModelFigure& figure) const {
     return steps;
 }
 
+double BreakEvens::CostOfTodaysLine(const ModelFigure& figure, int step) const {
+    double sum = 0;
+    for (const StationGroup& group : m_groups) {
+        const bool varies = figure.Resource == 0 || figure.Resource == group.Resource;
+        sum += SweepOf(figure, group.Resource)
+                   .At(varies ? step : kStepsOfToday)
+                   .Cost(PartsOf(group), group.Stations);
+    }
+    return sum;
+}
+
 ArcCurves BreakEvens::CurvesOf(const ModelFigure& figure, const StepSpan& steps) const {
+    constexpr double margin = 1 + 1e-9;
+    const double most_cost =
+        margin * std::max(CostOfTodaysLine(figure, steps.From), CostOfTodaysLine(figure, steps.To));
     const int tasks = m_line.Model.TaskCount();
     ArcCurves curves(tasks);
     for (int last = 1; last <= tasks; ++last) {
@@ -152,6 +167,7 @@ ArcCurves BreakEvens::CurvesOf(const ModelFigure& figure, const StepSpan& steps)
         if (figure.Resource == 0 || figure.Resource == resource) {
             FigureSweep sweep = SweepOf(figure, resource);
             sweep.Steps = steps;
+            sweep.MostCost = most_cost;
             GridCurve& arc = curves.At(first, last);
             const GridCurve own = FigureCurve(sweep, m_parts[place]);
             arc = arc.size() == 1 && figure.Resource != 0 ? CheaperGroup(arc.front(), own)

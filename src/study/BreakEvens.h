@@ -36,6 +36,8 @@ class BreakEvens {
     [[nodiscard]] ArcCurves CurvesOf(const ModelFigure& figure, const StepSpan& steps) const;
     /// The steps at which today's line has the stations that it has today.
     [[nodiscard]] StepSpan StepsWithTodaysStations(const ModelFigure& figure) const;
+    /// What today's line costs at a step with the stations that it has today, dollars per year.
+    [[nodiscard]] double CostOfTodaysLine(const ModelFigure& figure, int step) const;
     [[nodiscard]] const PathwayParts& PartsOf(const StationGroup& group) const;
 
     const PreparedLine& m_line;

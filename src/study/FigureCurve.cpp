@@ -10,7 +10,7 @@ namespace {
 class SweepCurve {
   public:
     SweepCurve(const FigureSweep& sweep, const PathwayParts& parts)
-        : m_sweep(sweep), m_parts(parts) {}
+        : m_sweep(sweep), m_parts(parts), m_mostStations(MostStations()) {}
 
     /// Appends the steps from one to another, between which no cost bends.
     void Append(GridCurve& curve, int from, int to) const {
@@ -23,9 +23,17 @@ class SweepCurve {
     }
 
   private:
+    /// The cost of a station grows or shrinks all the way, so it is least at an end.
+    [[nodiscard]] double MostStations() const {
+        const double cost = std::min(m_sweep.At(m_sweep.Steps.From).CostOfStation(m_parts),
+                                     m_sweep.At(m_sweep.Steps.To).CostOfStation(m_parts));
+        const double most = m_sweep.MostStations;
+        return cost > 0 ? std::min(most, std::floor(m_sweep.MostCost / cost)) : most;
+    }
+
     /// Those beyond the limit count as one more than that.
     [[nodiscard]] double StationsAt(int step) const {
-        return std::min(m_sweep.At(step).Stations(m_parts), m_sweep.MostStations + 1.0);
+        return std::min(m_sweep.At(step).Stations(m_parts), m_mostStations + 1);
     }
 
     /// The last step with so many stations; their number grows or shrinks all the way.
@@ -41,7 +49,7 @@ class SweepCurve {
     }
 
     [[nodiscard]] GridSegment Segment(double stations, int from, int to) const {
-        if (stations > m_sweep.MostStations) {
+        if (stations > m_mostStations) {
             return {from, to, kClosed, 0, {}};
         }
         const double cost = m_sweep.At(from).Cost(m_parts, stations);
@@ -57,6 +65,7 @@ class SweepCurve {
 
     const FigureSweep& m_sweep;
     const PathwayParts& m_parts;
+    double m_mostStations;
 };
 
 /// The last step before the longer one of transport and tool change becomes the other one; none,

@@ -13,16 +13,17 @@ struct FigureSweep {
     const LineModel& Model;
     int Resource = 0;
     FigureKind Figure = FigureKind::Days;
-    double Units = 0;      ///< per year
-    double Shifts = 0;     ///< per day
-    int MostStations = 0;  ///< of a group
+    double Units = 0;           ///< per year
+    double Shifts = 0;          ///< per day
+    int MostStations = 0;       ///< of a group
+    double MostCost = kClosed;  ///< dollars per year, of a line; dearer groups need no curve
     StepSpan Steps;
 
     [[nodiscard]] SharedCost At(int step) const;
 };
 
 /// Annual cost of a pathway over the steps of a figure; kClosed where it would need too many
-/// stations.
+/// stations, or so many that they alone cost more than a line.
 GridCurve FigureCurve(const FigureSweep& sweep, const PathwayParts& parts);
 
 }  // namespace quarnel02

@@ -66,8 +66,7 @@ double SharedCost::Stations(const PathwayParts& parts) const {
 }
 
 double SharedCost::Cost(const PathwayParts& parts, double stations) const {
-    return stations * ((parts.ToolCost + m_fixedCost) * m_capital + m_labour) +
-           m_machine * WorkTime(parts) / stations;
+    return stations * CostOfStation(parts) + m_machine * WorkTime(parts) / stations;
 }
 
 }  // namespace quarnel02

@@ -46,6 +46,10 @@ class SharedCost {
     [[nodiscard]] double WorkTime(const PathwayParts& parts) const;
     /// Fewest parallel stations, a whole number; infinite where no number is enough.
     [[nodiscard]] double Stations(const PathwayParts& parts) const;
+    /// What every further station costs without running, dollars per year.
+    [[nodiscard]] double CostOfStation(const PathwayParts& parts) const {
+        return (parts.ToolCost + m_fixedCost) * m_capital + m_labour;
+    }
     /// Dollars per year with so many stations.
     [[nodiscard]] double Cost(const PathwayParts& parts, double stations) const;
 
@@ -58,7 +62,7 @@ class SharedCost {
     double m_fixedCost;   ///< dollars per station
     double m_capital;     ///< dollars per year and dollar before ICF
     double m_labour;      ///< dollars per year and station
-    double m_machine;     ///< dollars per year and second of one of one station
+    double m_machine;     ///< dollars per year and second of work time
 };
 
 }  // namespace quarnel02
