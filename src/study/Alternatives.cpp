@@ -37,7 +37,7 @@ std::vector<Alternative> AlternativesFor(const PreparedLine& line,
         for (const LineGroup& group : design.Groups) {
             figures += FiguresOf(line.Model, group.Group, basis);
         }
-        const double cheapest = static_cast<double>(
+        const auto cheapest = static_cast<double>(
             alternatives.empty() ? design.Cost : alternatives.front().Design.Cost);
         const double difference = static_cast<double>(design.Cost) - cheapest;
         alternatives.push_back({std::move(design), figures, difference});

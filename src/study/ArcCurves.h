@@ -33,6 +33,16 @@ class OfArcs {
     std::vector<Value> m_values;  ///< by last task, then first task
 };
 
+/// Calls `act(first, last)` for every range of tasks, by last task, then first task.
+template <typename Act>
+void ForEachArc(int tasks, const Act& act) {
+    for (int last = 1; last <= tasks; ++last) {
+        for (int first = 1; first <= last; ++first) {
+            act(first, last);
+        }
+    }
+}
+
 /// Of every range of tasks the cost of its cheapest station group; empty where there is none.
 using ArcCurves = OfArcs<GridCurve>;
 

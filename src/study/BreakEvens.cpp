@@ -32,6 +32,7 @@ std::vector<PathwayParts> AllParts(const PreparedLine& line) {
 }
 
 constexpr StepSpan kToday{kStepsOfToday, kStepsOfToday};
+constexpr GridSegment kNoGroup{0, 0, kClosed, 0, {}};
 
 GridSegment Over(GridSegment segment, const StepSpan& steps) {
     segment.From = steps.From;
@@ -39,11 +40,11 @@ GridSegment Over(GridSegment segment, const StepSpan& steps) {
     return segment;
 }
 
-/// The cheaper one at every step; of equal ones that of the resource with the lower number.
-GridCurve CheaperGroup(const GridSegment& constant, const GridCurve& curve) {
-    const GridCurve level = {constant};
-    return constant.Tag.Resource < curve.front().Tag.Resource ? Cheaper(level, curve)
-                                                              : Cheaper(curve, level);
+/// The cheaper one at every step; of equal ones that of the resource with the lower number, as far
+/// as the cheapest so far starts with it.
+GridCurve CheaperGroup(const GridCurve& cheapest, const GridCurve& next) {
+    return next.front().Tag.Resource < cheapest.front().Tag.Resource ? Cheaper(next, cheapest)
+                                                                     : Cheaper(cheapest, next);
 }
 
 /// The step farthest from `today`, towards `end`, up to which `holds`; it holds today.
@@ -79,33 +80,30 @@ FigureSweep BreakEvens::SweepOf(const ModelFigure& figure, int resource) const {
 
 void BreakEvens::EnterToday() {
     const int tasks = m_line.Model.TaskCount();
-    const GridSegment closed{kStepsOfToday, kStepsOfToday, kClosed, 0, {}};
-    for (int last = 1; last <= tasks; ++last) {
-        for (int first = 1; first <= last; ++first) {
-            m_today.At(first, last) = {closed, closed};
-        }
-    }
+    const GridSegment closed = Over(kNoGroup, kToday);
+    ForEachArc(tasks, [&](int first, int last) { m_today.At(first, last) = {closed, closed}; });
     for (std::size_t place = 0; place < m_parts.size(); ++place) {
         const auto& [resource, first, last] = m_line.Pathways[place];
         const FigureSweep sweep = SweepOf({}, resource);
         EnterArc(m_today.At(first, last), FigureCurve(sweep, m_parts[place]).front());
     }
-    if (tasks == 0) {
-        return;
+    if (tasks > 0) {
+        SetTodaysLine();
     }
-    ArcCurves arcs(tasks);
-    for (int last = 1; last <= tasks; ++last) {
-        for (int first = 1; first <= last; ++first) {
-            arcs.At(first, last) = {m_today.At(first, last).Cheapest};
-        }
-    }
+}
+
+void BreakEvens::SetTodaysLine() {
+    ArcCurves arcs(m_line.Model.TaskCount());
+    ForEachArc(arcs.TaskCount(), [&](int first, int last) {
+        arcs.At(first, last) = {m_today.At(first, last).Cheapest};
+    });
     const std::vector<GridCurve> prefixes = CheapestPrefixes(arcs);
     if (prefixes.back().front().CostAt(kStepsOfToday) < kClosed) {
         m_groups = GroupsAt(prefixes, kStepsOfToday);
     }
 }
 
-void BreakEvens::EnterArc(ArcBest& arc, const GridSegment& group) const {
+void BreakEvens::EnterArc(ArcBest& arc, const GridSegment& group) {
     if (group.CostAt(kStepsOfToday) < arc.Cheapest.CostAt(kStepsOfToday)) {
         arc.OfOtherResource = arc.Cheapest;
         arc.Cheapest = group;
@@ -145,50 +143,38 @@ double BreakEvens::CostOfTodaysLine(const ModelFigure& figure, int step) const {
     return sum;
 }
 
+ArcCurves BreakEvens::ConstantCurves(const ModelFigure& figure, const StepSpan& steps) const {
+    ArcCurves curves(m_line.Model.TaskCount());
+    ForEachArc(curves.TaskCount(), [&](int first, int last) {
+        const ArcBest& arc = m_today.At(first, last);
+        const bool varies = arc.Cheapest.Tag.Resource == figure.Resource;
+        const GridSegment& constant = varies ? arc.OfOtherResource : arc.Cheapest;
+        curves.At(first, last) = {Over(figure.Resource == 0 ? kNoGroup : constant, steps)};
+    });
+    return curves;
+}
+
 ArcCurves BreakEvens::CurvesOf(const ModelFigure& figure, const StepSpan& steps) const {
     constexpr double margin = 1 + 1e-9;
-    const double most_cost =
+    ArcCurves curves = ConstantCurves(figure, steps);
+    FigureSweep sweep = SweepOf(figure, 0);
+    sweep.Steps = steps;
+    sweep.MostCost =
         margin * std::max(CostOfTodaysLine(figure, steps.From), CostOfTodaysLine(figure, steps.To));
-    const int tasks = m_line.Model.TaskCount();
-    ArcCurves curves(tasks);
-    for (int last = 1; last <= tasks; ++last) {
-        for (int first = 1; first <= last; ++first) {
-            const ArcBest& arc = m_today.At(first, last);
-            const bool varies = arc.Cheapest.Tag.Resource == figure.Resource;
-            GridSegment level = varies ? arc.OfOtherResource : arc.Cheapest;
-            if (figure.Resource == 0) {
-                level = {0, 0, kClosed, 0, {}};
-            }
-            curves.At(first, last) = {Over(level, steps)};
-        }
-    }
     for (std::size_t place = 0; place < m_parts.size(); ++place) {
         const auto& [resource, first, last] = m_line.Pathways[place];
         if (figure.Resource == 0 || figure.Resource == resource) {
-            FigureSweep sweep = SweepOf(figure, resource);
-            sweep.Steps = steps;
-            sweep.MostCost = most_cost;
+            sweep.Resource = resource;
             GridCurve& arc = curves.At(first, last);
-            const GridCurve own = FigureCurve(sweep, m_parts[place]);
-            arc = arc.size() == 1 && figure.Resource != 0 ? CheaperGroup(arc.front(), own)
-                                                          : Cheaper(arc, own);
+            arc = CheaperGroup(arc, FigureCurve(sweep, m_parts[place]));
         }
     }
     return curves;
 }
 
-std::optional<double> BreakEvens::NearestTo(const ModelFigure& figure) const {
-    const double value = ValueOf(m_line.Model, figure);
-    if (value == 0 || m_groups.empty()) {
-        return std::nullopt;
-    }
+std::vector<int> BreakEvens::Changes(const ModelFigure& figure) const {
     const StepSpan all = StepsOf(m_line.Model, figure);
     const StepSpan steps = StepsWithTodaysStations(figure);
-    const std::vector<GridCurve> prefixes = CheapestPrefixes(CurvesOf(figure, steps));
-    const std::vector<StationGroup> today = GroupsAt(prefixes, kStepsOfToday);
-    const auto is_today = [&](const GridSegment& segment) {
-        return GroupsAt(prefixes, segment.From) == today;
-    };
     std::vector<int> changes;
     if (steps.From > all.From) {
         changes.push_back(steps.From - 1);
@@ -196,11 +182,22 @@ std::optional<double> BreakEvens::NearestTo(const ModelFigure& figure) const {
     if (steps.To < all.To) {
         changes.push_back(steps.To + 1);
     }
+    const std::vector<GridCurve> prefixes = CheapestPrefixes(CurvesOf(figure, steps));
+    const std::vector<StationGroup> today = GroupsAt(prefixes, kStepsOfToday);
     for (const GridSegment& segment : prefixes.back()) {
-        if (!is_today(segment)) {
+        if (GroupsAt(prefixes, segment.From) != today) {
             changes.push_back(segment.From > kStepsOfToday ? segment.From : segment.To);
         }
     }
+    return changes;
+}
+
+std::optional<double> BreakEvens::NearestTo(const ModelFigure& figure) const {
+    const double value = ValueOf(m_line.Model, figure);
+    if (value == 0 || m_groups.empty()) {
+        return std::nullopt;
+    }
+    const std::vector<int> changes = Changes(figure);
     const auto distance = [&](int step) { return std::fabs(ShareAt(figure.Kind, step) - 1); };
     const auto nearest = std::min_element(changes.begin(), changes.end(),
                                           [&](int a, int b) { return distance(a) < distance(b); });

@@ -32,8 +32,13 @@ class BreakEvens {
 
     [[nodiscard]] FigureSweep SweepOf(const ModelFigure& figure, int resource) const;
     void EnterToday();
-    void EnterArc(ArcBest& arc, const GridSegment& group) const;
+    void SetTodaysLine();
+    static void EnterArc(ArcBest& arc, const GridSegment& group);
+    /// Of every arc the cheapest group that the figure does not touch.
+    [[nodiscard]] ArcCurves ConstantCurves(const ModelFigure& figure, const StepSpan& steps) const;
     [[nodiscard]] ArcCurves CurvesOf(const ModelFigure& figure, const StepSpan& steps) const;
+    /// Steps next to today's at which another line begins, or today's needs other stations.
+    [[nodiscard]] std::vector<int> Changes(const ModelFigure& figure) const;
     /// The steps at which today's line has the stations that it has today.
     [[nodiscard]] StepSpan StepsWithTodaysStations(const ModelFigure& figure) const;
     /// What today's line costs at a step with the stations that it has today, dollars per year.

@@ -128,6 +128,7 @@ std::vector<Capacity> BestCapacities(const ExpectedDesigns& designs, int count) 
     minima.resize(std::min(minima.size(), static_cast<std::size_t>(count)));
     const CapacityMaker maker(designs);
     std::vector<Capacity> capacities;
+    capacities.reserve(minima.size());
     for (const CurvePoint& point : minima) {
         capacities.push_back(maker.Make(point, minima.front().Cost));
     }

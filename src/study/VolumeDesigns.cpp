@@ -26,6 +26,18 @@ void RequireSound(const VolumeSpan& span) {
     }
 }
 
+/// Ends a study that nobody would wait for, nor read.
+void RequireFew(std::size_t segments, const VolumeSpan& span) {
+    constexpr std::size_t most = 5000000;
+    if (segments > most) {
+        throw RunTimeError(ErrorKind::Overflow,
+                           "Volumes from " + Format(span.From, "#,###") + " to " +
+                               Format(span.To, "#,###") +
+                               ": too many numbers of parallel stations come into question. Choose "
+                               "a smaller range or a station limit.");
+    }
+}
+
 /// Cheapest costs over the nodes of a line; node k stands before task k.
 struct NodeCosts {
     std::vector<double> FromStart;  ///< by node
@@ -57,13 +69,26 @@ NodeCosts CheapestNodes(const OfArcs<double>& arcs) {
 
 OfArcs<double> CostsAt(const ArcCurves& arcs, int volume) {
     OfArcs<double> costs(arcs.TaskCount());
-    for (int last = 1; last <= arcs.TaskCount(); ++last) {
-        for (int first = 1; first <= last; ++first) {
-            const GridSegment* const segment = SegmentAt(arcs.At(first, last), volume);
-            costs.At(first, last) = segment == nullptr ? kNoLine : segment->CostAt(volume);
-        }
-    }
+    ForEachArc(arcs.TaskCount(), [&](int first, int last) {
+        const GridSegment* const segment = SegmentAt(arcs.At(first, last), volume);
+        costs.At(first, last) = segment == nullptr ? kNoLine : segment->CostAt(volume);
+    });
     return costs;
+}
+
+/// Arcs with lines through them that cost no more than `most`.
+std::vector<Pathway> ArcsWithin(const OfArcs<double>& arcs, const NodeCosts& nodes, double most) {
+    std::vector<Pathway> within;
+    ForEachArc(arcs.TaskCount(), [&](int first, int last) {
+        const double through = nodes.FromStart[static_cast<std::size_t>(first)] +
+                               arcs.At(first, last) +
+                               nodes.ToEnd[static_cast<std::size_t>(last) + 1];
+        if (through != kNoLine && through <= most) {
+            within.push_back(
+                {0, static_cast<std::int16_t>(first), static_cast<std::int16_t>(last)});
+        }
+    });
+    return within;
 }
 
 }  // namespace
@@ -80,12 +105,16 @@ VolumeDesigns::VolumeDesigns(const PreparedLine& line, std::int16_t shifts, cons
 }
 
 void VolumeDesigns::MakeCurves(const VolumeSpan& span) {
+    std::size_t segments = 0;
     for (std::size_t place = 0; place < m_line.Pathways.size(); ++place) {
         const auto& [resource, first, last] = m_line.Pathways[place];
+        const GridCurve group =
+            GroupCurve(m_line.Contents[place], m_line.Model.ResourceOf(resource),
+                       m_line.Model.Parameters(), m_shifts, m_stationLimit, span.From, span.To);
+        segments += group.size();
+        RequireFew(segments, span);
         GridCurve& arc = m_arcs.At(first, last);
-        arc = Cheaper(arc, GroupCurve(m_line.Contents[place], m_line.Model.ResourceOf(resource),
-                                      m_line.Model.Parameters(), m_shifts, m_stationLimit,
-                                      span.From, span.To));
+        arc = Cheaper(arc, group);
     }
 }
 
@@ -129,19 +158,11 @@ std::vector<Way> VolumeDesigns::WaysNearBest(int volume, std::vector<LineGroup>&
     const Workload workload = WorkloadOf({static_cast<double>(volume), m_shifts, m_stationLimit},
                                          m_line.Model.Parameters());
     std::vector<Way> ways;
-    for (int last = 1; last <= arcs.TaskCount(); ++last) {
-        for (int first = 1; first <= last; ++first) {
-            const double through = nodes.FromStart[static_cast<std::size_t>(first)] +
-                                   arcs.At(first, last) +
-                                   nodes.ToEnd[static_cast<std::size_t>(last) + 1];
-            if (through == kNoLine || through > most) {
-                continue;
-            }
-            if (const auto group = CheapestGroup(first, last, workload)) {
-                ways.push_back(
-                    {group->Pathway, first, last + 1, static_cast<double>(group->Cost.Cost)});
-                groups.push_back(*group);
-            }
+    for (const Pathway& arc : ArcsWithin(arcs, nodes, most)) {
+        if (const auto group = CheapestGroup(arc.FirstTask, arc.LastTask, workload)) {
+            ways.push_back({group->Pathway, arc.FirstTask, arc.LastTask + 1,
+                            static_cast<double>(group->Cost.Cost)});
+            groups.push_back(*group);
         }
     }
     return ways;

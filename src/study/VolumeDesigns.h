@@ -22,8 +22,9 @@ struct VolumeSpan {
 /// The fixed designs of a model for every whole volume of a span, in so many shifts per day.
 class VolumeDesigns {
   public:
-    /// Keeps a reference to the line. Throws Overflow for a span outside its bounds and where a
-    /// figure is beyond a single, and DivisionByZero when StatPerWrk is 0.
+    /// Keeps a reference to the line. Throws Overflow for a span outside its bounds or so wide that
+    /// the groups of all pathways together would need 5,000,000 numbers of stations, and where a
+    /// figure is beyond a single; DivisionByZero when StatPerWrk is 0.
     VolumeDesigns(const PreparedLine& line, std::int16_t shifts, const VolumeSpan& span);
 
     [[nodiscard]] std::int16_t Shifts() const { return m_shifts; }

@@ -6,6 +6,9 @@
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "line/CostModel.h"
+#include "line/Demand.h"
+#include "line/ResourceCurve.h"
+#include "study/FigureText.h"
 #include "study/LargestVolume.h"
 
 namespace quarnel02 {
@@ -152,6 +155,12 @@ WhyNot ExplainNoLine(const PreparedLine& line, const FixedDemandRequest& request
     return why;
 }
 
+FixedDemandRequest LeastExpectedRequest(const LineModel& model) {
+    const DemandDistribution demand(model.Demand());
+    return {static_cast<double>(demand.FirstVolume()), kMostShifts,
+            static_cast<std::int16_t>(kMostInCurve)};
+}
+
 std::string WhyNotText(const WhyNot& why, const FixedDemandRequest& request) {
     if (why.HasLine) {
         return {};
@@ -162,7 +171,7 @@ std::string WhyNotText(const WhyNot& why, const FixedDemandRequest& request) {
                 " or more.\n";
     }
     if (why.FewestShifts) {
-        text += "There is a line with " + NumberText(int{*why.FewestShifts}) + " shifts.\n";
+        text += "There is a line with " + CountText(*why.FewestShifts, "shift", "shifts") + ".\n";
     }
     if (why.LargestVolume) {
         text += "There is a line for up to " + Format(*why.LargestVolume, "#,###") +

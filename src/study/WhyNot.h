@@ -29,7 +29,12 @@ struct WhyNot {
 /// single.
 WhyNot ExplainNoLine(const PreparedLine& line, const FixedDemandRequest& request);
 
-/// The same as sentences, a line each; empty when there is a line.
+/// What a stochastic design asks of a line: its lowest capacity, the least volume above 0 of the
+/// demand, in three shifts with at most 4,095 parallel stations. It has a line when and only when
+/// this request has one. Throws as DemandDistribution does.
+FixedDemandRequest LeastExpectedRequest(const LineModel& model);
+
+/// Why there is no line, as sentences, a line each; empty when there is one.
 std::string WhyNotText(const WhyNot& why, const FixedDemandRequest& request);
 
 }  // namespace quarnel02

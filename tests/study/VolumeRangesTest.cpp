@@ -271,6 +271,25 @@ TEST(VolumeRanges, RefuseASpanThatCannotBe) {
     }
 }
 
+TEST(VolumeRanges, RefuseASpanWithTooManyStations) {
+    std::vector<Task> tasks;
+    std::vector<MatrixRow> matrix;
+    for (int task = 1; task <= 25; ++task) {
+        tasks.push_back({task, ""});
+        matrix.push_back({1, task, {300, 1, 0}});
+    }
+    Production year;
+    year.Days = 100;
+    const PreparedLine line = Prepare({year, {Named(1, "Bench", 1, 1, 1)}, tasks, matrix, {}});
+    const std::string message = test::ExpectRunTimeError(ErrorKind::Overflow, [&] {
+        std::ignore = VolumeRanges(line, {1, kMostVolume, {}});
+    });
+    EXPECT_EQ(message,
+              "Volumes from 1 to 2,000,000,000: too many numbers of parallel stations come into "
+              "question. Choose a smaller range or a station limit.");
+    EXPECT_FALSE(VolumeRanges(line, {1, kMostVolume, std::int16_t{2}}).empty());
+}
+
 TEST(VolumeRanges, AreEmptyWithoutTasks) {
     EXPECT_TRUE(VolumeRanges(Prepare(LineModel()), {1, 10, {}}).empty());
 }

@@ -11,7 +11,9 @@
 #include <vector>
 
 #include "line/CheapestLine.h"
+#include "line/RandomDemand.h"
 #include "line/RandomLine.h"
+#include "line/StochasticDesign.h"
 #include "study/LargestVolume.h"
 
 namespace quarnel02 {
@@ -108,6 +110,18 @@ RC_GTEST_PROP(WhyNotOfRandomModels, TellsTasksApart, ()) {
         RC_ASSERT(listed(why.ForbiddenTasks) == (possible && !feasible));
         RC_ASSERT(why.OverloadedTasks.empty());
     }
+}
+
+RC_GTEST_PROP(WhyNotOfRandomModels, KnowsWhenTheStochasticDesignHasNoLine, ()) {
+    test::LineParts parts = test::RandomParts(Roll(6, 10));
+    parts.Parameters.Days = OneOf({0.01, 1.0, 240.0});
+    const LineModel model(parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix,
+                          test::RandomDemand());
+    const FixedDemandRequest request = LeastExpectedRequest(model);
+    const WhyNot why = ExplainNoLine(Prepare(model), request);
+    RC_CLASSIFY(!why.HasLine, "no line");
+    RC_CLASSIFY(!why.ForbiddenTasks.empty(), "too many stations");
+    RC_ASSERT(DesignForDemand(model, 1).Line.has_value() == why.HasLine);
 }
 
 /// Three tasks of 10, 40 and 20 s on one resource; nothing can do a fourth one.
