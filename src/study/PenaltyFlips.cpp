@@ -1,13 +1,14 @@
 #include "study/PenaltyFlips.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace quarnel02 {
 
 namespace {
 
-/// The capacities that may be the cheapest for some penalty: where the cost of the lines or the
-/// expected production bends or jumps.
+/// In ascending order the capacities that may be the cheapest for some penalty: where the cost of
+/// the lines or the expected production bends or jumps.
 std::vector<float> CandidateVolumes(const ExpectedDesigns& designs) {
     std::vector<float> volumes;
     for (const CurveSegment& segment : designs.Prefixes.back().Segments()) {
@@ -18,6 +19,7 @@ std::vector<float> CandidateVolumes(const ExpectedDesigns& designs) {
             volumes.push_back(point.Volume);
         }
     }
+    std::sort(volumes.begin(), volumes.end());
     return volumes;
 }
 

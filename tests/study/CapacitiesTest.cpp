@@ -217,6 +217,14 @@ TEST(PenaltyFlips, AreWhereTheSecondOvenPays) {
     EXPECT_FALSE(cheap.Below.has_value());
 }
 
+TEST(PenaltyFlips, LeadToTheVolumeFromWhichOnAllIsMet) {
+    // An oven of 72 s makes 300,000 units a year for the same 30,000.
+    const PenaltyFlips flips = PenaltyFlipsOf(DesignWithCurves(test::OvenModel(72), 0));
+    ASSERT_TRUE(flips.Above.has_value());
+    EXPECT_EQ(flips.Above->Penalty, 0);
+    EXPECT_EQ(flips.Above->Capacity, 200000);
+}
+
 TEST(Capacities, AreNoneWithoutALine) {
     LineModel model({}, {test::Oven(1)}, test::TasksTo(1), {}, test::kTwoVolumes);
     EXPECT_TRUE(BestCapacities(DesignWithCurves(model, 1)).empty());

@@ -203,6 +203,31 @@ TEST(Sensitivity, CountsAnotherStationAsAChange) {
     EXPECT_NEAR(RowOf(within_limit, "Bench: task times").BreakEven.value(), 100 * 8.0 / 7, 0.002);
 }
 
+TEST(Sensitivity, SeesWhereTheToolChangeGetsLongerThanTheTransport) {
+    // A bench for two tasks of 10 s with two tools: 20 s, a tool change, and the longer one of
+    // transport and tool change. A second costs 6,000 units x 10 $/h / 3,600 s = 50/3 $ a year.
+    const auto break_even = [](double transport, double toolChange, double secondsOfPress,
+                               const std::string& name) {
+        Production year;
+        year.Days = 100;
+        year.ACF = 0.1;
+        year.TransportTime = transport;
+        Resource bench = Named(1, "Bench", 100000, 10);
+        bench.ToolChange = toolChange;
+        const Resource press = Named(2, "Press", 100000 + secondsOfPress * 500 / 3, 0);
+        const PreparedLine line = Prepare(
+            {year,
+             {bench, press},
+             {{1, ""}, {2, ""}},
+             std::vector<MatrixRow>{
+                 {1, 1, {10, 1, 0}}, {1, 2, {10, 2, 0}}, {2, 1, {1, 1, 0}}, {2, 2, {1, 1, 0}}},
+             {}});
+        return RowOf(SensitivityOf(line, {6000, 1, {}}), name).BreakEven.value();
+    };
+    EXPECT_NEAR(break_even(10, 2, 56, "Bench: tool change time"), 18, 0.001);
+    EXPECT_NEAR(break_even(2, 10, 48, "Transport time"), 18, 0.001);
+}
+
 TEST(Sensitivity, SortsByTheChangeOfCost) {
     const auto rows = SensitivityOf(BenchOrPress(), {6000, 1, {}});
     const auto strongest = Strongest(rows, 3);
