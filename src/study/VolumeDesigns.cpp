@@ -141,7 +141,7 @@ std::optional<Line> VolumeDesigns::LineAt(int volume) const {
     if (labels.empty() || !labels.back().IsReached()) {
         return std::nullopt;
     }
-    quarnel02::Line line{{}, labels.back().Cost};
+    Line line{{}, labels.back().Cost};
     for (const int number : ChainTo(labels, last_node)) {
         line.Groups.push_back(
             *std::find_if(groups.begin(), groups.end(),

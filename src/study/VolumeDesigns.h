@@ -40,7 +40,7 @@ class VolumeDesigns {
 
     /// The very line of CheapestLine at a volume of the span, cost and tie-break included, in a
     /// small part of its time; none when there is no line.
-    [[nodiscard]] std::optional<quarnel02::Line> LineAt(int volume) const;
+    [[nodiscard]] std::optional<Line> LineAt(int volume) const;
 
   private:
     void MakeCurves(const VolumeSpan& span);
