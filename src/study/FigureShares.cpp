@@ -4,12 +4,12 @@
 #include <cmath>
 #include <limits>
 
+#include "line/WorkTime.h"
+
 namespace quarnel02 {
 
 namespace {
 
-constexpr double kSecondsPerHour = 3600;
-constexpr double kHoursPerShift = 8;
 constexpr double kPercent = 0.01;
 constexpr int kMostTimes = 10;
 

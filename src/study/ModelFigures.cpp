@@ -48,6 +48,7 @@ const ResourceField& ResourceFieldOf(FigureKind kind) {
 /// All rows of the matrix, with the times of one resource scaled.
 std::vector<MatrixRow> MatrixOf(const LineModel& model, int scaled, double factor) {
     std::vector<MatrixRow> matrix;
+    matrix.reserve(model.Resources().size() * model.Tasks().size());
     for (int resource = 1; resource <= model.ResourceCount(); ++resource) {
         for (int task = 1; task <= model.TaskCount(); ++task) {
             MatrixRow row{resource, task, model.Entry(resource, task)};
@@ -62,6 +63,7 @@ std::vector<MatrixRow> MatrixOf(const LineModel& model, int scaled, double facto
 
 std::vector<ModelFigure> FiguresOf(const LineModel& model) {
     std::vector<ModelFigure> figures;
+    figures.reserve(kParameters.size() + model.Resources().size() * kResourceFields.size());
     for (const ParameterField& field : kParameters) {
         figures.push_back({field.Kind, 0});
     }
