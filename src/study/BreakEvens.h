@@ -18,8 +18,9 @@ class BreakEvens {
     /// Keeps a reference to the line.
     BreakEvens(const PreparedLine& line, const FixedDemandRequest& request);
 
-    /// The value nearest to today's, by difference, at which the line is another one; to a
-    /// hundred-thousandth of today's value (of today's workers per station for their inverse).
+    /// The value nearest to today's, by difference, at which the line is another one, or costs the
+    /// same as another one that counts first; to a hundred-thousandth of today's value (of today's
+    /// workers per station for their inverse).
     /// None where it changes at none of the values of StepsOf, where today's value is 0, and where
     /// there is no line today.
     [[nodiscard]] std::optional<double> NearestTo(const ModelFigure& figure) const;
