@@ -12,7 +12,8 @@ target_compile_options(compiler_settings INTERFACE -ffp-contract=off)
 
 # Instrumented code makes GCC doubt initialised members of its own <regex>.
 if(QUARNEL02_SANITIZE)
-  target_compile_options(compiler_settings INTERFACE -Wno-maybe-uninitialized
+  target_compile_options(compiler_settings INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
     -fsanitize=${QUARNEL02_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(compiler_settings INTERFACE -fsanitize=${QUARNEL02_SANITIZE})
 endif()

@@ -80,8 +80,8 @@ inline constexpr std::size_t kOwnerAt = 4;
 
 /// The place of a row in its page, and what is said beside it.
 inline constexpr unsigned kRowPlaceBits = 0x1FFF;
-inline constexpr unsigned kRowMoved = 0x4000;    ///< only a pointer to the row stands here
-inline constexpr unsigned kRowDeleted = 0x8000;  ///< or reached by a pointer only
+inline constexpr unsigned kRowMoved = 0x4000;   ///< only a pointer to the row stands here
+inline constexpr unsigned kRowHidden = 0x8000;  ///< reached by a pointer only; with both, deleted
 
 /// A pointer to a row: its number in the lowest byte, its page above.
 inline constexpr unsigned kRowNumberBits = 8;

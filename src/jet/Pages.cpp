@@ -39,7 +39,7 @@ StoredRow Pages::RowOf(Bytes dataPage, std::size_t row) const {
     const std::size_t end = row == 0 ? m_layout->PageSize : place(row - 1) & kRowPlaceBits;
     return {.Content = dataPage.Part(start, Before(end, start)),
             .Moved = (place(row) & kRowMoved) != 0,
-            .Deleted = (place(row) & kRowDeleted) != 0};
+            .Hidden = (place(row) & kRowHidden) != 0};
 }
 
 StoredRow Pages::StoredRowAt(std::uint32_t pointer) const {
@@ -55,6 +55,9 @@ Bytes Pages::MovedRowAt(std::uint32_t pointer) const {
         const StoredRow row = StoredRowAt(pointer);
         if (!row.Moved) {
             return row.Content;
+        }
+        if (row.Hidden) {
+            break;
         }
         pointer = row.Content.U32(0);
     }

@@ -14,8 +14,8 @@ namespace quarnel02::jet {
 /// A row as its page holds it.
 struct StoredRow {
     Bytes Content;
-    bool Moved;    ///< Content is a pointer to it
-    bool Deleted;  ///< or reached by a pointer only
+    bool Moved;   ///< Content is a pointer to it
+    bool Hidden;  ///< reached by a pointer only; one that is Moved as well is deleted
 };
 
 /// A file as pages.

@@ -24,7 +24,7 @@ void TableReader::ForEachStored(const TableDefinition& table, Action action) con
         const std::size_t rows = HoldsRowsOf(table, page) ? m_pages->RowCount(page) : 0;
         for (std::size_t i = 0; i < rows; ++i) {
             const StoredRow row = m_pages->RowOf(page, i);
-            if (!row.Deleted) {
+            if (!row.Hidden) {
                 action(row.Moved ? m_pages->MovedRowAt(row.Content.U32(0)) : row.Content);
             }
         }
