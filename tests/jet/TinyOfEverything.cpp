@@ -69,8 +69,7 @@ TinyFile EverythingFile(unsigned version) {
     rows.push_back({{Little(2, 4)}});
     rows.push_back(TextRow(3, text(DigitText(kLongest)), file.LongField(text(DigitText(60)))));
     rows.back().Place = TinyPlace::Moved;
-    rows.push_back(
-        TextRow(4, text(DigitText(10)), file.LongFieldInParts(text(DigitText(90)), 70)));
+    rows.push_back(TextRow(4, text(DigitText(10)), file.LongFieldInParts(text(DigitText(90)), 70)));
     rows.push_back({{Little(5, 4)}, TinyPlace::Deleted});
     file.Add(everything);
 
