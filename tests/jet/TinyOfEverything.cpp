@@ -7,6 +7,10 @@ namespace {
 constexpr std::size_t kWideColumns = 70;
 constexpr std::size_t kLongest = 255;
 
+std::string Text(unsigned version, std::string_view ascii) {
+    return version == 0 ? std::string(ascii) : Wide(ascii);
+}
+
 std::vector<TinyColumn> ColumnOfEveryType() {
     return {{"Id"},
             {"YesNo", TypeCode::YesNo, 1},
@@ -58,11 +62,9 @@ std::string DigitText(std::size_t length) {
     return text;
 }
 
-TinyFile EverythingFile(unsigned version) {
+TinyFile SmallEverythingFile(unsigned version) {
     TinyFile file(version);
-    const auto text = [&](std::string_view ascii) {
-        return version == 0 ? std::string(ascii) : Wide(ascii);
-    };
+    const auto text = [&](std::string_view ascii) { return Text(version, ascii); };
     TinyTable everything{"Everything", ColumnOfEveryType(), {}};
     auto& rows = everything.Rows;
     rows.push_back(FullRow(text("Hello"), TinyFile::ShortField(text("short"))));
@@ -72,17 +74,21 @@ TinyFile EverythingFile(unsigned version) {
     rows.push_back(TextRow(4, text(DigitText(10)), file.LongFieldInParts(text(DigitText(90)), 70)));
     rows.push_back({{Little(5, 4)}, TinyPlace::Deleted});
     file.Add(everything);
-
-    TinyTable wide{"Wide", {}, {{{}}}};
-    for (std::size_t i = 0; i < kWideColumns; ++i) {
-        wide.Columns.push_back(TinyText("AColumnOfALongName" + std::to_string(i)));
-        wide.Rows[0].Fields.emplace_back(text(DigitText(i % 9)));
-    }
-    file.Add(wide);
     file.AddObject("AQuery", 5);
     file.AddObject("AForm", -32768);
     file.AddObject("ALink", 6);
     file.AddObject("MSysOwn", 1, 0x80000000U);
+    return file;
+}
+
+TinyFile EverythingFile(unsigned version) {
+    TinyFile file = SmallEverythingFile(version);
+    TinyTable wide{"Wide", {}, {{{}}}};
+    for (std::size_t i = 0; i < kWideColumns; ++i) {
+        wide.Columns.push_back(TinyText("AColumnOfALongName" + std::to_string(i)));
+        wide.Rows[0].Fields.emplace_back(Text(version, DigitText(i % 9)));
+    }
+    file.Add(wide);
     return file;
 }
 

@@ -10,6 +10,8 @@ namespace quarnel02::jet {
 /// moved, deleted and older than some columns; with long texts of all three kinds, a table "Wide"
 /// whose definition fills several pages, a query, a form and a link.
 TinyFile EverythingFile(unsigned version);
+/// The same without "Wide".
+TinyFile SmallEverythingFile(unsigned version);
 
 /// A text of so many digits: 0123456789012...
 std::string DigitText(std::size_t length);
