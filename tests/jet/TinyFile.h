@@ -28,6 +28,9 @@ TinyColumn TinyText(std::string name);
 /// A Memo.
 TinyColumn TinyMemo(std::string name);
 
+/// Bytes that a column takes among those of fixed length.
+unsigned TinyFixedSize(const TinyColumn& column);
+
 enum class TinyPlace { Here, Moved, Deleted };
 
 struct TinyRow {
