@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 
 #include "jet/Damage.h"
 #include "jet/Utf16.h"
@@ -23,28 +24,31 @@ bool ConvertSome(iconv_t conversion, char*& from, std::size_t& left, std::string
     return good;
 }
 
-}  // namespace
-
-CodePage::CodePage(unsigned number)
-    : m_conversion(iconv_open("UTF-8", ("CP" + std::to_string(number)).c_str())) {
-    if (m_conversion == reinterpret_cast<iconv_t>(-1)) {
-        throw Refusal("holds texts in code page " + std::to_string(number) +
+iconv_t Opened(unsigned codePage) {
+    const iconv_t conversion = iconv_open("UTF-8", ("CP" + std::to_string(codePage)).c_str());
+    if (reinterpret_cast<std::intptr_t>(conversion) == -1) {
+        throw Refusal("holds texts in code page " + std::to_string(codePage) +
                       ", which is not known here. Save it in Access as an Access 2002-2003 "
                       "database (.mdb).");
     }
+    return conversion;
 }
 
-CodePage::~CodePage() {
-    iconv_close(m_conversion);
+}  // namespace
+
+CodePage::CodePage(unsigned number) : m_conversion(Opened(number)) {}
+
+void CodePage::Close::operator()(void* conversion) const {
+    iconv_close(conversion);
 }
 
 std::string CodePage::Utf8Of(std::string_view text) const {
-    iconv(m_conversion, nullptr, nullptr, nullptr, nullptr);
+    iconv(m_conversion.get(), nullptr, nullptr, nullptr, nullptr);
     std::string utf8;
     char* from = const_cast<char*>(text.data());  // which iconv does not write to
     std::size_t left = text.size();
     while (left > 0) {
-        if (!ConvertSome(m_conversion, from, left, utf8)) {
+        if (!ConvertSome(m_conversion.get(), from, left, utf8)) {
             utf8 += kReplacementCharacter;
             ++from;
             --left;

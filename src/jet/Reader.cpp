@@ -84,10 +84,8 @@ Reader::Reader(const fs::path& path, std::string_view name) : Reader(ContentOf(p
 
 Reader::Reader(FileContent content, std::string_view name)
     : m_name(name), m_content(std::move(content)) {
-    m_parts = Guarded({}, [&] { return std::make_unique<Parts>(m_content.Bytes); });
+    m_parts = Guarded({}, [&] { return std::make_shared<Parts>(m_content.Bytes); });
 }
-
-Reader::~Reader() = default;
 
 void Reader::Refuse(const std::string& why) const {
     throw RunTimeError(ErrorKind::NotAModel, m_name + " " + why);

@@ -32,7 +32,6 @@ class Reader : Immovable {
     /// too.
     Reader(const std::filesystem::path& path, std::string_view name);
     Reader(FileContent content, std::string_view name);
-    ~Reader();
 
     /// What users made in the file, in the order of its catalogue. What Access keeps there for
     /// itself is left out.
@@ -59,7 +58,7 @@ class Reader : Immovable {
 
     std::string m_name;
     FileContent m_content;
-    std::unique_ptr<Parts> m_parts;
+    std::shared_ptr<Parts> m_parts;
 };
 
 }  // namespace quarnel02::jet
