@@ -17,10 +17,10 @@ std::string ReadChain(const Pages& pages, std::uint32_t pointer, std::size_t len
     while (value.size() < length) {
         const Bytes link = pages.RowAt(pointer);
         const Bytes part = link.From(kPointerSize);
-        if (part.Size() == 0 || part.Size() > length - value.size()) {
+        if (part.Size() == 0) {
             throw Damage();
         }
-        value += part.Text();
+        value += part.Text().substr(0, length - value.size());
         pointer = link.U32(0);
     }
     return value;

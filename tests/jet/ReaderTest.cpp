@@ -166,6 +166,33 @@ TEST_P(EveryFormatTest, ChainsThatNeverEndAreDamage) {
     EXPECT_EQ(MessageOfReading(empty_links.Content()), damaged);
 }
 
+TEST_P(EveryFormatTest, ALongTextEndsWhereItSays) {
+    TinyFile file(GetParam());
+    const std::string field = file.LongFieldInParts(Text(DigitText(40)), 16);
+    const std::size_t length = Text(DigitText(37)).size();
+    AddMemo(file, Little(length, 4) + field.substr(4));
+    EXPECT_EQ(ReadBack(file, "Notes"), "1|" + Quoted(DigitText(37)) + "\n");
+}
+
+TEST_P(EveryFormatTest, APointerToARowThatIsNotThereIsDamage) {
+    TinyFile file(GetParam());
+    std::string field = file.LongField(Text("abc"));
+    field[4] = 1;  // the second row of that page
+    AddMemo(file, Little(0x40000000, 4) + field.substr(4));
+    EXPECT_EQ(MessageOfReading(file.Content()).substr(0, 36),
+              "line.mdb is damaged in table Notes. ");
+}
+
+TEST_P(EveryFormatTest, AColumnThatWasAddedAfterARowIsNullThere) {
+    TinyFile file(GetParam());
+    TinyTable table{"Parts", std::vector<TinyColumn>(8, {"Number"}), {{{}}}};
+    table.Rows[0].Fields.assign(8, Little(5, 4));
+    table.Columns.push_back(TinyText("Added"));
+    table.Columns.push_back({"AddedYesNo", TypeCode::YesNo, 1});
+    file.Add(table);
+    EXPECT_EQ(ReadBack(file, "Parts"), "5|5|5|5|5|5|5|5|Null|0\n");
+}
+
 TEST_P(EveryFormatTest, ATextBeyondReasonIsNamed) {
     TinyFile file(GetParam());
     AddMemo(file, Little(1024 * 1024 + 1, 12));

@@ -107,7 +107,7 @@ TEST(WriterTest, ATableMayBeEmpty) {
 
 TEST(WriterTest, RowsMayFillMorePagesThanARowOfBitsTellsOf) {
     constexpr std::size_t columns = 7;
-    constexpr std::size_t rows = 1200;  // one to a page, and 512 bits in a row
+    constexpr std::size_t rows = 600;  // one to a page, and 512 bits in a row
     NewTable table{"Tasks", {{"TaskId", kLong}}, {}};
     for (std::size_t i = 0; i < columns; ++i) {
         table.Columns.push_back({"Text" + std::to_string(i), ColumnType::Text});
@@ -120,6 +120,15 @@ TEST(WriterTest, RowsMayFillMorePagesThanARowOfBitsTellsOf) {
     const std::string content = Written({table, Tasks("after")});
     EXPECT_GT(content.size(), rows * 4096);
     ExpectSame({table});
+}
+
+TEST(WriterTest, APageHoldsNoMoreRowsThanAPointerCanName) {
+    const auto size = [](std::size_t rows) {
+        return Written({OneColumn(ColumnType::Byte, std::vector<Value>(rows, std::int64_t{1}))})
+            .size();
+    };
+    EXPECT_EQ(size(256), size(255) + 4096);
+    EXPECT_EQ(size(510), size(256));
 }
 
 TEST(WriterTest, TheSameTablesGiveTheSameBytes) {
