@@ -69,7 +69,8 @@ std::string TinyFile::EncodedVariable(std::size_t start, const std::vector<std::
         for (std::size_t jump = jumps; jump > 0; --jump) {
             const auto first = std::find_if(offsets.begin(), offsets.end(),
                                             [&](auto offset) { return offset >= jump * kJump; });
-            tail += first == offsets.end() ? '\xFF' : static_cast<char>(first - offsets.begin());
+            // One that stands for nothing misleads who minds it.
+            tail += first == offsets.end() ? '\0' : static_cast<char>(first - offsets.begin());
         }
     }
     return data + tail + Little(count, entry);
