@@ -15,19 +15,19 @@ namespace quarnel02::jet {
 class Bytes {
   public:
     Bytes() = default;
-    explicit Bytes(std::string_view bytes) : m_bytes(bytes) {}
+    explicit Bytes(std::string_view bytes) : m_data(bytes.data()), m_size(bytes.size()) {}
 
-    [[nodiscard]] std::size_t Size() const { return m_bytes.size(); }
-    [[nodiscard]] std::string_view Text() const { return m_bytes; }
+    [[nodiscard]] std::size_t Size() const { return m_size; }
+    [[nodiscard]] std::string_view Text() const { return {m_data, m_size}; }
 
     [[nodiscard]] Bytes Part(std::size_t at, std::size_t length) const {
-        if (at > m_bytes.size() || length > m_bytes.size() - at) {
+        if (at > m_size || length > m_size - at) {
             throw Damage();
         }
-        return Bytes(m_bytes.substr(at, length));
+        return Bytes(Text().substr(at, length));
     }
     [[nodiscard]] Bytes From(std::size_t at) const {
-        return Part(at, at > m_bytes.size() ? 0 : m_bytes.size() - at);
+        return Part(at, at > m_size ? 0 : m_size - at);
     }
 
     [[nodiscard]] std::uint8_t U8(std::size_t at) const { return Number<std::uint8_t>(at); }
@@ -46,7 +46,8 @@ class Bytes {
         return static_cast<Unsigned>(number);
     }
 
-    std::string_view m_bytes;
+    const char* m_data = nullptr;
+    std::size_t m_size = 0;
 };
 
 /// Less than `from`, counted from the end: what stands before `size` bytes there. Throws Damage.

@@ -46,10 +46,10 @@ std::string EncodeUsageMap(WrittenPages& pages, std::span<const std::size_t> mar
         }
         return map;
     }
-    std::size_t bits = 0;
-    map = PageOfBits(pages, bits);
-    for (const std::size_t page : marked) {
-        pages.SetBit(bits, kUsageHeader, page);
+    std::size_t holder = 0;
+    map = PageOfBits(pages, holder);
+    for (const std::size_t number : marked) {
+        pages.SetBit(holder, kUsageHeader, number);
     }
     return map;
 }
@@ -61,10 +61,10 @@ void WriteFreePages(WrittenPages& pages) {
             SetBit(map, page);
         }
     } else {
-        std::size_t bits = 0;
-        map = PageOfBits(pages, bits);
-        for (std::size_t page = pages.Count(); page < kPageBits; ++page) {
-            pages.SetBit(bits, kUsageHeader, page);
+        std::size_t holder = 0;
+        map = PageOfBits(pages, holder);
+        for (std::size_t number = pages.Count(); number < kPageBits; ++number) {
+            pages.SetBit(holder, kUsageHeader, number);
         }
     }
     pages.StartRows(kFreePage, kFreePage);
