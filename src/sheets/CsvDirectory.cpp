@@ -1,0 +1,115 @@
+#include "sheets/CsvDirectory.h"
+
+#include <array>
+#include <charconv>
+
+#include "basic/Files.h"
+#include "basic/Numbers.h"
+#include "basic/RunTimeError.h"
+#include "sheets/DelimitedText.h"
+#include "sheets/SheetFile.h"
+#include "sheets/WorkbookFile.h"
+
+namespace fs = std::filesystem;
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr std::array kSheets = {"General", "Tasks", "Resources", "Matrix", "Demand"};
+
+/// The shortest decimal that reads back to the number.
+std::string ExactText(double number) {
+    std::array<char, 32> text{};
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), number);
+    return {text.data(), written.ptr};
+}
+
+bool ReadsBack(const std::string& text, double number) {
+    double read = 0;
+    const char* const end = text.data() + text.size();
+    return std::from_chars(text.data(), end, read).ptr == end && read == number;
+}
+
+CsvCell TextOf(const Value& value) {
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+        return NumberText(*whole);
+    }
+    if (const auto* real = std::get_if<double>(&value)) {
+        const std::string text = NumberText(*real);
+        return ReadsBack(text, *real) ? text : ExactText(*real);
+    }
+    const auto* text = std::get_if<std::string>(&value);
+    return text == nullptr ? std::nullopt : CsvCell(*text);
+}
+
+/// A text that a number would be written as is that number; it would come back the same as a text.
+Value ValueOf(const CsvCell& cell) {
+    if (!cell) {
+        return {};
+    }
+    double number = 0;
+    const char* const end = cell->data() + cell->size();
+    const auto read = std::from_chars(cell->data(), end, number);
+    const bool plain = read.ec == std::errc() && read.ptr == end && NumberText(number) == *cell;
+    return plain ? Value(number) : Value(*cell);
+}
+
+Sheet ReadSheet(const fs::path& file, const std::string& name) {
+    Sheet sheet{name, {}, {}};
+    for (const auto& cells : ReadCsv(ReadSheetFile(file))) {
+        InputRow& row = sheet.Cells.emplace_back();
+        for (const CsvCell& cell : cells) {
+            row.push_back(ValueOf(cell));
+        }
+    }
+    return sheet;
+}
+
+std::string CsvOf(const Sheet& sheet) {
+    CsvRows rows;
+    for (const InputRow& cells : sheet.Cells) {
+        auto& row = rows.emplace_back();
+        for (const Value& cell : cells) {
+            row.push_back(TextOf(cell));
+        }
+        if (row.empty()) {
+            row.emplace_back();
+        }
+    }
+    return WriteCsv(rows);
+}
+
+}  // namespace
+
+Workbook ReadCsvDirectory(const fs::path& directory) {
+    Workbook workbook;
+    for (const std::string name : kSheets) {
+        const fs::path file = directory / (name + ".csv");
+        if (KindOfFile(file) != FileKind::Missing) {
+            workbook.push_back(ReadSheet(file, name));
+        }
+    }
+    if (workbook.empty()) {
+        throw RunTimeError(ErrorKind::NotAModel,
+                           "The directory " + PathText(directory) +
+                               " holds no sheets of a model: it needs the files General.csv, "
+                               "Tasks.csv, Resources.csv, Matrix.csv and Demand.csv.");
+    }
+    return workbook;
+}
+
+void WriteCsvDirectory(const fs::path& directory, const Workbook& workbook) {
+    std::error_code failure;
+    fs::create_directories(directory, failure);
+    if (KindOfFile(directory) != FileKind::Directory) {
+        throw RunTimeError(
+            ErrorKind::FileAccess,
+            "The directory " + PathText(directory) + " cannot be made: " + failure.message() + ".");
+    }
+    for (const Sheet& sheet : workbook) {
+        WriteWhole(directory / (sheet.Name + ".csv"), CsvOf(sheet));
+    }
+}
+
+}  // namespace quarnel02
