@@ -40,7 +40,7 @@ class OnShow : public QObject {
 
 class frmMainShield : public test::WindowTest {
   protected:
-    void StartWith(std::vector<std::pair<double, double>> demand) {
+    void StartWith(std::vector<DemandPoint> demand) {
         test::ModelScript model = test::WorkedExample();
         model.Demand = std::move(demand);
         Start(model.Sql());

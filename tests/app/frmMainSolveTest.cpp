@@ -23,7 +23,7 @@ constexpr const char* kAskStations =
 class frmMainSolve : public test::WindowTest {
   protected:
     /// The worked example: 64,335.55 dollars for 100,000 units in one shift.
-    void StartWith(std::vector<std::pair<double, double>> demand) {
+    void StartWith(std::vector<DemandPoint> demand) {
         test::ModelScript model = test::WorkedExample();
         model.Demand = std::move(demand);
         Start(model.Sql());
@@ -223,8 +223,8 @@ TEST_F(frmMainSolve, StochasticDesignShowsItsProgressInTheStatusWindow) {
 }
 
 TEST_F(frmMainSolve, FailingStochasticDesignLeavesTheWindowUsable) {
-    std::vector<std::pair<double, double>> demand(10, {100000, 9});
-    demand.emplace_back(110000, 10);  // one row too many
+    std::vector<DemandPoint> demand(10, {100000, 9});
+    demand.push_back({110000, 10});  // one row too many
     StartWith(demand);
     Dialogs.Press(QMessageBox::Ok);
     Click("cmdStoch");

@@ -187,7 +187,7 @@ TEST(SolveProgramErrors, RefusesTooManyPathways) {
         script.Matrix.clear();
         for (int resource = 1; resource <= 157; ++resource) {
             for (int task = 1; task <= 20; ++task) {
-                script.Matrix.push_back({resource, task, 10});
+                script.Matrix.push_back({resource, task, 10, 1});
             }
         }
     });
@@ -283,7 +283,7 @@ std::string WithTasks(const SolveRun& run, const std::vector<int>& tasks) {
         script.Tasks = 4;
         script.Matrix.clear();
         for (const int task : tasks) {
-            script.Matrix.push_back({1, task, 10});
+            script.Matrix.push_back({1, task, 10, 1});
         }
     });
 }

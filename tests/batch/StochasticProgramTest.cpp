@@ -156,8 +156,8 @@ TEST_F(StochasticProgram, KeepsTheRunFilesOfATaskThatNoResourceCanDo) {
 
 TEST_F(StochasticProgram, KeepsTheRunFilesOfASolveThatFails) {
     ModelScript model = StagesModel();
-    model.Matrix[1].ToolCost = 3e38;  // task 2, with a factor beyond a single
-    model.Resources[0].Icf = 2;
+    model.Matrix[1].Entry.ToolCost = 3e38;  // task 2, with a factor beyond a single
+    model.Resources[0].ICF = 2;
     const auto result =
         Run({Run.Make("dear.mdb", model), "--stochastic", "--keep-run-files", File("kept")});
     EXPECT_EQ(result.Status, 1);

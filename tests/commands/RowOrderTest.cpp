@@ -47,7 +47,8 @@ ModelScript ArbitraryModel() {
     }
     const int points = *rc::gen::inRange(2, 6);
     for (int point = 1; point <= points; ++point) {
-        model.Demand.emplace_back(point * *rc::gen::inRange(1, 9) * 1000.0, 100.0 / points);
+        const float volume = static_cast<float>(point * *rc::gen::inRange(1, 9)) * 1000;
+        model.Demand.push_back({volume, 100.0F / static_cast<float>(points)});
     }
     return model;
 }

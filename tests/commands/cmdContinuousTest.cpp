@@ -25,7 +25,7 @@ constexpr const char* kLimit =
     "input[Quarnel02|]: What is the maximum number of stations allowed? -> ";
 
 /// The worked example with these demand rows.
-ModelScript WithDemand(const std::vector<std::pair<double, double>>& demand) {
+ModelScript WithDemand(const std::vector<DemandPoint>& demand) {
     ModelScript model = test::WorkedExample();
     model.Demand = demand;
     return model;
@@ -78,7 +78,7 @@ TEST(cmdContinuous, TakesTheOnlyDemandRowWithoutAsking) {
 }
 
 TEST(cmdContinuous, TakesTheTextThatTheOnlyRowShows) {
-    Command command(WithDemand({{5000.6, 100}}));
+    Command command(WithDemand({{5000.6F, 100}}));
     command.Form.YesNoAnswers = {false};
     command.Press(1);
     EXPECT_NE(command.Report().find("\nAnnual Volume: 5,001\n"), std::string::npos);
@@ -88,7 +88,7 @@ TEST(cmdContinuous, TakesTheTextThatTheOnlyRowShows) {
 
 TEST(cmdContinuous, SaysThatTheOnlyRowHasNoVolume) {
     // A volume below a half is shown as an empty text.
-    for (const double volume : {0.0, 0.25}) {
+    for (const float volume : {0.0F, 0.25F}) {
         Command command(WithDemand({{volume, 100}}));
         command.Press(1);
         EXPECT_EQ(command.Form.Events,
@@ -290,7 +290,7 @@ TEST(cmdContinuous, TakesAStationThatIsExactlyFullForFull) {
     ModelScript script;
     script.Tasks = 4;
     script.Resources = {{"Bench", 0, 2500, 3}};
-    script.Matrix = {{1, 1, 11.8}, {1, 2, 34.1}, {1, 3, 8.2}, {1, 4, 5.9}};
+    script.Matrix = {{1, 1, 11.8, 1}, {1, 2, 34.1, 1}, {1, 3, 8.2, 1}, {1, 4, 5.9, 1}};
     Command command(script);
     command.Solve(1, "120000");
     EXPECT_NE(command.Report().find("\n 1    1  Bench   1     $46,625    60.00    1-4       1\n"),
@@ -303,7 +303,7 @@ TEST(cmdContinuous, SaysWhichTasksTheLineLeavesOutWithinTheLimit) {
     // Task 3 takes 100 s of the 72 s that there are, and one station is the limit.
     ModelScript script = WithDemand({});
     script.Tasks = 3;
-    script.Matrix.push_back({1, 3, 100});
+    script.Matrix.push_back({1, 3, 100, 1});
     Command command(script);
     Limited(command, "1");
     ASSERT_GE(command.Form.Events.size(), 2U);

@@ -8,17 +8,17 @@
 #include <limits>
 #include <map>
 #include <optional>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "support/Dice.h"
 #include "support/LoadedModel.h"
 
 namespace quarnel02 {
 namespace {
 
+using test::Dice;
 using test::LoadedModel;
-using test::MatrixRow;
 using test::ModelScript;
 using test::ResourceRow;
 
@@ -38,23 +38,11 @@ double Wide(float value) {
     return value;
 }
 
-class Dice {
-  public:
-    explicit Dice(unsigned seed) : m_engine(seed) {}
-    int operator()(int low, int high) {
-        return std::uniform_int_distribution<int>(low, high)(m_engine);
-    }
-    bool OneIn(int chances) { return (*this)(1, chances) == 1; }
-
-  private:
-    std::mt19937 m_engine;
-};
-
 ModelScript RandomModel(Dice& dice) {
     ModelScript model;
     model.Tasks = dice(1, 6);
     model.Days = dice(200, 300);
-    model.Acf = dice(10, 40) / 100.0;
+    model.ACF = dice(10, 40) / 100.0;
     model.LaborCost = dice(5, 40);
     model.TransportTime = dice(0, 10);
     const int priced = dice.OneIn(4) ? 0 : 1;  // 0 is a line that costs nothing
@@ -92,7 +80,8 @@ std::optional<MatrixRow> RowOf(const ModelScript& model, int resource, int task)
 float ToolSet(const std::vector<MatrixRow>& rows) {
     std::map<int, double> cost_of_tool;
     for (const MatrixRow& row : rows) {
-        cost_of_tool.emplace(row.Tool, row.ToolCost);  // the first task that names it counts
+        cost_of_tool.emplace(row.Entry.ToolNum,
+                             row.Entry.ToolCost);  // the first task that names it counts
     }
     float sum = 0;
     for (const auto& [tool, cost] : cost_of_tool) {
@@ -104,12 +93,12 @@ float ToolSet(const std::vector<MatrixRow>& rows) {
 float Work(const std::vector<MatrixRow>& rows, const ResourceRow& resource, double transport) {
     float time = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        time = Single(Wide(time) + rows[i].Time / (resource.UpTime * 0.01));
-        if (i > 0 && rows[i].Tool != rows[i - 1].Tool) {
+        time = Single(Wide(time) + rows[i].Entry.TaskTime / (resource.UpTime * 0.01));
+        if (i > 0 && rows[i].Entry.ToolNum != rows[i - 1].Entry.ToolNum) {
             time = Single(Wide(time) + resource.ToolChange);
         }
     }
-    const bool tool_back = rows.front().Tool == rows.back().Tool;
+    const bool tool_back = rows.front().Entry.ToolNum == rows.back().Entry.ToolNum;
     const double end = tool_back ? transport : std::max(transport, resource.ToolChange);
     return Single(Wide(time) + end / (resource.UpTime * 0.01));
 }
@@ -138,12 +127,12 @@ std::optional<float> CostOf(const ModelScript& model, const Order& order, int id
         return std::nullopt;
     }
     const float investment =
-        Single(stations * (Wide(ToolSet(rows)) + resource.FixedCost) * resource.Icf);
+        Single(stations * (Wide(ToolSet(rows)) + resource.FixedCost) * resource.ICF);
     const double machine =
         (resource.VarCost / 3600) * order.Demand * Wide(time) * resource.UpTime * 0.01;
     const double labour =
         stations * (order.Shifts * 8.0) * model.Days * model.LaborCost / resource.StatPerWrk;
-    return Single(Wide(Single(machine + labour)) + Wide(investment) * model.Acf);
+    return Single(Wide(Single(machine + labour)) + Wide(investment) * model.ACF);
 }
 
 constexpr float kNone = std::numeric_limits<float>::infinity();

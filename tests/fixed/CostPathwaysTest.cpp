@@ -26,7 +26,6 @@ using test::ExpectRunTimeError;
 using test::FigureTexts;
 using test::kAllPathways;
 using test::LoadedModel;
-using test::MatrixRow;
 using test::ModelScript;
 using test::ScriptedForm;
 using test::WorkedExample;
@@ -48,7 +47,7 @@ ModelScript OneTask(const std::vector<test::ResourceRow>& resources) {
     model.Tasks = 1;
     model.Resources = resources;
     for (int resource = 1; resource <= static_cast<int>(resources.size()); ++resource) {
-        model.Matrix.push_back({resource, 1, 100});
+        model.Matrix.push_back({resource, 1, 100, 1});
     }
     return model;
 }
@@ -148,7 +147,7 @@ struct SharedTools {
     [[nodiscard]] std::string FirstCosts() const {
         std::map<int, double> costs;
         for (const MatrixRow& row : Rows) {
-            costs.emplace(row.Tool, row.ToolCost);
+            costs.emplace(row.Entry.ToolNum, row.Entry.ToolCost);
         }
         double sum = 0;
         for (const auto& [tool, cost] : costs) {
@@ -176,7 +175,7 @@ RC_GTEST_PROP(CostPathways, PaysASharedToolAtTheCostOfItsFirstTaskWhateverTheOrd
 TEST(CostPathways, KeepsTheCostsOfAPathwayOverTheLimit) {
     // 400 s of work in 100 s: four stations, one more than the limit, on resource 1.
     ModelScript script = OneTask({{"Slow", 0, 1000}, {"Fast", 0, 9000}});
-    script.Matrix[0].Time = 400;
+    script.Matrix[0].Entry.TaskTime = 400;
     LoadedModel model(script);
     Cost(model, 72000, 3);
     // Labour: stations x 8 h x 250 d x 20 $/h; capital: stations x fixed cost x 0.25.
@@ -186,7 +185,7 @@ TEST(CostPathways, KeepsTheCostsOfAPathwayOverTheLimit) {
 
 TEST(CostPathways, AcceptsExactlyTheLimit) {
     ModelScript script = OneTask({{}});
-    script.Matrix[0].Time = 400;
+    script.Matrix[0].Entry.TaskTime = 400;
     LoadedModel model(script);
     Cost(model, 72000, 4);
     EXPECT_EQ(model.States(), Lines{"4"});
@@ -217,7 +216,7 @@ TEST(CostPathways, KeepsTheFirstOfEqualAlternatives) {
 
 TEST(CostPathways, PassesOverCheaperAlternativesBeyondTheLimit) {
     ModelScript script = OneTask({{"Free", 0, 0, 0, 100, 1, 0, 1000}, {"Paid", 0, 500}});
-    script.Matrix[0].Time = 400;
+    script.Matrix[0].Entry.TaskTime = 400;
     LoadedModel model(script);
     Cost(model, 72000, 3);
     EXPECT_EQ(model.States(), (Lines{"2", "4"}));
@@ -319,7 +318,7 @@ TEST(CostPathways, RefusesZeroStationsPerWorker) {
 TEST(CostPathways, TakesAPathwayBeyondTheLargestIntegerForOverTheLimit) {
     // Resource 1 would need 33,000 stations; there is no limit, and resource 2 will do.
     ModelScript script = OneTask({{}, {}});
-    script.Matrix[0].Time = 3.3e6;
+    script.Matrix[0].Entry.TaskTime = 3.3e6;
     LoadedModel model(script);
     Cost(model, 72000);
     EXPECT_EQ(model.States(), (Lines{"2", "4"}));

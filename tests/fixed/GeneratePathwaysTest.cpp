@@ -32,7 +32,7 @@ ModelScript Capable(int tasks, const std::vector<std::vector<int>>& can) {
     for (const auto& list : can) {
         ++resource;
         for (const int task : list) {
-            model.Matrix.push_back({resource, task, 10});
+            model.Matrix.push_back({resource, task, 10, 1});
         }
     }
     return model;
@@ -81,7 +81,7 @@ TEST(GeneratePathways, StartsEveryPathwayFeasibleAndWithoutCost) {
 TEST(GeneratePathways, TakesARowWithoutTaskTimeForATaskThatTheResourceCannotDo) {
     const Lines without_task_two = {"1|1|1|2", "2|1|3|4"};
     ModelScript model = Capable(3, {{1, 2, 3}});
-    model.Matrix[1].Time = 0;
+    model.Matrix[1].Entry.TaskTime = 0;
     EXPECT_EQ(RangesOf(model), without_task_two);
     const LoadedModel null(model.Sql() + "UPDATE Matrix SET TaskTime = NULL WHERE TaskId = 2;");
     EXPECT_EQ(null.Copy.RowsOf(kRanges, 4), without_task_two);
@@ -155,7 +155,7 @@ ModelScript WithPathways(int total) {
         const int resource = static_cast<int>(model.Resources.size());
         int run = 0;
         while (run < tasks && (run + 1) * (run + 2) / 2 <= total) {
-            model.Matrix.push_back({resource, ++run, 1});
+            model.Matrix.push_back({resource, ++run, 1, 1});
         }
         total -= run * (run + 1) / 2;
     }

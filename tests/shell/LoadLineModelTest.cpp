@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -30,11 +31,37 @@ std::string Small() {
            "INSERT INTO Tasks VALUES (3, 'Close'), (1, 'Open');";
 }
 
+auto FieldsOf(const LineModel& model) {
+    const Production& year = model.Parameters();
+    const Resource& press = model.ResourceOf(1);
+    const MatrixEntry& last = model.Entry(1, 2);
+    return std::tuple(year.Days, year.ACF, year.LaborCost, year.TransportTime, year.Penalty,
+                      year.Product, model.ResourceCount(), press.Number, press.ShortName,
+                      press.Description, press.Type, press.FixedCost, press.VarCost, press.UpTime,
+                      press.ICF, press.ToolChange, press.StatPerWrk, model.TaskCount(),
+                      last.TaskTime, last.ToolNum, last.ToolCost);
+}
+
 /// A model that a solve would take.
 LineModel Load(const std::string& change = "") {
     const TestModel model(Small() + change);
     RequireUsableModel(model.Open());
     return LoadLineModel(model.Open());
+}
+
+TEST(LoadLineModel, MakesOfTheRowsOfATestModelWhatItIsAsAValue) {
+    ModelScript script = test::WorkedExample();
+    script.Penalty = 0.5;
+    script.Product = "Pump";
+    script.Demand = {{33.3F, 40}, {16777215, 59.95F}};
+    const LineModel value = script.Model();
+    const LineModel loaded = LoadLineModel(TestModel(script.Sql()).Open());
+    EXPECT_EQ(FieldsOf(loaded), FieldsOf(value));
+    ASSERT_EQ(loaded.Demand().size(), 2U);
+    for (std::size_t point = 0; point < 2; ++point) {
+        EXPECT_EQ(loaded.Demand()[point].Volume, value.Demand()[point].Volume);
+        EXPECT_EQ(loaded.Demand()[point].Probability, value.Demand()[point].Probability);
+    }
 }
 
 TEST(LoadLineModel, ReadsTheParameters) {

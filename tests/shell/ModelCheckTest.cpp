@@ -26,7 +26,7 @@ std::string Sound() {
     ModelScript model;
     model.Tasks = 2;
     model.Resources = {{"Robot"}, {"  Arm "}};
-    model.Matrix = {{1, 1, 10}, {1, 2, 10}, {2, 1, 10}, {2, 2, 10}};
+    model.Matrix = {{1, 1, 10, 1}, {1, 2, 10, 1}, {2, 1, 10, 1}, {2, 2, 10, 1}};
     model.Demand = {{5000, 60}, {1000, 40}};
     return model.Sql() +
            "INSERT INTO Tasks VALUES (1, 'Base plate');\nINSERT INTO Tasks VALUES (2, 'Glue "
@@ -162,7 +162,7 @@ TEST(RequireUsableModel, ChecksALargeModelFast) {
     script.Resources.resize(25);
     for (int resource = 1; resource <= 25; ++resource) {
         for (int task = 1; task <= 50; ++task) {
-            script.Matrix.push_back({resource, task, 10});
+            script.Matrix.push_back({resource, task, 10, 1});
         }
     }
     const TestModel model(script.Sql());

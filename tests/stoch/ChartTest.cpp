@@ -70,14 +70,14 @@ std::size_t Bars(const Picture& picture) {
 class Charts : public testing::TestWithParam<int> {
   protected:
     /// Points of any size, evenly apart, close together, or next to one far away.
-    static std::vector<std::pair<double, double>> Points(int count, int kind) {
-        std::vector<std::pair<double, double>> points;
+    static std::vector<DemandPoint> Points(int count, int kind) {
+        std::vector<DemandPoint> points;
         for (int point = 1; point <= count; ++point) {
             const double volume = kind == 0   ? 10000.0 * point
                                   : kind == 1 ? 123456.5 + point
                                   : kind == 2 ? (point == count ? 900000.0 : 1000.0 * point)
                                               : 0.5 * point;
-            points.emplace_back(volume, 100.0 / count);
+            points.push_back({static_cast<float>(volume), 100.0F / static_cast<float>(count)});
         }
         return points;
     }

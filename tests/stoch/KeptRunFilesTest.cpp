@@ -89,7 +89,7 @@ TEST(RunFilesOfASolve, AreKeptWhenATaskCannotBeDone) {
 TEST(RunFilesOfASolve, AreKeptWhenTheSolveFails) {
     test::ModelScript model = StagesModel();
     model.Resources[1].FixedCost = 3e38;
-    model.Resources[1].Icf = 2;  // more than a single holds, and only Press on task 2 costs that
+    model.Resources[1].ICF = 2;  // more than a single holds, and only Press on task 2 costs that
     const TemporaryDirectory kept;
     StochSolve solve(model);
     test::ExpectRunTimeError(ErrorKind::Overflow, [&] { cmdStoch_Click(solve.Form, kept.Path()); });

@@ -43,7 +43,7 @@ TEST(LongTables, EndAtTenThousandRecords) {
 }
 
 // 21,600,000 s a year and 21,600 s per unit: k stations serve up to 1,000 k units.
-test::ModelScript ManyStations(double volume) {
+test::ModelScript ManyStations(float volume) {
     test::ModelScript model = test::PenaltyModel();
     model.Matrix = {{1, 1, 21600, 1, 1000}};
     model.Demand = {{1000000, 40}, {volume, 60}};
@@ -62,7 +62,7 @@ TEST(EarlyEnds, AreNotNoticedWhereStationsJustDo) {
 
 TEST(EarlyEnds, AreNoticedWhereStationsRunOutFromTheStart) {
     test::ModelScript model = ManyStations(6000000);
-    model.Demand[0].first = 4096000;
+    model.Demand[0].Volume = 4096000;
     EXPECT_EQ(NoticesOf(model), Lines{"notice: Table F1T1.R1 is not made: 4095 parallel stations "
                                       "are not enough for a volume of 4,096,000."});
 }

@@ -45,7 +45,7 @@ void ExpectRefusal(StochSolve& solve, ErrorKind kind, const std::string& message
     EXPECT_EQ(ReadFile(solve.Copy.File()), model);
 }
 
-ModelScript WithDemand(std::vector<std::pair<double, double>> demand) {
+ModelScript WithDemand(std::vector<DemandPoint> demand) {
     ModelScript model = StagesModel();
     model.Demand = std::move(demand);
     return model;
@@ -58,12 +58,12 @@ bool Contains(const std::string& text, const std::string& part) {
 TEST(StochFailures, AnEleventhDemandPointIsOutOfRange) {
     ModelScript model = WithDemand({});
     for (int point = 1; point <= 10; ++point) {
-        model.Demand.emplace_back(point * 1000, 10);
+        model.Demand.push_back({static_cast<float>(point * 1000), 10});
     }
     StochSolve ten(model);
     ten.Press();
     EXPECT_EQ(ten.Files(), Lines{"ProdRpt.txt"});
-    model.Demand.emplace_back(11000, 0);
+    model.Demand.push_back({11000, 0});
     StochSolve eleven(model);
     EXPECT_TRUE(Contains(ExpectFailure(eleven, ErrorKind::SubscriptOutOfRange), "10 points"));
     StochSolve with_a_row_left_out(model.Sql() + "INSERT INTO Demand VALUES (NULL, 50);");
@@ -113,7 +113,7 @@ TEST(StochFailures, FiguresThatCannotBeAreRefusedBeforeTheRun) {
 
 TEST(StochFailures, RowsThatAreTwiceAreRefusedBeforeTheRun) {
     ModelScript model = StagesModel();
-    model.Matrix.push_back({1, 1, 30});
+    model.Matrix.push_back({1, 1, 30, 1});
     StochSolve solve(model);
     ExpectRefusal(solve, ErrorKind::NotAModel,
                   "Task 1 on resource 1 (Robot): the matrix has figures of them twice. Clear the "

@@ -170,7 +170,7 @@ TEST(WriteProductionReport, AFigureTooWideForItsColumnPushesTheNextOne) {
     ModelScript model = PenaltyModel();
     model.Resources[0].ShortName = "Oven of ten";
     model.Resources[0].FixedCost = 123456789000;
-    model.Matrix[0].Time = 12345.678;
+    model.Matrix[0].Entry.TaskTime = 12345.678;
     model.Demand = {{1000, 40}, {1001, 60}};
     StochSolve solve(model, "100000000000");
     const std::string summary = SummaryOf(solve);
@@ -198,7 +198,7 @@ TEST(WriteProductionReport, LongToolTextsGoOnBelow) {
 TEST(WriteProductionReport, AnAmountThatRoundsToNothingIsZeroDollars) {
     ModelScript model = PenaltyModel();
     model.Resources[0].FixedCost = 0;
-    model.Matrix[0].ToolCost = 1;
+    model.Matrix[0].Entry.ToolCost = 1;
     model.Demand = {{100000, 40}, {100001, 60}};
     StochSolve solve(model, "0.4");
     const std::string summary = SummaryOf(solve);  // 0.3 a year; 0.6 x 0.4 of shortfall
@@ -216,7 +216,7 @@ TEST(WriteProductionReport, AnAmountThatRoundsToNothingIsZeroDollars) {
 
 TEST(WriteProductionReport, KeepsEveryUnitOfAVolume) {
     ModelScript model = PenaltyModel();
-    model.Matrix[0].Time = 1;
+    model.Matrix[0].Entry.TaskTime = 1;
     model.Demand = {{1234567.5, 40}, {12345678, 60}};
     StochSolve solve(model, "0.25");
     solve.Press();
@@ -237,7 +237,7 @@ TEST(WriteProductionReport, AFailureLeavesTheMarksAsTheyWere) {
 
 TEST(WriteProductionReport, SkipsAProbabilityOfZero) {
     ModelScript model = StagesModel();
-    model.Demand.emplace_back(150000, 0);
+    model.Demand.push_back({150000, 0});
     StochSolve solve(model, "2");
     EXPECT_EQ(SummaryOf(solve), kStagesSummary);
     EXPECT_EQ(solve.ProductionReport(), kStagesReport);

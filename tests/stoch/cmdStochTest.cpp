@@ -24,7 +24,7 @@ using Lines = std::vector<std::string>;
 constexpr const char* kNoDemand =
     "message[information]: You must first enter a probability distribution for demand.";
 
-ModelScript WithDemand(std::vector<std::pair<double, double>> demand) {
+ModelScript WithDemand(std::vector<DemandPoint> demand) {
     ModelScript model = StagesModel();
     model.Demand = std::move(demand);
     return model;
@@ -81,12 +81,12 @@ TEST(cmdStoch, AsksBeforeItTakesProbabilitiesThatDoNotAddUp) {
 }
 
 TEST(cmdStoch, AsksFromMoreThanFiveHundredthsOn) {
-    for (const double last : {49.95, 50.05, 50.0}) {
+    for (const float last : {49.95F, 50.05F, 50.0F}) {
         StochSolve solve(WithDemand({{100000, 50}, {200000, last}}));
         solve.Press();
         EXPECT_EQ(solve.EventsOf({"ask"}), Lines{}) << last;
     }
-    for (const auto& [last, sum] : {std::pair(49.94, "99.94"), std::pair(50.06, "100.06")}) {
+    for (const auto& [last, sum] : {std::pair(49.94F, "99.94"), std::pair(50.06F, "100.06")}) {
         StochSolve solve(WithDemand({{100000, 50}, {200000, last}}));
         solve.Form.YesNoAnswers = {true};
         solve.Press();

@@ -27,7 +27,7 @@ inline std::string NetworkSql(const std::vector<Way>& ways) {
     }
     model.Resources.resize(1);
     for (int task = 1; task <= model.Tasks; ++task) {
-        model.Matrix.push_back({1, task, 10});
+        model.Matrix.push_back({1, task, 10, 1});
     }
     std::string sql = model.Sql();
     int id = 0;

@@ -44,17 +44,17 @@ void AddDemand(ModelScript& model, Dice& dice) {
     const bool adds_up = dice.OneIn(2);
     int left = 100;
     for (int point = 1; point <= points; ++point) {
-        double volume = dice(20, 4000) * 100.0 + (dice.OneIn(3) ? dice(0, 99) / 7.0 : 0);
+        float volume = Single(dice(20, 4000) * 100.0 + (dice.OneIn(3) ? dice(0, 99) / 7.0 : 0));
         if (point > 1 && dice.OneIn(8)) {
-            volume = model.Demand.back().first;
+            volume = model.Demand.back().Volume;
         }
         const int share = point == points ? left : dice(0, std::min(left, 60));
-        model.Demand.emplace_back(volume, adds_up ? share : dice(0, 400) / 10.0);
+        model.Demand.push_back({volume, Single(adds_up ? share : dice(0, 400) / 10.0)});
         left -= share;
     }
     if (dice.OneIn(6)) {
-        model.Demand.front().first = 0;
-        model.Demand.back().first += 1000;
+        model.Demand.front().Volume = 0;
+        model.Demand.back().Volume += 1000;
     }
 }
 
@@ -64,7 +64,7 @@ ModelScript RandomStochModel(Dice& dice) {
     ModelScript model;
     model.Tasks = dice(1, 7);
     model.Days = dice(200, 300);
-    model.Acf = dice(10, 40) / 100.0;
+    model.ACF = dice(10, 40) / 100.0;
     model.LaborCost = dice(0, 40);
     model.TransportTime = dice(0, 10);
     const int gaps = dice(0, 2);  // 0 is a matrix without gaps
@@ -77,20 +77,17 @@ ModelScript RandomStochModel(Dice& dice) {
 }
 
 StochBruteForce::StochBruteForce(const ModelScript& model, double penaltyPerUnit)
-    : m_model(model), m_penalty(penaltyPerUnit) {
-    for (const auto& [volume, percent] : model.Demand) {
-        m_demand.emplace_back(Single(volume), Single(percent));
-    }
+    : m_model(model), m_demand(model.Demand), m_penalty(penaltyPerUnit) {
     std::stable_sort(m_demand.begin(), m_demand.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+                     [](const auto& a, const auto& b) { return a.Volume < b.Volume; });
     for (const auto& at : m_demand) {
         double expected = 0;
         for (const auto& [volume, percent] : m_demand) {
-            expected += Wide(percent) / 100 * Wide(std::min(volume, at.first));
+            expected += Wide(percent) / 100 * Wide(std::min(volume, at.Volume));
         }
         m_production.push_back(Single(expected));
         if (m_first == 0) {
-            m_first = at.first;
+            m_first = at.Volume;
         }
     }
     double sum = 0;
@@ -98,13 +95,13 @@ StochBruteForce::StochBruteForce(const ModelScript& model, double penaltyPerUnit
         sum += Wide(percent);
     }
     if (std::fabs(sum - 100) < 0.005) {  // complete: certain up to the lowest demand
-        m_production.front() = m_demand.front().first;
+        m_production.front() = m_demand.front().Volume;
         for (float& production : m_production) {
-            production = std::max(production, m_demand.front().first);
+            production = std::max(production, m_demand.front().Volume);
         }
     }
-    m_last = Single(3 * Wide(m_demand.back().first));
-    if (Wide(m_last) < 3 * Wide(m_demand.back().first)) {
+    m_last = Single(3 * Wide(m_demand.back().Volume));
+    if (Wide(m_last) < 3 * Wide(m_demand.back().Volume)) {
         m_last = Up(m_last);
     }
     for (int resource = 1; resource <= static_cast<int>(model.Resources.size()); ++resource) {
@@ -126,17 +123,18 @@ StochBruteForce::Load StochBruteForce::MakeLoad(int resource, int start, int end
         const auto pair = std::find_if(
             m_model.Matrix.begin(), m_model.Matrix.end(),
             [&](const MatrixRow& each) { return each.Resource == resource && each.Task == task; });
-        if (pair == m_model.Matrix.end() || pair->Time <= 0) {
+        if (pair == m_model.Matrix.end() || pair->Entry.TaskTime <= 0) {
             return {};
         }
-        cost_of_tool.emplace(pair->Tool, pair->ToolCost);  // the first task that names it counts
-        work = Single(Wide(work) + pair->Time / (row.UpTime * 0.01));
+        cost_of_tool.emplace(pair->Entry.ToolNum,
+                             pair->Entry.ToolCost);  // the first task that names it counts
+        work = Single(Wide(work) + pair->Entry.TaskTime / (row.UpTime * 0.01));
         if (task == start) {
-            first_tool = pair->Tool;
-        } else if (pair->Tool != tool) {
+            first_tool = pair->Entry.ToolNum;
+        } else if (pair->Entry.ToolNum != tool) {
             work = Single(Wide(work) + row.ToolChange);
         }
-        tool = pair->Tool;
+        tool = pair->Entry.ToolNum;
     }
     const double back = tool == first_tool ? m_model.TransportTime
                                            : std::max(m_model.TransportTime, row.ToolChange);
@@ -155,8 +153,8 @@ const StochBruteForce::Load& StochBruteForce::LoadOf(int resource, int start, in
 
 double StochBruteForce::Production(float capacity) const {
     for (std::size_t next = 1; next < m_demand.size(); ++next) {
-        const double low = Wide(m_demand[next - 1].first);
-        const double high = Wide(m_demand[next].first);
+        const double low = Wide(m_demand[next - 1].Volume);
+        const double high = Wide(m_demand[next].Volume);
         const double rise = Wide(m_production[next]) - Wide(m_production[next - 1]);
         if (Wide(capacity) <= high) {
             return Wide(m_production[next - 1]) +
@@ -221,7 +219,7 @@ double StochBruteForce::ArcCost(int resource, int start, int end, float capacity
     const Load& load = LoadOf(resource, start, end);
     const int stations = StationsFor(load.Work, capacity);
     const double time = Wide(load.Work) / stations;
-    const double capital = stations * (load.ToolSet + row.FixedCost) * row.Icf * m_model.Acf;
+    const double capital = stations * (load.ToolSet + row.FixedCost) * row.ICF * m_model.ACF;
     const double machine = row.VarCost / 3600 * Production(capacity) * time * row.UpTime * 0.01;
     const double labour =
         stations * Shifts(capacity) * 8 * m_model.Days * m_model.LaborCost / row.StatPerWrk;
@@ -281,7 +279,7 @@ std::vector<float> StochBruteForce::Volumes() const {
     std::vector<float> volumes{m_first, Up(m_first), m_last, Down(m_last)};
     for (const auto& point : m_demand) {
         for (const double factor : {1.0, 1.5, 3.0}) {
-            const float near = Single(factor * Wide(point.first));
+            const float near = Single(factor * Wide(point.Volume));
             volumes.insert(volumes.end(), {Down(near), near, Up(near)});
         }
     }

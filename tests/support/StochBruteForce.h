@@ -1,24 +1,12 @@
 #pragma once
 
 #include <optional>
-#include <random>
 #include <vector>
 
+#include "support/Dice.h"
 #include "support/ModelScript.h"
 
 namespace quarnel02::test {
-
-class Dice {
-  public:
-    explicit Dice(unsigned seed) : m_engine(seed) {}
-    int operator()(int low, int high) {
-        return std::uniform_int_distribution<int>(low, high)(m_engine);
-    }
-    bool OneIn(int chances) { return (*this)(1, chances) == 1; }
-
-  private:
-    std::mt19937 m_engine;
-};
 
 /// A small random model with a demand distribution of 2 to 10 points.
 ModelScript RandomStochModel(Dice& dice);
@@ -63,8 +51,8 @@ class StochBruteForce {
     void AddStationSteps(std::vector<float>& volumes) const;
 
     ModelScript m_model;
-    std::vector<std::pair<float, float>> m_demand;  ///< ascending
-    std::vector<float> m_production;                ///< at the demand points
+    std::vector<DemandPoint> m_demand;  ///< ascending
+    std::vector<float> m_production;    ///< at the demand points
     std::vector<Load> m_loads;
     double m_penalty;
     float m_first = 0;

@@ -17,10 +17,8 @@ namespace quarnel02::test {
 inline ModelScript StagesModel() {
     ModelScript model;
     model.Tasks = 2;
-    model.Days = 250;
-    model.Acf = 0.3;
+    model.ACF = 0.3;
     model.LaborCost = 10;
-    model.TransportTime = 0;
     model.Resources = {{"Robot", 2, 9000, 36, 100, 1, 54, 1},
                        {"Press", 1, 251000, 36, 100, 1, 0, 4}};
     model.Matrix = {{1, 1, 60, 1, 1000}, {1, 2, 48, 2, 1000}, {2, 2, 24, 1, 1000}};
@@ -28,18 +26,29 @@ inline ModelScript StagesModel() {
     return model;
 }
 
+/// Tasks, and ovens that cost 30,000 a year per station with a tool of 1,000, and nothing else. 250
+/// days of three shifts are 21,600,000 seconds: a station that needs 216 s serves 100,000 units.
+inline ModelScript OvensModel(int tasks, int ovens) {
+    ModelScript model;
+    model.Tasks = tasks;
+    model.ACF = 0.3;
+    model.LaborCost = 0;
+    model.Resources.assign(static_cast<std::size_t>(ovens), {"Oven", 3, 99000});
+    model.Demand = {{100000, 40}, {200000, 60}};
+    return model;
+}
+
+/// One task of so many seconds on one oven.
+inline ModelScript OvenModel(double seconds) {
+    ModelScript model = OvensModel(1, 1);
+    model.Matrix = {{1, 1, seconds, 7, 1000}};
+    return model;
+}
+
 /// One task on one resource whose k stations serve 100,000 k units a year, for 30,000 k a year
 /// and nothing else: with a penalty of 0.25 per unit one station is the best.
 inline ModelScript PenaltyModel() {
-    ModelScript model;
-    model.Tasks = 1;
-    model.Days = 250;
-    model.Acf = 0.3;
-    model.LaborCost = 0;
-    model.Resources = {{"Oven", 3, 99000, 0, 100, 1, 0, 1}};
-    model.Matrix = {{1, 1, 216, 7, 1000}};
-    model.Demand = {{100000, 40}, {200000, 60}};
-    return model;
+    return OvenModel(216);
 }
 
 /// Three tasks with a resource each. Their stations serve 1,000, 1,003 and 1,007 units a year, so
@@ -47,8 +56,7 @@ inline ModelScript PenaltyModel() {
 inline ModelScript LongTableModel() {
     ModelScript model;
     model.Tasks = 3;
-    model.Days = 250;
-    model.Acf = 0.3;
+    model.ACF = 0.3;
     model.LaborCost = 1;
     model.Resources = {{"First", 0, 900}, {"Second", 1, 800}, {"Third", 2, 700}};
     for (int task = 1; task <= model.Tasks; ++task) {
