@@ -15,7 +15,7 @@ namespace quarnel02 {
 namespace {
 
 RC_GTEST_PROP(ArcContentsOfRandomModels, AreThoseOfEveryResourceThatCanDoTheArc, ()) {
-    const LineModel model = test::RandomParts(test::Roll(5, 10)).Model();
+    const LineModel model = test::RandomModel(test::Roll(5, 10)).Model();
     ArcContents contents(model);
     for (int last = 1; last <= model.TaskCount(); ++last) {
         contents.Next();

@@ -4,47 +4,27 @@
 
 #include <vector>
 
+#include "support/ModelScript.h"
 #include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
 namespace {
 
-/// A press of the worked example; figures of a second resource differ where a test says so.
-Resource Press(int number) {
-    Resource press;
-    press.Number = number;
-    press.ShortName = "Press";
-    press.FixedCost = 10000;
-    press.VarCost = 20;
-    press.UpTime = 90;
-    press.ICF = 1.2;
-    press.ToolChange = 10;
-    press.StatPerWrk = 1;
-    return press;
-}
-
-Production WorkedYear() {
-    Production production;
-    production.Days = 250;
-    production.ACF = 0.3;
-    production.LaborCost = 15;
-    production.TransportTime = 5;
-    return production;
-}
-
-const std::vector<Task> kTwoTasks = {{1, "First task"}, {2, "Second task"}};
-const std::vector<MatrixRow> kWorkedMatrix = {{1, 1, {30, 1, 500}}, {1, 2, {20, 1, 500}}};
+using test::ModelScript;
+using test::WorkedExample;
 
 PreparedLine WorkedLine() {
-    return Prepare({WorkedYear(), {Press(1)}, kTwoTasks, kWorkedMatrix, {}});
+    return Prepare(WorkedExample().Model());
 }
 
-/// Two presses alike.
-PreparedLine TwinPresses(const Resource& second) {
-    std::vector<MatrixRow> matrix = kWorkedMatrix;
-    matrix.push_back({2, 1, {30, 1, 500}});
-    matrix.push_back({2, 2, {20, 1, 500}});
-    return Prepare({WorkedYear(), {Press(1), second}, kTwoTasks, matrix, {}});
+/// Two presses alike but for what the second one costs.
+PreparedLine TwinPresses(double secondCost = 10000) {
+    ModelScript model = WorkedExample();
+    model.Resources.push_back(model.Resources[0]);
+    model.Resources[1].FixedCost = secondCost;
+    model.Matrix.push_back({2, 1, 30, 1, 500});
+    model.Matrix.push_back({2, 2, 20, 1, 500});
+    return Prepare(model.Model());
 }
 
 FixedDemandRequest OneShift(double volume) {
@@ -93,36 +73,29 @@ TEST(CheapestLine, IsNoneWithinTooNarrowALimit) {
 }
 
 TEST(CheapestLine, IsNoneWhenATaskIsLeftOut) {
-    const std::vector<MatrixRow> matrix = {{1, 1, {30, 1, 500}}, {1, 2, {0, 1, 500}}};
-    EXPECT_FALSE(
-        CheapestLine(Prepare({WorkedYear(), {Press(1)}, kTwoTasks, matrix, {}}), OneShift(100000)));
-    EXPECT_FALSE(
-        CheapestLine(Prepare({WorkedYear(), {Press(1)}, kTwoTasks, {}, {}}), OneShift(100000)));
+    ModelScript model = WorkedExample();
+    model.Matrix[1].Entry.TaskTime = 0;
+    EXPECT_FALSE(CheapestLine(Prepare(model.Model()), OneShift(100000)));
+    model.Matrix.clear();
+    EXPECT_FALSE(CheapestLine(Prepare(model.Model()), OneShift(100000)));
     EXPECT_FALSE(CheapestLine({}, OneShift(100000)));
 }
 
 TEST(CheapestLine, TakesTheFirstOfResourcesAlike) {
-    const auto line = CheapestLine(TwinPresses(Press(2)), OneShift(100000));
+    const auto line = CheapestLine(TwinPresses(), OneShift(100000));
     ASSERT_TRUE(line);
     EXPECT_EQ(line->Groups[0].Group.Resource, 1);
-    Resource cheaper = Press(2);
-    cheaper.FixedCost = 9999;
-    EXPECT_EQ(CheapestLine(TwinPresses(cheaper), OneShift(100000))->Groups[0].Group.Resource, 2);
+    EXPECT_EQ(CheapestLine(TwinPresses(9999), OneShift(100000))->Groups[0].Group.Resource, 2);
 }
 
 TEST(CheapestLine, KeepsTasksTogetherWhereAllSplitsCostTheSame) {
-    Resource free;
-    free.Number = 1;
-    free.UpTime = 100;
-    free.StatPerWrk = 1;
-    const std::vector<MatrixRow> matrix = {{1, 1, {5, 1, 0}}, {1, 2, {5, 1, 0}}};
-    const auto line =
-        CheapestLine(Prepare({WorkedYear(), {free}, kTwoTasks, matrix, {}}), {1000, 0, {}});
+    ModelScript free = WorkedExample();
+    free.Resources = {{"Free"}};
+    free.Matrix = {{1, 1, 5, 1}, {1, 2, 5, 1}};
+    const auto line = CheapestLine(Prepare(free.Model()), {1000, 0, {}});
     EXPECT_FALSE(line) << "without shifts there is no time";
-    Production unpaid = WorkedYear();
-    unpaid.LaborCost = 0;
-    const auto all_free =
-        CheapestLine(Prepare({unpaid, {free}, kTwoTasks, matrix, {}}), OneShift(1000));
+    free.LaborCost = 0;
+    const auto all_free = CheapestLine(Prepare(free.Model()), OneShift(1000));
     ASSERT_TRUE(all_free) << "nodes reached at no cost are reached";
     EXPECT_EQ(all_free->Cost, 0.0F);
     ASSERT_EQ(all_free->Groups.size(), 1U);
@@ -156,9 +129,7 @@ TEST(CostAll, PutsMoreStationsThanCanBeCountedOverEveryLimit) {
 }
 
 TEST(CheapestWays, AreOnePerArcByEndAndStart) {
-    Resource cheaper = Press(2);
-    cheaper.FixedCost = 9999;
-    const PreparedLine line = TwinPresses(cheaper);
+    const PreparedLine line = TwinPresses(9999);
     CostedPathways costed = CostAll(line, OneShift(100000));
     const std::vector<Way> ways = CheapestWays(line, costed);
     // Pathways 1 to 3 are those of the first press, 4 to 6 of the second: task 1, 1 and 2, task 2.

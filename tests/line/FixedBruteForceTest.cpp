@@ -20,7 +20,7 @@
 namespace quarnel02 {
 namespace {
 
-using test::RandomParts;
+using test::RandomModel;
 using test::RandomRequest;
 using test::Roll;
 
@@ -96,7 +96,7 @@ std::vector<std::tuple<int, int, int, int, int>> Described(const std::optional<L
 }
 
 RC_GTEST_PROP(CheapestLineOfRandomModels, IsTheCheapestOfAllLines, ()) {
-    const LineModel model = RandomParts(Roll(5, 10)).Model();
+    const LineModel model = RandomModel(Roll(5, 10)).Model();
     const FixedDemandRequest request = RandomRequest(model);
     const auto line = CheapestLine(Prepare(model), request);
     const auto least = LeastCost(model, request);
@@ -110,20 +110,19 @@ RC_GTEST_PROP(CheapestLineOfRandomModels, IsTheCheapestOfAllLines, ()) {
 }
 
 RC_GTEST_PROP(CheapestLineOfRandomModels, DoesNotDependOnTheOrderOfEntry, ()) {
-    const test::LineParts parts = RandomParts(Roll(5, 10));
+    const test::ModelScript parts = RandomModel(Roll(5, 10));
     const LineModel model = parts.Model();
     const FixedDemandRequest request = RandomRequest(model);
     RC_ASSERT(Described(CheapestLine(Prepare(model), request)) ==
-              Described(CheapestLine(Prepare(test::Shuffled(parts).Model()), request)));
+              Described(CheapestLine(Prepare(test::Shuffled(parts)), request)));
 }
 
 RC_GTEST_PROP(CheapestLineOfRandomModels, NeverUsesACopyOfAResource, ()) {
-    test::LineParts parts = RandomParts(Roll(5, 10));
+    test::ModelScript parts = RandomModel(Roll(5, 10));
     const LineModel model = parts.Model();
     const FixedDemandRequest request = RandomRequest(model);
-    const int copy = static_cast<int>(parts.Resources.size()) + 1;
     parts.Resources.push_back(parts.Resources.front());
-    parts.Resources.back().Number = copy;
+    const int copy = static_cast<int>(parts.Resources.size());
     for (const MatrixRow& row : std::vector<MatrixRow>(parts.Matrix)) {
         if (row.Resource == 1) {
             parts.Matrix.push_back({copy, row.Task, row.Entry});
@@ -134,7 +133,7 @@ RC_GTEST_PROP(CheapestLineOfRandomModels, NeverUsesACopyOfAResource, ()) {
 }
 
 RC_GTEST_PROP(CheapestWaysOfRandomModels, AreTheFirstOfTheCheapestOfTheirArcs, ()) {
-    const PreparedLine line = Prepare(RandomParts(Roll(5, 10)).Model());
+    const PreparedLine line = Prepare(RandomModel(Roll(5, 10)).Model());
     const CostedPathways costed = CostAll(line, RandomRequest(line.Model));
     std::vector<Way> expected;
     for (int end = 2; end <= line.Model.TaskCount() + 1; ++end) {
@@ -157,7 +156,7 @@ RC_GTEST_PROP(CheapestWaysOfRandomModels, AreTheFirstOfTheCheapestOfTheirArcs, (
 }
 
 RC_GTEST_PROP(ReportedChainOfRandomModels, IsTheCheapestToTheLastNodeWhereItFindsOne, ()) {
-    const PreparedLine line = Prepare(RandomParts(Roll(4, 10)).Model());
+    const PreparedLine line = Prepare(RandomModel(Roll(4, 10)).Model());
     const std::vector<Way> ways = CheapestWays(line, CostAll(line, RandomRequest(line.Model)));
     RC_PRE(!ways.empty());
     const ReportedChain reported = SearchReportedChain(ways);
@@ -172,7 +171,7 @@ RC_GTEST_PROP(ReportedChainOfRandomModels, IsTheCheapestToTheLastNodeWhereItFind
 }
 
 RC_GTEST_PROP(ReportedChainOfRandomModels, HasNoDeadEndWhereEveryArcHasAWay, ()) {
-    const PreparedLine line = Prepare(RandomParts(10).Model());
+    const PreparedLine line = Prepare(RandomModel(10).Model());
     FixedDemandRequest request = RandomRequest(line.Model);
     request.StationLimit.reset();
     const std::vector<Way> ways = CheapestWays(line, CostAll(line, request));

@@ -16,20 +16,16 @@ namespace {
 
 /// Resources with an uptime, and which of the tasks they can do, each in a second.
 LineModel Able(int tasks, const std::vector<std::vector<int>>& tasksOfResources) {
-    test::LineParts parts;
-    for (int task = 1; task <= tasks; ++task) {
-        parts.Tasks.push_back({task, ""});
-    }
+    test::ModelScript model;
+    model.Tasks = tasks;
     for (const std::vector<int>& can_do : tasksOfResources) {
-        Resource resource;
-        resource.Number = static_cast<int>(parts.Resources.size()) + 1;
-        resource.UpTime = 100;
+        model.Resources.emplace_back();
+        const int resource = static_cast<int>(model.Resources.size());
         for (const int task : can_do) {
-            parts.Matrix.push_back({resource.Number, task, {1, 1, 10}});
+            model.Matrix.push_back({resource, task, 1, 1, 10});
         }
-        parts.Resources.push_back(resource);
     }
-    return parts.Model();
+    return model.Model();
 }
 
 std::vector<int> UpTo(int last) {
@@ -90,7 +86,7 @@ TEST(Pathways, AreListedWhateverTheFiguresOfTheResources) {
 }
 
 RC_GTEST_PROP(Pathways, AreAllRangesOfTasksThatAResourceCanDo, ()) {
-    const LineModel model = test::RandomParts(test::Roll(3, 10)).Model();
+    const LineModel model = test::RandomModel(test::Roll(3, 10)).Model();
     std::vector<Pathway> expected;
     for (int resource = 1; resource <= model.ResourceCount(); ++resource) {
         for (int first = 1; first <= model.TaskCount(); ++first) {
@@ -109,7 +105,7 @@ RC_GTEST_PROP(Pathways, AreAllRangesOfTasksThatAResourceCanDo, ()) {
 }
 
 RC_GTEST_PROP(Pathways, HaveTheContentsOfTheirTasksWhereverTheyBegin, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(test::Roll(5, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(test::Roll(5, 10)).Model());
     RC_ASSERT(line.Contents.size() == line.Pathways.size());
     for (std::size_t place = 0; place < line.Pathways.size(); ++place) {
         const auto& [resource, first, last] = line.Pathways[place];
@@ -121,7 +117,7 @@ RC_GTEST_PROP(Pathways, HaveTheContentsOfTheirTasksWhereverTheyBegin, ()) {
 }
 
 RC_GTEST_PROP(Pathways, HaveTheSameContentsWhicheverOfThemAreAskedFor, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(test::Roll(5, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(test::Roll(5, 10)).Model());
     std::vector<Pathway> some;
     std::vector<WorkContent> expected;
     for (std::size_t place = 0; place < line.Pathways.size(); ++place) {

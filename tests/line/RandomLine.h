@@ -8,7 +8,7 @@
 
 #include "line/ContentTwin.h"
 #include "line/FixedDemand.h"
-#include "line/LineModel.h"
+#include "support/ModelScript.h"
 
 namespace quarnel02::test {
 
@@ -22,21 +22,8 @@ Value OneOf(std::initializer_list<Value> values) {
     return *(values.begin() + Roll(0, static_cast<int>(values.size()) - 1));
 }
 
-/// The parts of a small random model before they become a LineModel, so that a test can change
-/// their order. Figures come from few values, so that equal costs, free stations, times of 0 and
-/// pairs without a row are common.
-struct LineParts {
-    Production Parameters;
-    std::vector<Resource> Resources;
-    std::vector<Task> Tasks;
-    std::vector<MatrixRow> Matrix;
-
-    [[nodiscard]] LineModel Model() const { return {Parameters, Resources, Tasks, Matrix, {}}; }
-};
-
-inline Resource RandomResource(int number) {
-    Resource resource;
-    resource.Number = number;
+inline ResourceRow RandomResource() {
+    ResourceRow resource("");
     resource.FixedCost = OneOf({0.0, 0.0, 5000.0, 12345.67});
     resource.VarCost = OneOf({0.0, 0.0, 7.5, 20.0});
     resource.UpTime = OneOf({100.0, 100.0, 90.0, 33.3});
@@ -51,27 +38,25 @@ inline MatrixEntry RandomEntry() {
             OneOf({0.0, 0.0, 100.0, 2500.55})};
 }
 
-/// `density`: pairs in ten that have a row.
-inline LineParts RandomParts(int density) {
-    LineParts parts;
-    parts.Parameters.Days = OneOf({240.0, 250.0});
-    parts.Parameters.ACF = OneOf({0.0, 0.25, 0.3});
-    parts.Parameters.LaborCost = OneOf({0.0, 0.0, 15.0, 22.5});
-    parts.Parameters.TransportTime = OneOf({0.0, 2.0, 5.0});
-    const int tasks = Roll(1, 6);
+/// A small random model without demand. Figures come from few values, so that equal costs, free
+/// stations, times of 0 and pairs without a row are common. `density`: pairs in ten with a row.
+inline ModelScript RandomModel(int density) {
+    ModelScript model;
+    model.Days = OneOf({240.0, 250.0});
+    model.ACF = OneOf({0.0, 0.25, 0.3});
+    model.LaborCost = OneOf({0.0, 0.0, 15.0, 22.5});
+    model.TransportTime = OneOf({0.0, 2.0, 5.0});
+    model.Tasks = Roll(1, 6);
     const int resources = Roll(1, 4);
-    for (int task = 1; task <= tasks; ++task) {
-        parts.Tasks.push_back({task, ""});
-    }
     for (int number = 1; number <= resources; ++number) {
-        parts.Resources.push_back(RandomResource(number));
-        for (int task = 1; task <= tasks; ++task) {
+        model.Resources.push_back(RandomResource());
+        for (int task = 1; task <= model.Tasks; ++task) {
             if (Roll(1, 10) <= density) {
-                parts.Matrix.push_back({number, task, RandomEntry()});
+                model.Matrix.push_back({number, task, RandomEntry()});
             }
         }
     }
-    return parts;
+    return model;
 }
 
 template <typename Record>
@@ -82,11 +67,14 @@ void Shuffle(std::vector<Record>& records) {
     }
 }
 
-inline LineParts Shuffled(LineParts parts) {
-    Shuffle(parts.Resources);
-    Shuffle(parts.Tasks);
-    Shuffle(parts.Matrix);
-    return parts;
+/// The same model from records in another order.
+inline LineModel Shuffled(ModelScript model) {
+    std::vector<Resource> resources = model.NumberedResources();
+    std::vector<Task> tasks = model.NumberedTasks();
+    Shuffle(resources);
+    Shuffle(tasks);
+    Shuffle(model.Matrix);
+    return {model, resources, tasks, model.Matrix, model.Demand};
 }
 
 /// A volume whose cycle time is met exactly by some stations of the first resource that can do

@@ -10,14 +10,15 @@
 
 #include "line/CostModel.h"
 #include "line/RandomLine.h"
-#include "line/StochasticModels.h"
+#include "support/StochModels.h"
 
 namespace quarnel02 {
 namespace {
 
 using test::OvenModel;
 
-CostCurve CurveOfOven(const LineModel& model) {
+CostCurve CurveOfOven(const test::ModelScript& script) {
+    const LineModel model = script.Model();
     const DemandDistribution demand(model.Demand());
     return ResourceCurve(model, demand, 1,
                          ContentOf(model.Entries(1, 1, 1), model.ResourceOf(1), 0));
@@ -44,7 +45,9 @@ TEST(ResourceCurveOverCapacity, StepsUpWithEveryStation) {
 
 TEST(ResourceCurveOverCapacity, StepsDownWithTheShifts) {
     // One worker per station: 8 h x 250 x 10 = 20,000 a year per shift; shifts 3, 2.6, 1.6 and 1.
-    const CostCurve curve = CurveOfOven(OvenModel(36, 10));  // a station serves 600,000 units
+    test::ModelScript model = OvenModel(36);  // a station serves 600,000 units
+    model.LaborCost = 10;
+    const CostCurve curve = CurveOfOven(model);
     const CurveTag one{1, 1, 0};
     EXPECT_EQ(SegmentsOf(curve),
               (std::vector<CurveSegment>{{100000, PreviousSingle(150000), 90000, 90000, one},
@@ -54,11 +57,8 @@ TEST(ResourceCurveOverCapacity, StepsDownWithTheShifts) {
 }
 
 TEST(ResourceCurveOverCapacity, RisesWithTheExpectedProduction) {
-    Production year = test::YearOfSeconds(0);
-    Resource oven = test::Oven(1);
-    oven.VarCost = 36;  // 0.01 a second: 0.36 a unit
-    const LineModel model(year, {oven}, test::TasksTo(1),
-                          std::vector<MatrixRow>{{1, 1, {36, 7, 1000}}}, test::kTwoVolumes);
+    test::ModelScript model = OvenModel(36);
+    model.Resources[0].VarCost = 36;  // 0.01 a second: 0.36 a unit
     const CurveTag one{1, 1, 0};
     const std::vector<CurveSegment> segments = SegmentsOf(CurveOfOven(model));
     EXPECT_EQ(segments.front().CostStart, 30000 + 36000);  // makes 100,000
@@ -98,10 +98,10 @@ void CheckAgainstFixedDemand(const LineModel& model, int resource, int first, in
 
 /// Capacity v works a certain demand v in three shifts, 1.5 v in two and 3 v in one.
 RC_GTEST_PROP(ResourceCurveOfACertainDemand, CostsWhatAFixedDemandCosts, ()) {
-    const test::LineParts parts = test::RandomParts(10);
+    test::ModelScript parts = test::RandomModel(10);
     const float volume = static_cast<float>(test::Roll(20, 4000)) * 100;
-    const LineModel model(parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix,
-                          {{volume, 100}});
+    parts.Demand = {{volume, 100}};
+    const LineModel model = parts.Model();
     const int last = test::Roll(1, model.TaskCount());
     const int first = test::Roll(1, last);
     const int resource = test::Roll(1, model.ResourceCount());
@@ -131,14 +131,14 @@ std::vector<double> FillingTimes(int tenths) {
 RC_GTEST_PROP(ResourceCurveOfAFullStation, NeedsNoFurtherOne, ()) {
     const int cycle = 60 * test::Roll(1, 5);
     const int stations = test::Roll(1, 4);
-    std::vector<MatrixRow> matrix;
+    test::ModelScript filled = test::OvensModel(0, 1);
     for (const double time : FillingTimes(10 * cycle * stations)) {
-        matrix.push_back({1, static_cast<int>(matrix.size()) + 1, {time, 1, 500}});
+        filled.Matrix.push_back({1, ++filled.Tasks, time, 1, 500});
     }
-    const int tasks = static_cast<int>(matrix.size());
+    const int tasks = filled.Tasks;
     const auto volume = static_cast<float>(21600000 / cycle);
-    const LineModel model(test::YearOfSeconds(0), {test::Oven(1)}, test::TasksTo(tasks), matrix,
-                          {{volume / 3, 50}, {volume, 50}});
+    filled.Demand = {{volume / 3, 50}, {volume, 50}};
+    const LineModel model = filled.Model();
     const CostCurve curve =
         ResourceCurve(model, DemandDistribution(model.Demand()), 1,
                       ContentOf(model.Entries(1, 1, tasks), model.ResourceOf(1), 0));

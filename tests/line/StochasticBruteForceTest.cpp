@@ -22,20 +22,12 @@ using test::Roll;
 using test::StochasticTwin;
 
 /// Every station costs labour, so that no cost is 0, which the design would take for 10,000.
-test::LineParts RandomLabouredParts() {
-    test::LineParts parts = test::RandomParts(Roll(7, 10));
-    parts.Parameters.LaborCost = OneOf({15.0, 22.5});
-    return parts;
-}
-
-std::vector<DemandPoint> RandomLikelyDemand() {
-    std::vector<DemandPoint> demand = test::RandomDemand();
-    demand.back().Probability = std::max(demand.back().Probability, 1.0F);
-    return demand;
-}
-
-LineModel ModelOf(const test::LineParts& parts, std::vector<DemandPoint> demand) {
-    return {parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix, std::move(demand)};
+test::ModelScript RandomLabouredModel() {
+    test::ModelScript model = test::RandomModel(Roll(7, 10));
+    model.LaborCost = OneOf({15.0, 22.5});
+    model.Demand = test::RandomDemand();
+    model.Demand.back().Probability = std::max(model.Demand.back().Probability, 1.0F);
+    return model;
 }
 
 /// Costs are added as singles: some parts in ten million of the sum of what was added.
@@ -44,7 +36,7 @@ bool Near(double a, double b, double scale) {
 }
 
 RC_GTEST_PROP(StochasticDesignOfRandomModels, IsTheCheapestOfAllLinesAtAllCapacities, ()) {
-    const LineModel model = ModelOf(RandomLabouredParts(), RandomLikelyDemand());
+    const LineModel model = RandomLabouredModel().Model();
     const float penalty = OneOf({0.0F, 0.5F, 3.0F});
     const StochasticResult result = DesignForDemand(model, penalty);
     const StochasticTwin twin(model, static_cast<double>(penalty));
@@ -66,7 +58,7 @@ RC_GTEST_PROP(StochasticDesignOfRandomModels, IsTheCheapestOfAllLinesAtAllCapaci
 }
 
 RC_GTEST_PROP(StochasticDesignOfRandomModels, CostsWhatItsGroupsAndItsPenaltyCost, ()) {
-    const LineModel model = ModelOf(RandomLabouredParts(), RandomLikelyDemand());
+    const LineModel model = RandomLabouredModel().Model();
     const float penalty = OneOf({0.0F, 0.5F, 3.0F});
     const auto line = DesignForDemand(model, penalty).Line;
     RC_PRE(line.has_value());
@@ -95,7 +87,7 @@ RC_GTEST_PROP(StochasticDesignOfRandomModels, CostsWhatItsGroupsAndItsPenaltyCos
 
 RC_GTEST_PROP(StochasticDesignOfRandomModels, CostsOnAverageWhatItsDemandPointsCost, ()) {
     // The charge on capital is due with certainty, whatever the probabilities add up to.
-    const LineModel model = ModelOf(RandomLabouredParts(), RandomLikelyDemand());
+    const LineModel model = RandomLabouredModel().Model();
     const auto line = DesignForDemand(model, OneOf({0.0F, 0.5F, 3.0F})).Line;
     RC_PRE(line.has_value());
     double average = line->FixedCosts;
@@ -107,8 +99,8 @@ RC_GTEST_PROP(StochasticDesignOfRandomModels, CostsOnAverageWhatItsDemandPointsC
 }
 
 RC_GTEST_PROP(StochasticDesignOfRandomModels, DoesNotDependOnTheOrderOfEntry, ()) {
-    const test::LineParts parts = RandomLabouredParts();
-    std::vector<DemandPoint> demand = RandomLikelyDemand();
+    test::ModelScript model = RandomLabouredModel();
+    std::vector<DemandPoint>& demand = model.Demand;
     // Points of one volume are listed in their order.
     std::sort(demand.begin(), demand.end(),
               [](const auto& a, const auto& b) { return a.Volume < b.Volume; });
@@ -116,10 +108,9 @@ RC_GTEST_PROP(StochasticDesignOfRandomModels, DoesNotDependOnTheOrderOfEntry, ()
                              [](const auto& a, const auto& b) { return a.Volume == b.Volume; }),
                  demand.end());
     RC_PRE(demand.back().Probability > 0);
-    const StochasticResult result = DesignForDemand(ModelOf(parts, demand), 1);
+    const StochasticResult result = DesignForDemand(model.Model(), 1);
     test::Shuffle(demand);
-    const StochasticResult other =
-        DesignForDemand(ModelOf(test::Shuffled(parts), std::move(demand)), 1);
+    const StochasticResult other = DesignForDemand(test::Shuffled(model), 1);
     const auto segments = result.ExpectedCosts.Segments();
     const auto others = other.ExpectedCosts.Segments();
     RC_ASSERT(std::equal(segments.begin(), segments.end(), others.begin(), others.end()));

@@ -5,19 +5,18 @@
 #include <limits>
 #include <vector>
 
-#include "line/StochasticModels.h"
 #include "support/RunTimeErrors.h"
+#include "support/StochModels.h"
 
 namespace quarnel02 {
 namespace {
 
-using test::Oven;
 using test::OvenModel;
-using test::TasksTo;
+using test::OvensModel;
 
 TEST(StochasticDesign, TakesOneStationWhereTheShortfallIsCheaperThanAnotherOne) {
     // At 100,000 units 30,000 for a station and 60,000 units short at 0.25; at 200,000 60,000.
-    const auto result = DesignForDemand(OvenModel(216), 0.25F);
+    const auto result = DesignForDemand(OvenModel(216).Model(), 0.25F);
     ASSERT_TRUE(result.Line);
     const StochasticLine& line = *result.Line;
     EXPECT_EQ(line.Capacity, 100000);
@@ -32,7 +31,7 @@ TEST(StochasticDesign, TakesOneStationWhereTheShortfallIsCheaperThanAnotherOne) 
 }
 
 TEST(StochasticDesign, TakesTwoStationsWhereTheShortfallIsDearer) {
-    const auto line = DesignForDemand(OvenModel(216), 1).Line;
+    const auto line = DesignForDemand(OvenModel(216).Model(), 1).Line;
     ASSERT_TRUE(line);
     EXPECT_EQ(line->Capacity, 200000);
     EXPECT_EQ(line->ExpectedCost, 60000);
@@ -42,12 +41,14 @@ TEST(StochasticDesign, TakesTwoStationsWhereTheShortfallIsDearer) {
 
 TEST(StochasticDesign, TakesTheEarliestOfEqualVolumes) {
     // 30,000 for one station and 60,000 units short at 0.5, or 60,000 for two.
-    EXPECT_EQ(DesignForDemand(OvenModel(216), 0.5F).Line.value().Capacity, 100000);
+    EXPECT_EQ(DesignForDemand(OvenModel(216).Model(), 0.5F).Line.value().Capacity, 100000);
 }
 
 TEST(StochasticDesign, SaysWhatEveryDemandPointCosts) {
     // A worker costs 20,000 a year per shift; both points are worked in three shifts.
-    const auto line = DesignForDemand(OvenModel(216, 10), 0.25F).Line;
+    test::ModelScript paid = OvenModel(216);
+    paid.LaborCost = 10;
+    const auto line = DesignForDemand(paid.Model(), 0.25F).Line;
     ASSERT_TRUE(line);
     ASSERT_EQ(line->Capacity, 100000);
     ASSERT_EQ(line->Outcomes.size(), 2U);
@@ -63,13 +64,11 @@ TEST(StochasticDesign, SaysWhatEveryDemandPointCosts) {
 
 /// Two tasks; a resource each, and a third one that can do both.
 LineModel ThreeOvens(double fixedCostOfThird) {
-    std::vector<Resource> ovens = {Oven(1), Oven(2), Oven(3)};
-    ovens[2].FixedCost = fixedCostOfThird;
-    const std::vector<MatrixRow> matrix = {{1, 1, {108, 1, 1000}},
-                                           {2, 2, {54, 1, 1000}},
-                                           {3, 1, {54, 1, 1000}},
-                                           {3, 2, {54, 1, 1000}}};
-    return {test::YearOfSeconds(0), ovens, TasksTo(2), matrix, test::kTwoVolumes};
+    test::ModelScript model = OvensModel(2, 3);
+    model.Resources[2].FixedCost = fixedCostOfThird;
+    model.Matrix = {
+        {1, 1, 108, 1, 1000}, {2, 2, 54, 1, 1000}, {3, 1, 54, 1, 1000}, {3, 2, 54, 1, 1000}};
+    return model.Model();
 }
 
 TEST(StochasticDesign, TracesTheLineBackThroughTheGroupsBeforeItsLast) {
@@ -90,14 +89,12 @@ TEST(StochasticDesign, TakesOneGroupForAllTasksWhereThatIsCheaper) {
 
 /// A line that costs nothing and one that costs 0.3 x so much a year.
 LineModel FreeAndPaid(double price) {
-    std::vector<Resource> ovens = {Oven(1), Oven(2), Oven(1)};
-    ovens[0].FixedCost = 0;
-    ovens[1].FixedCost = 0;
-    ovens[2].Number = 3;
-    ovens[2].FixedCost = price;
-    const std::vector<MatrixRow> matrix = {
-        {1, 1, {10, 1, 0}}, {2, 2, {10, 1, 0}}, {3, 1, {10, 1, 0}}, {3, 2, {10, 1, 0}}};
-    return {test::YearOfSeconds(0), ovens, TasksTo(2), matrix, test::kTwoVolumes};
+    test::ModelScript model = OvensModel(2, 3);
+    model.Resources[0].FixedCost = 0;
+    model.Resources[1].FixedCost = 0;
+    model.Resources[2].FixedCost = price;
+    model.Matrix = {{1, 1, 10, 1}, {2, 2, 10, 1}, {3, 1, 10, 1}, {3, 2, 10, 1}};
+    return model.Model();
 }
 
 TEST(StochasticDesign, TakesACostOfZeroForTenThousandBetweenLinesOfAPrefix) {
@@ -106,32 +103,30 @@ TEST(StochasticDesign, TakesACostOfZeroForTenThousandBetweenLinesOfAPrefix) {
 }
 
 TEST(StochasticDesign, TakesACostOfZeroForWhatItIsBetweenResources) {
-    std::vector<Resource> ovens = {Oven(1), Oven(2)};
-    ovens[0].FixedCost = 1000;
-    ovens[1].FixedCost = 0;
-    const std::vector<MatrixRow> matrix = {{1, 1, {10, 1, 0}}, {2, 1, {10, 1, 0}}};
-    const LineModel model(test::YearOfSeconds(0), ovens, TasksTo(1), matrix, test::kTwoVolumes);
-    EXPECT_EQ(DesignForDemand(model, 0).Line.value().Groups.front().Group.Resource, 2);
+    test::ModelScript model = OvensModel(1, 2);
+    model.Resources[0].FixedCost = 1000;
+    model.Resources[1].FixedCost = 0;
+    model.Matrix = {{1, 1, 10, 1}, {2, 1, 10, 1}};
+    EXPECT_EQ(DesignForDemand(model.Model(), 0).Line.value().Groups.front().Group.Resource, 2);
 }
 
 TEST(StochasticDesign, NamesTheFirstTaskThatNothingCanDo) {
-    const std::vector<MatrixRow> matrix = {{1, 1, {10, 1, 0}}, {1, 3, {10, 1, 0}}};
-    const LineModel model(test::YearOfSeconds(0), {Oven(1)}, TasksTo(3), matrix, test::kTwoVolumes);
-    const auto result = DesignForDemand(model, 0);
+    test::ModelScript model = OvensModel(3, 1);
+    model.Matrix = {{1, 1, 10, 1}, {1, 3, 10, 1}};
+    const auto result = DesignForDemand(model.Model(), 0);
     EXPECT_EQ(result.ImpossibleTask, 2);
     EXPECT_FALSE(result.Line);
     EXPECT_TRUE(result.ExpectedCosts.IsEmpty());
 }
 
 TEST(StochasticDesign, OfNoTasksIsNoLine) {
-    const LineModel model(test::YearOfSeconds(0), {Oven(1)}, {}, {}, test::kTwoVolumes);
-    const auto result = DesignForDemand(model, 0);
+    const auto result = DesignForDemand(OvensModel(0, 1).Model(), 0);
     EXPECT_FALSE(result.Line);
     EXPECT_EQ(result.ImpossibleTask, 0);
 }
 
 TEST(StochasticDesign, SaysWhichCurvesEndAtTooManyStations) {
-    const auto result = DesignForDemand(OvenModel(216 * 1000.0), 0);
+    const auto result = DesignForDemand(OvenModel(216 * 1000.0).Model(), 0);
     EXPECT_EQ(result.EarlyEnds,
               (std::vector<EarlyEnd>{
                   {{CurveStage::Resource, 1, 1, 1}, CurveEnd::TooManyStations, 409500, false}}));
@@ -139,31 +134,15 @@ TEST(StochasticDesign, SaysWhichCurvesEndAtTooManyStations) {
 }
 
 TEST(StochasticDesign, SaysWhichResourceHasNoCurve) {
-    const auto result = DesignForDemand(OvenModel(216 * 5000.0), 0);
+    const auto result = DesignForDemand(OvenModel(216 * 5000.0).Model(), 0);
     EXPECT_EQ(result.EarlyEnds,
               (std::vector<EarlyEnd>{
                   {{CurveStage::Resource, 1, 1, 1}, CurveEnd::TooManyStations, 100000, true}}));
     EXPECT_EQ(result.ImpossibleTask, 1);
 }
 
-/// Three tasks with a resource each. Their stations serve 1,000, 1,003 and 1,007 units a year, so
-/// that up to 3 x 1,300,000 units there are about 3 x 3,900 volumes that need one station more.
-LineModel LongCurves() {
-    std::vector<MatrixRow> matrix;
-    int task = 0;
-    for (const double served : {1000.0, 1003.0, 1007.0}) {
-        ++task;
-        matrix.push_back({task, task, {21600000 / served, 1, 100}});
-    }
-    return {test::YearOfSeconds(1),
-            {Oven(1), Oven(2), Oven(3)},
-            TasksTo(3),
-            matrix,
-            {{1000, 50}, {1300000, 50}}};
-}
-
 TEST(StochasticDesign, SaysWhichCurvesAreTooLong) {
-    const auto result = DesignForDemand(LongCurves(), 0);
+    const auto result = DesignForDemand(test::LongTableModel().Model(), 0);
     ASSERT_EQ(result.EarlyEnds.size(), 1U);
     EXPECT_EQ(result.EarlyEnds[0].Curve, (CurveName{CurveStage::Candidate, 1, 3, 1}));
     EXPECT_EQ(result.EarlyEnds[0].Reason, CurveEnd::TooLong);
@@ -230,24 +209,18 @@ TEST(StochasticDesign, TellsItsCurvesInTheOrderOfTheirMaking) {
 
 TEST(StochasticDesign, RefusesANegativePenalty) {
     EXPECT_EQ(test::ExpectRunTimeError(ErrorKind::Overflow,
-                                       [] { DesignForDemand(OvenModel(216), -1.5F); }),
+                                       [] { DesignForDemand(OvenModel(216).Model(), -1.5F); }),
               "Penalty ($/unit) is -1.5; it must be at least 0.");
 }
 
 TEST(StochasticDesign, TakesFourThousandAndNinetyFiveResources) {
-    std::vector<Resource> ovens;
-    for (int number = 1; number <= 4095; ++number) {
-        ovens.push_back(Oven(number));
-    }
-    const auto model = [&] {
-        const std::vector<MatrixRow> matrix = {{4095, 1, {216, 7, 1000}}};
-        return LineModel(test::YearOfSeconds(0), ovens, TasksTo(1), matrix, test::kTwoVolumes);
-    };
-    EXPECT_EQ(DesignForDemand(model(), 1).Line.value().Groups.front().Group,
+    test::ModelScript model = OvensModel(1, 4095);
+    model.Matrix = {{4095, 1, 216, 7, 1000}};
+    EXPECT_EQ(DesignForDemand(model.Model(), 1).Line.value().Groups.front().Group,
               (StationGroup{4095, 1, 1, 2}));
-    ovens.push_back(Oven(4096));
+    model.Resources.emplace_back();
     EXPECT_EQ(
-        test::ExpectRunTimeError(ErrorKind::Overflow, [&] { DesignForDemand(model(), 1); }),
+        test::ExpectRunTimeError(ErrorKind::Overflow, [&] { DesignForDemand(model.Model(), 1); }),
         "Number of resources is 4,096; the stochastic design takes at most 4,095 of them. Delete "
         "some in the resource editor.");
 }

@@ -7,8 +7,8 @@
 
 #include <vector>
 
-#include "line/StochasticModels.h"
 #include "support/RunTimeErrors.h"
+#include "support/StochModels.h"
 
 namespace quarnel02 {
 namespace {
@@ -25,12 +25,10 @@ CostCurve CurveOf(const Segments& segments) {
 
 /// Two tasks that either of two ovens can do.
 LineModel TwoTasks() {
-    const MatrixEntry entry{36, 1, 1000};
-    return {test::YearOfSeconds(0),
-            {test::Oven(1), test::Oven(2)},
-            test::TasksTo(2),
-            std::vector<MatrixRow>{{1, 1, entry}, {1, 2, entry}, {2, 1, entry}, {2, 2, entry}},
-            test::kTwoVolumes};
+    test::ModelScript model = test::OvensModel(2, 2);
+    model.Matrix = {
+        {1, 1, 36, 1, 1000}, {1, 2, 36, 1, 1000}, {2, 1, 36, 1, 1000}, {2, 2, 36, 1, 1000}};
+    return model.Model();
 }
 
 /// The line of made-up curves; `first` is that of the first task.

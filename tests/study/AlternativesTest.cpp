@@ -23,7 +23,7 @@ namespace {
 using test::Roll;
 
 RC_GTEST_PROP(CheapestLinesOfRandomModels, AreTheCheapestOfAllLines, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const FixedDemandRequest request = test::RandomRequest(line.Model);
     const int count = Roll(1, 12);
     std::vector<test::TriedLine> all = test::AllLines(line, request);
@@ -48,7 +48,7 @@ RC_GTEST_PROP(CheapestLinesOfRandomModels, AreTheCheapestOfAllLines, ()) {
 }
 
 RC_GTEST_PROP(CheapestLinesOfRandomModels, BeginWithTheFixedDesign, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const FixedDemandRequest request = test::RandomRequest(line.Model);
     const auto fixed = CheapestLine(line, request);
     const std::vector<Line> cheapest = CheapestLines(line, CostAll(line, request), 3);
@@ -59,7 +59,7 @@ RC_GTEST_PROP(CheapestLinesOfRandomModels, BeginWithTheFixedDesign, ()) {
 }
 
 RC_GTEST_PROP(ReplacementsInRandomModels, AreTheNextBestResourcesForTheSameTasks, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const FixedDemandRequest request = test::RandomRequest(line.Model);
     const auto fixed = CheapestLine(line, request);
     RC_PRE(fixed.has_value());
@@ -93,7 +93,7 @@ RC_GTEST_PROP(ReplacementsInRandomModels, AreTheNextBestResourcesForTheSameTasks
 }
 
 RC_GTEST_PROP(AlternativesOfRandomModels, SayWhatTheyCost, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const FixedDemandRequest request = test::RandomRequest(line.Model);
     const auto alternatives = AlternativesFor(line, request);
     RC_ASSERT(alternatives.size() <= 10U);

@@ -12,10 +12,10 @@
 
 #include "line/RandomDemand.h"
 #include "line/RandomLine.h"
-#include "line/StochasticModels.h"
 #include "line/StochasticTwin.h"
 #include "study/LineText.h"
 #include "study/PenaltyFlips.h"
+#include "support/StochModels.h"
 
 namespace quarnel02 {
 namespace {
@@ -25,11 +25,11 @@ using test::Roll;
 
 /// Every station costs labour, so that no cost is 0, which the design would take for 10,000.
 LineModel RandomStochasticModel() {
-    test::LineParts parts = test::RandomParts(Roll(7, 10));
-    parts.Parameters.LaborCost = OneOf({15.0, 22.5});
-    std::vector<DemandPoint> demand = test::RandomDemand();
-    demand.back().Probability = std::max(demand.back().Probability, 1.0F);
-    return {parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix, demand};
+    test::ModelScript parts = test::RandomModel(Roll(7, 10));
+    parts.LaborCost = OneOf({15.0, 22.5});
+    parts.Demand = test::RandomDemand();
+    parts.Demand.back().Probability = std::max(parts.Demand.back().Probability, 1.0F);
+    return parts.Model();
 }
 
 struct CostAtVolume {
@@ -176,7 +176,7 @@ RC_GTEST_PROP(PenaltyFlipsOfRandomModels, AreWhereTheCapacityChanges, ()) {
 // An oven of 216 s makes 100,000 units a year; each costs 30,000 a year.
 
 TEST(Capacities, StandOnACliff) {
-    const LineModel model = test::OvenModel(216);
+    const LineModel model = test::OvenModel(216).Model();
     const auto capacities = BestCapacities(DesignWithCurves(model, 1));
     // 40 % of 100,000 and 60 % of 200,000: 160,000 expected. One oven leaves 60,000 unmet; two
     // meet all.
@@ -205,12 +205,13 @@ TEST(Capacities, StandOnACliff) {
 
 TEST(PenaltyFlips, AreWhereTheSecondOvenPays) {
     // The second oven costs 30,000 and meets 60,000 units: half a dollar each.
-    const PenaltyFlips flips = PenaltyFlipsOf(DesignWithCurves(test::OvenModel(216), 1));
+    const PenaltyFlips flips = PenaltyFlipsOf(DesignWithCurves(test::OvenModel(216).Model(), 1));
     ASSERT_TRUE(flips.Below.has_value());
     EXPECT_NEAR(flips.Below->Penalty, 0.5, 1e-6);
     EXPECT_EQ(flips.Below->Capacity, 100000);
     EXPECT_FALSE(flips.Above.has_value());
-    const PenaltyFlips cheap = PenaltyFlipsOf(DesignWithCurves(test::OvenModel(216), 0.25F));
+    const PenaltyFlips cheap =
+        PenaltyFlipsOf(DesignWithCurves(test::OvenModel(216).Model(), 0.25F));
     ASSERT_TRUE(cheap.Above.has_value());
     EXPECT_NEAR(cheap.Above->Penalty, 0.5, 1e-6);
     EXPECT_EQ(cheap.Above->Capacity, 200000);
@@ -219,14 +220,14 @@ TEST(PenaltyFlips, AreWhereTheSecondOvenPays) {
 
 TEST(PenaltyFlips, LeadToTheVolumeFromWhichOnAllIsMet) {
     // An oven of 72 s makes 300,000 units a year for the same 30,000.
-    const PenaltyFlips flips = PenaltyFlipsOf(DesignWithCurves(test::OvenModel(72), 0));
+    const PenaltyFlips flips = PenaltyFlipsOf(DesignWithCurves(test::OvenModel(72).Model(), 0));
     ASSERT_TRUE(flips.Above.has_value());
     EXPECT_EQ(flips.Above->Penalty, 0);
     EXPECT_EQ(flips.Above->Capacity, 200000);
 }
 
 TEST(Capacities, AreNoneWithoutALine) {
-    LineModel model({}, {test::Oven(1)}, test::TasksTo(1), {}, test::kTwoVolumes);
+    const LineModel model = test::OvensModel(1, 1).Model();
     EXPECT_TRUE(BestCapacities(DesignWithCurves(model, 1)).empty());
     EXPECT_FALSE(PenaltyFlipsOf(DesignWithCurves(model, 1)).Above.has_value());
 }

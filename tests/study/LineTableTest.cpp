@@ -18,6 +18,7 @@
 #include "study/HowComputed.h"
 #include "study/StationTime.h"
 #include "study/VolumePieces.h"
+#include "support/ModelScript.h"
 
 namespace quarnel02 {
 namespace {
@@ -25,7 +26,7 @@ namespace {
 using test::Roll;
 
 RC_GTEST_PROP(TablesOfRandomLines, SayWhatTheDesignSays, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const FixedDemandRequest request = test::RandomRequest(line.Model);
     const auto design = CheapestLine(line, request);
     RC_PRE(design.has_value());
@@ -51,7 +52,7 @@ RC_GTEST_PROP(TablesOfRandomLines, SayWhatTheDesignSays, ()) {
 }
 
 RC_GTEST_PROP(TimesOfRandomStations, AddUpToTheTimeOfTheStation, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const FixedDemandRequest request = test::RandomRequest(line.Model);
     const auto design = CheapestLine(line, request);
     RC_PRE(design.has_value());
@@ -70,17 +71,15 @@ RC_GTEST_PROP(TimesOfRandomStations, AddUpToTheTimeOfTheStation, ()) {
 
 /// A bench for tasks 1 to 3 with tools 1, 2, 2, and a robot for task 4.
 LineModel BenchAndRobot() {
-    Production year{250, 0.25, 20, 3, 1.5, ""};
-    Resource bench{1, "Bench", "", 0, 1000, 0, 100, 1, 5, 1};
-    Resource robot{2, "Robot", "", 2, 40000, 9, 80, 1.25, 0, 4};
-    return {year,
-            {bench, robot},
-            {{1, ""}, {2, ""}, {3, ""}, {4, ""}},
-            std::vector<MatrixRow>{{1, 1, {20, 1, 100}},
-                                   {1, 2, {30, 2, 250}},
-                                   {1, 3, {10, 2, 999}},
-                                   {2, 4, {16, 7, 2000}}},
-            {{60000, 50}, {120000, 50}}};
+    test::ModelScript model;
+    model.Tasks = 4;
+    model.TransportTime = 3;
+    model.Penalty = 1.5;
+    model.Resources = {{"Bench", 0, 1000, 0, 100, 1, 5, 1}, {"Robot", 2, 40000, 9, 80, 1.25, 0, 4}};
+    model.Matrix = {
+        {1, 1, 20, 1, 100}, {1, 2, 30, 2, 250}, {1, 3, 10, 2, 999}, {2, 4, 16, 7, 2000}};
+    model.Demand = {{60000, 50}, {120000, 50}};
+    return model.Model();
 }
 
 const std::vector<StationGroup> kBenchAndRobot = {{1, 1, 3, 1}, {2, 4, 4, 1}};

@@ -4,17 +4,15 @@
 
 #include <vector>
 
+#include "support/ModelScript.h"
+
 namespace quarnel02 {
 namespace {
 
 LineModel Named() {
-    Resource bench;
-    bench.Number = 1;
-    bench.ShortName = " Bench ";
-    Resource nameless;
-    nameless.Number = 2;
-    nameless.ShortName = "   ";
-    return {{}, {bench, nameless}, {}, {}, {}};
+    test::ModelScript model;
+    model.Resources = {{" Bench "}, {"   "}};
+    return model.Model();
 }
 
 TEST(LineText, NamesStationsQuantityAndTasks) {

@@ -20,6 +20,7 @@
 #include "study/CheapestLines.h"
 #include "study/PlainCosts.h"
 #include "study/VolumePieces.h"
+#include "support/ModelScript.h"
 #include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
@@ -31,9 +32,9 @@ using test::Roll;
 
 /// Figures are odd, so that lines seldom cost the same.
 LineModel RandomOddModel() {
-    test::LineParts parts = test::RandomParts(Roll(7, 10));
-    parts.Parameters.LaborCost = Roll(0, 3) * 7.13;
-    for (Resource& resource : parts.Resources) {
+    test::ModelScript parts = test::RandomModel(Roll(7, 10));
+    parts.LaborCost = Roll(0, 3) * 7.13;
+    for (test::ResourceRow& resource : parts.Resources) {
         resource.FixedCost = Roll(0, 9000) * 1.37;
         resource.VarCost = Roll(0, 200) * 0.17;
         resource.UpTime = Roll(500, 1000) * 0.1;
@@ -106,7 +107,7 @@ RC_GTEST_PROP(BreakEvensOfRandomModels, AreWhereTheLineChanges, ()) {
 }
 
 RC_GTEST_PROP(SensitivityOfRandomModels, HasTheDesignsOfTheChangedModels, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const FixedDemandRequest request = test::RandomRequest(line.Model);
     const double share = OneOf({0.1, 0.03, 0.5});
     const auto rows = SensitivityOf(line, request, share);
@@ -136,29 +137,27 @@ RC_GTEST_PROP(SensitivityOfRandomModels, HasTheDesignsOfTheChangedModels, ()) {
     }
 }
 
-Resource Named(int number, const char* name, double fixedCost, double hourly) {
-    Resource resource;
-    resource.Number = number;
-    resource.ShortName = name;
-    resource.FixedCost = fixedCost;
-    resource.VarCost = hourly;
-    resource.UpTime = 100;
-    resource.ICF = 1;
-    resource.StatPerWrk = 1;
-    return resource;
+/// A year of 100 days without labour.
+test::ModelScript ShortYear(int tasks) {
+    test::ModelScript model;
+    model.Tasks = tasks;
+    model.Days = 100;
+    model.ACF = 0.1;
+    model.LaborCost = 0;
+    return model;
 }
 
 /// One task: 36 s on a bench of 100 $/year that costs 10 $/h, 3.6 s on a press of 1,000 $/year
 /// without running cost. At 6,000 units the bench costs 100 + 600 $.
+test::ModelScript BenchOrPressModel() {
+    test::ModelScript model = ShortYear(1);
+    model.Resources = {{"Bench", 0, 1000, 10}, {"Press", 0, 10000, 0}};
+    model.Matrix = {{1, 1, 36, 1}, {2, 1, 3.6, 2}};
+    return model;
+}
+
 PreparedLine BenchOrPress() {
-    Production year;
-    year.Days = 100;
-    year.ACF = 0.1;
-    return Prepare({year,
-                    {Named(1, "Bench", 1000, 10), Named(2, "Press", 10000, 0)},
-                    {{1, ""}},
-                    std::vector<MatrixRow>{{1, 1, {36, 1, 0}}, {2, 1, {3.6, 2, 0}}},
-                    {}});
+    return Prepare(BenchOrPressModel().Model());
 }
 
 const SensitivityRow& RowOf(const std::vector<SensitivityRow>& rows, const std::string& name) {
@@ -186,12 +185,10 @@ TEST(Sensitivity, FindsTheBreakEvens) {
 
 TEST(Sensitivity, CountsAnotherStationAsAChange) {
     // 70,000 units leave 41.14 s for one; 1,000 more units would not matter, 14 % more time does.
-    PreparedLine line = BenchOrPress();
-    line = Prepare({line.Model.Parameters(),
-                    {line.Model.ResourceOf(1)},
-                    {{1, ""}},
-                    std::vector<MatrixRow>{{1, 1, {36, 1, 0}}},
-                    {}});
+    test::ModelScript bench = BenchOrPressModel();
+    bench.Resources.pop_back();
+    bench.Matrix.pop_back();
+    const PreparedLine line = Prepare(bench.Model());
     const auto rows = SensitivityOf(line, {70000, 1, {}}, 0.2);
     const SensitivityRow& times = RowOf(rows, "Bench: task times");
     EXPECT_TRUE(times.Changes);
@@ -211,21 +208,12 @@ TEST(Sensitivity, SeesWhereTheToolChangeGetsLongerThanTheTransport) {
     // transport and tool change. A second costs 6,000 units x 10 $/h / 3,600 s = 50/3 $ a year.
     const auto break_even = [](double transport, double toolChange, double secondsOfPress,
                                const std::string& name) {
-        Production year;
-        year.Days = 100;
-        year.ACF = 0.1;
-        year.TransportTime = transport;
-        Resource bench = Named(1, "Bench", 100000, 10);
-        bench.ToolChange = toolChange;
-        const Resource press = Named(2, "Press", 100000 + secondsOfPress * 500 / 3, 0);
-        const PreparedLine line = Prepare(
-            {year,
-             {bench, press},
-             {{1, ""}, {2, ""}},
-             std::vector<MatrixRow>{
-                 {1, 1, {10, 1, 0}}, {1, 2, {10, 2, 0}}, {2, 1, {1, 1, 0}}, {2, 2, {1, 1, 0}}},
-             {}});
-        return RowOf(SensitivityOf(line, {6000, 1, {}}), name).BreakEven.value();
+        test::ModelScript model = ShortYear(2);
+        model.TransportTime = transport;
+        model.Resources = {{"Bench", 0, 100000, 10, 100, 1, toolChange},
+                           {"Press", 0, 100000 + secondsOfPress * 500 / 3}};
+        model.Matrix = {{1, 1, 10, 1}, {1, 2, 10, 2}, {2, 1, 1, 1}, {2, 2, 1, 1}};
+        return RowOf(SensitivityOf(Prepare(model.Model()), {6000, 1, {}}), name).BreakEven.value();
     };
     EXPECT_NEAR(break_even(10, 2, 56, "Bench: tool change time"), 18, 0.001);
     EXPECT_NEAR(break_even(2, 10, 48, "Transport time"), 18, 0.001);

@@ -22,7 +22,7 @@ using test::OneOf;
 using test::Roll;
 
 RC_GTEST_PROP(VolumeDesignsOfRandomModels, CostAtAVolumeWhatTheFixedDesignCosts, ()) {
-    const PreparedLine line = Prepare(test::RandomParts(Roll(7, 10)).Model());
+    const PreparedLine line = Prepare(test::RandomModel(Roll(7, 10)).Model());
     const auto shifts = static_cast<std::int16_t>(Roll(1, 3));
     VolumeSpan span{1, 600000, {}};
     if (Roll(0, 1) == 1) {
@@ -48,11 +48,11 @@ RC_GTEST_PROP(VolumeDesignsOfRandomModels, CostAtAVolumeWhatTheFixedDesignCosts,
 }
 
 RC_GTEST_PROP(VolumeDesignsOfRandomModels, CostWhatTheDesignForACertainDemandCosts, ()) {
-    test::LineParts parts = test::RandomParts(Roll(7, 10));
-    parts.Parameters.LaborCost = OneOf({15.0, 22.5});  // a cost of 0 would count as 10,000
+    test::ModelScript parts = test::RandomModel(Roll(7, 10));
+    parts.LaborCost = OneOf({15.0, 22.5});  // a cost of 0 would count as 10,000
     const int volume = Roll(1, 400000);
-    const LineModel model(parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix,
-                          {{static_cast<float>(volume), 100}});
+    parts.Demand = {{static_cast<float>(volume), 100}};
+    const LineModel model = parts.Model();
     const PreparedLine line = Prepare(model);
     const auto design = VolumeDesigns(line, 3, {1, 400000, {}}).LineAt(volume);
     const auto expected = DesignForDemand(model, 0);

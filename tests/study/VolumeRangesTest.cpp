@@ -20,6 +20,7 @@
 #include "study/LargestVolume.h"
 #include "study/LineText.h"
 #include "study/VolumePieces.h"
+#include "support/ModelScript.h"
 #include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
@@ -29,9 +30,9 @@ using test::OneOf;
 using test::Roll;
 
 /// So few days that some hundred units need other stations.
-test::LineParts RandomShortYear() {
-    test::LineParts parts = test::RandomParts(Roll(7, 10));
-    parts.Parameters.Days = OneOf({0.05, 0.1, 0.3});
+test::ModelScript RandomShortYear() {
+    test::ModelScript parts = test::RandomModel(Roll(7, 10));
+    parts.Days = OneOf({0.05, 0.1, 0.3});
     return parts;
 }
 
@@ -138,30 +139,21 @@ RC_GTEST_PROP(VolumeRangesOfRandomModels, AreTheBestShiftsForAllOfTheirVolumesOr
     }
 }
 
-Resource Named(int number, const char* name, double fixedCost, double hourly, double perWorker) {
-    Resource resource;
-    resource.Number = number;
-    resource.ShortName = name;
-    resource.Type = number - 1;
-    resource.FixedCost = fixedCost;
-    resource.VarCost = hourly;
-    resource.UpTime = 100;
-    resource.ICF = 1;
-    resource.StatPerWrk = perWorker;
-    return resource;
-}
-
 /// One task: 36 s on a bench of 100 $/year that costs 10 $/h, 3.6 s on a press of 1,000 $/year
 /// without running cost. A year has 100 days; labour is free.
+test::ModelScript BenchOrPressScript() {
+    test::ModelScript model;
+    model.Tasks = 1;
+    model.Days = 100;
+    model.ACF = 0.1;
+    model.LaborCost = 0;
+    model.Resources = {{"Bench", 0, 1000, 10}, {"Press", 1, 10000, 0}};
+    model.Matrix = {{1, 1, 36, 1}, {2, 1, 3.6, 2}};
+    return model;
+}
+
 LineModel BenchOrPress() {
-    Production year;
-    year.Days = 100;
-    year.ACF = 0.1;
-    return {year,
-            {Named(1, "Bench", 1000, 10, 1), Named(2, "Press", 10000, 0, 1)},
-            {{1, ""}},
-            std::vector<MatrixRow>{{1, 1, {36, 1, 0}}, {2, 1, {3.6, 2, 0}}},
-            {}};
+    return BenchOrPressScript().Model();
 }
 
 TEST(VolumeRanges, ChangeTheLineWhereTheCostsCross) {
@@ -187,15 +179,11 @@ TEST(VolumeRanges, ChangeTheLineWhereTheCostsCross) {
 TEST(VolumeRanges, ChangeTheLineWhereTheFixedDesignDoes) {
     // Costs near 10,000,000 $ are singles of 1 $, and the lines differ by a cent per unit: for a
     // hundred units and more the fixed design chooses by the rounding.
-    const LineModel base = BenchOrPress();
-    Production year = base.Parameters();
+    test::ModelScript model = BenchOrPressScript();
+    model.Matrix[0].Entry.TaskTime = 3.6;
     for (const double more : {90.0, 93.1, 99.9, 100.3}) {
-        const PreparedLine line = Prepare(
-            {year,
-             {Named(1, "Bench", 100000000, 10, 1), Named(2, "Press", 100000000 + more, 9, 1)},
-             {{1, ""}},
-             std::vector<MatrixRow>{{1, 1, {3.6, 1, 0}}, {2, 1, {3.6, 2, 0}}},
-             {}});
+        model.Resources = {{"Bench", 0, 100000000, 10}, {"Press", 1, 100000000 + more, 9}};
+        const PreparedLine line = Prepare(model.Model());
         const auto ranges = VolumeRanges(line, {1, 100000, {}});
         ASSERT_EQ(ranges.size(), 6U);
         const auto at_end = CheapestLine(line, {static_cast<double>(ranges[0].To), 1, {}});
@@ -229,15 +217,13 @@ TEST(VolumeRanges, RefuseASpanThatCannotBe) {
 }
 
 TEST(VolumeRanges, RefuseASpanWithTooManyStations) {
-    std::vector<Task> tasks;
-    std::vector<MatrixRow> matrix;
-    for (int task = 1; task <= 25; ++task) {
-        tasks.push_back({task, ""});
-        matrix.push_back({1, task, {300, 1, 0}});
+    test::ModelScript model = BenchOrPressScript();
+    model.Resources = {{"Bench", 0, 1, 1}};
+    model.Matrix.clear();
+    for (model.Tasks = 0; model.Tasks < 25;) {
+        model.Matrix.push_back({1, ++model.Tasks, 300, 1});
     }
-    Production year;
-    year.Days = 100;
-    const PreparedLine line = Prepare({year, {Named(1, "Bench", 1, 1, 1)}, tasks, matrix, {}});
+    const PreparedLine line = Prepare(model.Model());
     const std::string message = test::ExpectRunTimeError(ErrorKind::Overflow, [&] {
         std::ignore = VolumeRanges(line, {1, kMostVolume, {}});
     });

@@ -15,6 +15,7 @@
 #include "line/RandomLine.h"
 #include "line/StochasticDesign.h"
 #include "study/LargestVolume.h"
+#include "support/ModelScript.h"
 
 namespace quarnel02 {
 namespace {
@@ -28,8 +29,8 @@ bool HasLine(const PreparedLine& line, FixedDemandRequest request) {
 
 /// A year so short that some thousand units need many stations.
 PreparedLine RandomShortLine() {
-    test::LineParts parts = test::RandomParts(Roll(6, 10));
-    parts.Parameters.Days = OneOf({0.25, 0.5, 1.0});
+    test::ModelScript parts = test::RandomModel(Roll(6, 10));
+    parts.Days = OneOf({0.25, 0.5, 1.0});
     return Prepare(parts.Model());
 }
 
@@ -113,10 +114,10 @@ RC_GTEST_PROP(WhyNotOfRandomModels, TellsTasksApart, ()) {
 }
 
 RC_GTEST_PROP(WhyNotOfRandomModels, KnowsWhenTheStochasticDesignHasNoLine, ()) {
-    test::LineParts parts = test::RandomParts(Roll(6, 10));
-    parts.Parameters.Days = OneOf({0.01, 1.0, 240.0});
-    const LineModel model(parts.Parameters, parts.Resources, parts.Tasks, parts.Matrix,
-                          test::RandomDemand());
+    test::ModelScript parts = test::RandomModel(Roll(6, 10));
+    parts.Days = OneOf({0.01, 1.0, 240.0});
+    parts.Demand = test::RandomDemand();
+    const LineModel model = parts.Model();
     const FixedDemandRequest request = LeastExpectedRequest(model);
     const WhyNot why = ExplainNoLine(Prepare(model), request);
     RC_CLASSIFY(!why.HasLine, "no line");
@@ -125,24 +126,21 @@ RC_GTEST_PROP(WhyNotOfRandomModels, KnowsWhenTheStochasticDesignHasNoLine, ()) {
 }
 
 /// Three tasks of 10, 40 and 20 s on one resource; nothing can do a fourth one.
-LineModel ThreeOfFour() {
-    Resource bench;
-    bench.Number = 1;
-    bench.UpTime = 100;
-    bench.StatPerWrk = 1;
-    Production year;
-    year.Days = 100;
-    return {year,
-            {bench},
-            {{1, ""}, {2, ""}, {3, ""}, {4, ""}},
-            std::vector<MatrixRow>{{1, 1, {10, 1, 0}}, {1, 2, {40, 1, 0}}, {1, 3, {20, 1, 0}}},
-            {}};
+test::ModelScript ThreeOfFour() {
+    test::ModelScript model;
+    model.Tasks = 4;
+    model.Days = 100;
+    model.ACF = 0;
+    model.LaborCost = 0;
+    model.Resources.resize(1);
+    model.Matrix = {{1, 1, 10, 1}, {1, 2, 40, 1}, {1, 3, 20, 1}};
+    return model;
 }
 
 TEST(WhyNot, NamesTheTaskThatNobodyCanDo) {
     // One shift leaves 2,880,000 s / 160,000 = 18 s for a unit.
     const FixedDemandRequest request{160000, 1, static_cast<std::int16_t>(1)};
-    const WhyNot why = ExplainNoLine(Prepare(ThreeOfFour()), request);
+    const WhyNot why = ExplainNoLine(Prepare(ThreeOfFour().Model()), request);
     EXPECT_FALSE(why.HasLine);
     EXPECT_EQ(why.ImpossibleTasks, std::vector<int>{4});
     EXPECT_EQ(why.ForbiddenTasks, (std::vector<int>{2, 3}));
@@ -155,12 +153,10 @@ TEST(WhyNot, NamesTheTaskThatNobodyCanDo) {
 }
 
 TEST(WhyNot, SaysWhatWouldHaveALine) {
-    LineModel model = ThreeOfFour();
-    model = LineModel(
-        model.Parameters(), {model.ResourceOf(1)}, {{1, ""}, {2, ""}, {3, ""}},
-        std::vector<MatrixRow>{{1, 1, {10, 1, 0}}, {1, 2, {40, 1, 0}}, {1, 3, {20, 1, 0}}}, {});
+    test::ModelScript model = ThreeOfFour();
+    model.Tasks = 3;
     const FixedDemandRequest request{160000, 1, static_cast<std::int16_t>(1)};
-    const WhyNot why = ExplainNoLine(Prepare(model), request);
+    const WhyNot why = ExplainNoLine(Prepare(model.Model()), request);
     EXPECT_EQ(why.SmallestLimit, std::int16_t{3});
     EXPECT_EQ(why.FewestShifts, std::int16_t{3});
     EXPECT_EQ(why.LargestVolume, 72000);
@@ -173,8 +169,8 @@ TEST(WhyNot, SaysWhatWouldHaveALine) {
 
 TEST(WhyNot, TellsAnOverloadFromALimit) {
     const FixedDemandRequest request{1e11, 1, {}};
-    LineModel model = ThreeOfFour();
-    const WhyNot why = ExplainNoLine(Prepare(model), request);
+    const test::ModelScript model = ThreeOfFour();
+    const WhyNot why = ExplainNoLine(Prepare(model.Model()), request);
     EXPECT_EQ(why.OverloadedTasks, (std::vector<int>{1, 2, 3}));
     EXPECT_TRUE(why.ForbiddenTasks.empty());
     EXPECT_EQ(WhyNotText(why, request),
@@ -183,10 +179,10 @@ TEST(WhyNot, TellsAnOverloadFromALimit) {
 }
 
 TEST(WhyNot, HasNothingToSayWhereThereIsALine) {
-    LineModel model = ThreeOfFour();
-    model = LineModel(model.Parameters(), {model.ResourceOf(1)}, {{1, ""}},
-                      std::vector<MatrixRow>{{1, 1, {10, 1, 0}}}, {});
-    const WhyNot why = ExplainNoLine(Prepare(model), {1000, 1, {}});
+    test::ModelScript model = ThreeOfFour();
+    model.Tasks = 1;
+    model.Matrix.resize(1);
+    const WhyNot why = ExplainNoLine(Prepare(model.Model()), {1000, 1, {}});
     EXPECT_TRUE(why.HasLine);
     EXPECT_EQ(WhyNotText(why, {1000, 1, {}}), "");
 }
