@@ -81,6 +81,7 @@ class frmMain : public QMainWindow, public MainForm {
   protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     using Procedure = void (*)(MainForm&, CurrentModel&);
@@ -91,6 +92,7 @@ class frmMain : public QMainWindow, public MainForm {
     void LayOutStatusBar();
     void LayOutMark();
     void LimitSize();
+    void WidenLeftPane();
     void ChooseSize();
     void ConnectParameters();
     void ConnectDemand();

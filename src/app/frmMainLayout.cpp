@@ -63,14 +63,25 @@ void frmMain::LimitSize() {
     const QFontMetrics bold(m_ui->lblSum->font());
     m_ui->lblSum->setMinimumWidth(
         bold.horizontalAdvance(QStringLiteral("100.05% (0.05% too much)")));
-    m_ui->scrLeft->setMinimumWidth(m_ui->paneLeft->minimumSizeHint().width() +
-                                   m_ui->scrLeft->verticalScrollBar()->sizeHint().width());
+    WidenLeftPane();
     setMinimumSize(smallest.boundedTo(screen()->availableSize() - title_bar));
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
         if (before != nullptr && now != nullptr && m_ui->paneLeft->isAncestorOf(now)) {
             m_ui->scrLeft->ensureWidgetVisible(now);
         }
     });
+}
+
+/// The pane never scrolls sideways.
+void frmMain::WidenLeftPane() {
+    m_ui->scrLeft->setMinimumWidth(m_ui->paneLeft->minimumSizeHint().width() +
+                                   m_ui->scrLeft->verticalScrollBar()->sizeHint().width());
+}
+
+/// Only now the style has had its say on the buttons.
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    WidenLeftPane();
 }
 
 void frmMain::ChooseSize() {
