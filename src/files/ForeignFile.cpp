@@ -259,7 +259,7 @@ std::vector<std::string> ForeignFile::ObjectsBeyondModel() const {
             const auto& type = std::get<std::string>(row.Fields[0]);
             const auto& name = std::get<std::string>(row.Fields[1]);
             if (type != "table" || FindTable(name) == nullptr) {
-                objects.push_back(type + " " + name);
+                objects.emplace_back(type).append(" ").append(name);
             }
         }
         return objects;
