@@ -180,6 +180,7 @@ void SummaryWriter::PrintSums() {
 void DrawChosenLine(Picture& picture, const LineModel& model,
                     const std::vector<Station>& stations) {
     std::vector<StationFigure> figures;
+    figures.reserve(stations.size());
     for (const Station& station : stations) {
         figures.push_back({model.ResourceOf(station.Resource).Type, station.Quantity});
     }
