@@ -21,7 +21,7 @@ std::string FontList(std::span<const char* const> families) {
     std::string list;
     for (const std::string family : families) {
         const std::string quote = family.find(' ') == std::string::npos ? "" : "'";
-        list += (list.empty() ? "" : ",") + quote + family + quote;
+        list.append(list.empty() ? "" : ",").append(quote).append(family).append(quote);
     }
     return list;
 }
@@ -155,10 +155,10 @@ void EndLine(pugi::xml_node svg) {
 }
 
 /// The root, with style and paper, one line each.
-pugi::xml_node AppendPaper(pugi::xml_node document, const Extent& extent) {
+pugi::xml_node AppendPaper(pugi::xml_document& document, const Extent& extent) {
     const double width = extent.Right - extent.Left;
     const double height = extent.Bottom - extent.Top;
-    Element root(document, "svg");
+    Element root(document.root(), "svg");
     root.Set("xmlns", "http://www.w3.org/2000/svg")
         .Set("width", width / kTwipsPerPixel)
         .Set("height", height / kTwipsPerPixel)
