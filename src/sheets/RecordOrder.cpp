@@ -61,6 +61,8 @@ class MatrixFollower {
     TableRows Follow(const TableRows& matrix, std::size_t place);
 
   private:
+    /// Of the record that bore the number; none when no record did.
+    [[nodiscard]] std::optional<std::size_t> PlaceBefore(std::optional<std::int64_t> number) const;
     void RenumberOrphans(const TableRows& matrix, std::size_t place);
 
     std::map<std::int64_t, std::size_t> m_places;
@@ -68,6 +70,14 @@ class MatrixFollower {
     std::size_t m_free;                              ///< first number that no record bears
     std::map<std::int64_t, std::int64_t> m_orphans;  ///< numbers without a record: old to new
 };
+
+std::optional<std::size_t> MatrixFollower::PlaceBefore(std::optional<std::int64_t> number) const {
+    const auto found = m_places.find(number.value_or(0));
+    if (!number || found == m_places.end()) {
+        return std::nullopt;
+    }
+    return found->second;
+}
 
 /// No record may inherit the rows of a number that no record bore.
 void MatrixFollower::RenumberOrphans(const TableRows& matrix, std::size_t place) {
@@ -91,8 +101,8 @@ TableRows MatrixFollower::Follow(const TableRows& matrix, std::size_t place) {
     TableRows copies;
     for (InputRow row : matrix) {
         const auto number = NumberIn(row[place]);
-        const auto owner = number ? m_places.find(*number) : m_places.end();
-        if (owner == m_places.end()) {
+        const auto owner = PlaceBefore(number);
+        if (!owner) {
             if (number && m_orphans.contains(*number)) {
                 row[place] = m_orphans.at(*number);
             }
@@ -100,7 +110,7 @@ TableRows MatrixFollower::Follow(const TableRows& matrix, std::size_t place) {
             continue;
         }
         bool first = true;
-        for (const std::int64_t heir : m_heirs[owner->second]) {
+        for (const std::int64_t heir : m_heirs[*owner]) {
             row[place] = heir;
             (std::exchange(first, false) ? kept : copies).push_back(row);
         }
