@@ -5,7 +5,6 @@
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "files/ModelFile.h"
-#include "model/SchemaScript.h"
 
 namespace fs = std::filesystem;
 
@@ -14,7 +13,7 @@ namespace quarnel02 {
 void MakeTemplate(const fs::path& file) {
     fs::path neighbour = file;
     neighbour += ".new";
-    MakeModelFile(neighbour, SchemaScript());
+    MakeEmptyModel(neighbour);
     std::error_code failure;
     fs::rename(neighbour, file, failure);
     if (failure) {

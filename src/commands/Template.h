@@ -5,7 +5,7 @@
 namespace quarnel02 {
 
 /// Makes the empty model at `file` from the schema that the program carries, whole or not at all.
-/// Throws what MakeModelFile throws, or FileAccess.
+/// Throws what MakeEmptyModel throws, or FileAccess.
 void MakeTemplate(const std::filesystem::path& file);
 
 /// Makes the template anew when what stands at `file` is no sound model. A missing template is left

@@ -179,6 +179,20 @@ TEST_F(RecordSetChangeTest, MovesDropWhatWasBegun) {
     EXPECT_EQ(Tasks(), (Texts{"1|Insert", "2|Screw", "3|Test"}));
 }
 
+TEST_F(RecordSetChangeTest, AMoveThatFailsInAnEmptySetDropsTheNewRowToo) {
+    const std::vector<std::function<void(RecordSet&)>> moves = {
+        [](RecordSet& set) { set.MoveFirst(); }, [](RecordSet& set) { set.MoveLast(); }};
+    const Texts before = Model.RowsOf("SELECT TaskId FROM Tasks;", 1);
+    for (const auto& move : moves) {
+        RecordSet tasks = Open("SELECT * FROM Tasks WHERE TaskId = 99;");
+        tasks.AddNew();
+        tasks.Set("TaskId", std::int64_t{99});
+        ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] { move(tasks); });
+        ExpectRunTimeError(ErrorKind::UpdateWithoutEdit, [&] { tasks.Update(); });
+    }
+    EXPECT_EQ(Model.RowsOf("SELECT TaskId FROM Tasks;", 1), before);
+}
+
 TEST_F(RecordSetChangeTest, DeletedRowHasNoCurrentRecordUntilTheNextMove) {
     RecordSet tasks = Open("SELECT * FROM Tasks;");
     tasks.MoveNext();
