@@ -33,6 +33,7 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
     ConnectDemand();
     ConnectSolve();
     ConnectFileMenu();
+    ConnectEditMenu();
     ConnectOtherMenus();
     m_afterError.setSingleShot(true);
     m_afterError.setInterval(0);

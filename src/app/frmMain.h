@@ -44,6 +44,7 @@ class frmMain : public QMainWindow, public MainForm {
     bool StartUp();
 
     [[nodiscard]] CurrentModel& Current() { return m_commands.Current(); }
+    [[nodiscard]] EditHistory& History() { return m_commands.History(); }
 
     /// Runs what an event does, and then shows whether results and file still belong to the model.
     /// A run-time error ends it with one critical message; the program lives on. False after an
@@ -98,11 +99,13 @@ class frmMain : public QMainWindow, public MainForm {
     void ConnectDemand();
     void ConnectSolve();
     void ConnectFileMenu();
+    void ConnectEditMenu();
     void ConnectOtherMenus();
     void ConnectEditors();
 
     bool Attempt(const std::function<void()>& event);
     bool RunCommand(const std::function<void()>& command);
+    bool Store(FieldBox& box, Procedure save);
     void SaveOnEntering(FieldBox& box, Procedure save);
     void SaveOnLeaving(FieldBox& box, Procedure save);
     bool SaveFocusedBox();
@@ -117,6 +120,7 @@ class frmMain : public QMainWindow, public MainForm {
     void ShowWorking(bool working);
     void ShowState();
     void ShowMarks();
+    void ShowSteps();
     void ShowDesign();
     void ShowSumColour();
     void EnableDemandButtons();

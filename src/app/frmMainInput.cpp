@@ -22,23 +22,30 @@ bool frmMain::SaveFocusedBox() {
         emit box->Left();
         return true;
     }
-    box->setModified(false);
-    return RunEvent([&] {
-        (box == m_ui->txtPenalty ? SavePenalty : SaveGeneral)(*this, m_commands.Current());
-    });
+    return Store(*box, box == m_ui->txtPenalty ? SavePenalty : SaveGeneral);
+}
+
+bool frmMain::Store(FieldBox& box, Procedure save) {
+    box.setModified(false);
+    if (!RunEvent([&] { save(*this, m_commands.Current()); })) {
+        return false;
+    }
+    box.ForgetTyping();
+    return true;
 }
 
 void frmMain::SaveOnEntering(FieldBox& box, Procedure save) {
-    connect(&box, &FieldBox::Entered, this,
-            [this, save] { RunEvent([&] { save(*this, m_commands.Current()); }); });
+    connect(&box, &FieldBox::Entered, this, [this, &box, save] {
+        const bool typed = box.isModified();
+        box.setModified(!Store(box, save) && typed);
+    });
 }
 
 /// A text that is refused gets the focus back, once: another box may be the one at fault.
 void frmMain::SaveOnLeaving(FieldBox& box, Procedure save) {
     connect(&box, &FieldBox::Left, this, [this, &box, save] {
         const bool typed = box.isModified();
-        box.setModified(false);
-        if (!RunEvent([&] { save(*this, m_commands.Current()); }) && typed) {
+        if (!Store(box, save) && typed) {
             m_refused = BoxAtFault(box, save);
         }
     });

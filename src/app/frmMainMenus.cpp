@@ -4,6 +4,7 @@
 
 #include "app/frmGuide.h"
 #include "app/frmMain.h"
+#include "commands/LoadModel.h"
 #include "editors/frmMatrix.h"
 #include "editors/frmResource.h"
 #include "editors/frmTask.h"
@@ -53,6 +54,20 @@ void frmMain::ConnectFileMenu() {
             [this] { m_ui->mnuFileSave->setEnabled(true); });
 }
 
+void frmMain::ConnectEditMenu() {
+    const auto on = [this](QAction* action, void (EditHistory::*step)()) {
+        connect(action, &QAction::triggered, this, [this, step] {
+            RunCommand([&] {
+                (m_commands.History().*step)();
+                m_commands.Current().Changed = true;
+                ShowInputs(*this);
+            });
+        });
+    };
+    on(m_ui->mnuEditUndo, &EditHistory::Undo);
+    on(m_ui->mnuEditRedo, &EditHistory::Redo);
+}
+
 void frmMain::FillRecoverMenu(const std::vector<KeptModel>& models) {
     QMenu& menu = *m_ui->mnuFileRecover;
     menu.clear();
@@ -96,9 +111,9 @@ void frmMain::ConnectEditors() {
         connect(action, &QAction::triggered, this, [this, show] { RunCommand(show); });
     };
     on(m_ui->mnuViewTasks, [this] { EditTasks(); });
-    on(m_ui->mnuViewResources, [this] { frmResource(*this, this).exec(); });
+    on(m_ui->mnuViewResources, [this] { frmResource(*this, m_commands.History(), this).exec(); });
     on(m_ui->mnuViewMatrix, [this] {
-        frmMatrix matrix(*this, this);
+        frmMatrix matrix(*this, m_commands.History(), this);
         matrix.LoadMe();
         matrix.exec();
     });
@@ -109,7 +124,7 @@ void frmMain::ConnectEditors() {
 void frmMain::EditTasks() {
     const auto inputs = [this] { return InputDigest(OpenWorkingCopy()); };
     const std::uint64_t before = inputs();
-    frmTask(*this, this).exec();
+    frmTask(*this, m_commands.History(), this).exec();
     if (inputs() != before) {
         CreateLinks(OpenWorkingCopy(), *this, picArc);
     }

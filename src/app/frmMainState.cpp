@@ -19,6 +19,12 @@ struct ReportCommand {
     const char* Tip;
 };
 
+/// `text`, whose first word has the mnemonic of `caption`; "&" in the rest is none.
+QString WithMnemonic(const QString& caption, const std::string& text) {
+    QString literal = QString::fromStdString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return literal.replace(0, caption.size() - 1, caption);
+}
+
 QString MarkOf(Standing standing) {
     switch (standing) {
         case Standing::OutOfDate:
@@ -34,17 +40,27 @@ QString MarkOf(Standing standing) {
 
 }  // namespace
 
-/// A store that cannot be read says so when it is used; the marks then stay as they are.
+/// A store that cannot be read says so when it is used; steps and marks then stay as they are.
 void frmMain::ShowState() {
     EnableDemandButtons();
     setWindowModified(m_commands.HasUnsavedWork());
     try {
+        m_commands.History().Note();
+        ShowSteps();
         m_marks.Look();
     } catch (const std::exception&) {
         return;
     }
     ShowMarks();
     ShowDesign();
+}
+
+void frmMain::ShowSteps() {
+    const EditHistory& history = m_commands.History();
+    m_ui->mnuEditUndo->setText(WithMnemonic(QStringLiteral("&Undo"), history.UndoText()));
+    m_ui->mnuEditUndo->setEnabled(history.CanUndo());
+    m_ui->mnuEditRedo->setText(WithMnemonic(QStringLiteral("&Redo"), history.RedoText()));
+    m_ui->mnuEditRedo->setEnabled(history.CanRedo());
 }
 
 void frmMain::ShowMarks() {

@@ -48,7 +48,8 @@ FileCommands::FileCommands(MainForm& form, FileDialog& dialog)
       m_dialog(dialog),
       m_recent(form.Copy().File(kConfiguration)),
       m_kept(form.Copy().File(kKeptWork)),
-      m_inputs(form.Copy().Path()) {}
+      m_inputs(form.Copy().Path()),
+      m_history(form.Copy(), m_inputs) {}
 
 fs::path FileCommands::Template() const {
     return m_form.Copy().Template();
@@ -144,6 +145,7 @@ void FileCommands::LoadTemplate() {
     CopyPrivate(Template(), incoming.Path());
     incoming.TakePlace();
     m_current.Changed = false;
+    m_history.Restart();
     NoteBaseline(DigestOf(m_form.Copy().Path()));
 }
 
@@ -160,6 +162,7 @@ bool FileCommands::Read(const fs::path& source) {
         }
         incoming.TakePlace();
         m_current.Changed = false;
+        m_history.Restart();
         return true;
     } catch (const RunTimeError& error) {
         m_form.ShowMessage(error.what(), MessageIcon::Critical);

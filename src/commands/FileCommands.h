@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "commands/CurrentModel.h"
+#include "commands/EditHistory.h"
 #include "commands/FileDialog.h"
 #include "commands/IncomingModel.h"
 #include "commands/InputWatch.h"
@@ -61,6 +62,8 @@ class FileCommands {
 
     [[nodiscard]] RecentFiles& Recent() { return m_recent; }
     [[nodiscard]] CurrentModel& Current() { return m_current; }
+    /// Undo steps of the working copy; every command that loads another model begins it anew.
+    [[nodiscard]] EditHistory& History() { return m_history; }
 
   private:
     struct ChosenFile {
@@ -96,6 +99,7 @@ class FileCommands {
     RecentFiles m_recent;
     KeptWork m_kept;
     InputWatch m_inputs;
+    EditHistory m_history;
     SessionState m_state;
     bool m_proposed = false;  ///< the current file was proposed and never confirmed
 };

@@ -4,6 +4,7 @@
 
 #include "basic/ScopeGuard.h"
 #include "fixed/CreateLinks.h"
+#include "shell/Demand.h"
 #include "shell/Reports.h"
 
 namespace quarnel02 {
@@ -33,6 +34,15 @@ void LoadModel(MainForm& form) {
     for (const TextBox box : {TextBox::txtVolume, TextBox::txtProb}) {
         form.SetText(box, "");
     }
+    CreateLinks(database, form, form.picArc);
+}
+
+void ShowInputs(MainForm& form) {
+    const Database database = form.OpenWorkingCopy();
+    FillBoxes(database, form);
+    form.ClearDemand();
+    form.ShowDemandSum("", {});
+    ListDemand(form.Copy(), form);
     CreateLinks(database, form, form.picArc);
 }
 

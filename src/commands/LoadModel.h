@@ -9,4 +9,8 @@ namespace quarnel02 {
 /// when Gen has no row, and what CreateLinks throws; the pointer is restored in any case.
 void LoadModel(MainForm& form);
 
+/// Shows what has been entered after the tables have become others under the form: parameters and
+/// demand; and rebuilds arcs and pathways. Results stay. Throws as LoadModel does.
+void ShowInputs(MainForm& form);
+
 }  // namespace quarnel02

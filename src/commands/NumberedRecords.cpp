@@ -20,7 +20,7 @@ void Write(RecordSet& rows, const std::vector<FieldValue>& values) {
 
 NumberedRecords::NumberedRecords(MainForm& form, NumberedTable table)
     : m_form(form), m_table(std::move(table)), m_network(form) {
-    m_place = std::min(1, Count());
+    StayInside();
 }
 
 RecordSet NumberedRecords::Rows(const Database& database) const {
@@ -53,6 +53,10 @@ void NumberedRecords::Previous() {
     if (m_place > 1) {
         --m_place;
     }
+}
+
+void NumberedRecords::StayInside() {
+    m_place = std::min(std::max(m_place, 1), Count());
 }
 
 void NumberedRecords::WriteDefaults(RecordSet& rows, int number) const {

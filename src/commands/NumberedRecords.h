@@ -43,6 +43,9 @@ class NumberedRecords {
     /// Moves; the last and the first row stay where they are.
     void Next();
     void Previous();
+    /// To be called when the table has become another behind the walk: there is a current row again
+    /// unless the table is empty.
+    void StayInside();
 
     /// Appends a row with the defaults, numbered count + 1, and makes it the current one.
     void AddNew();

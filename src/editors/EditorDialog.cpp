@@ -1,10 +1,12 @@
 #include "editors/EditorDialog.h"
 
+#include <QAction>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <exception>
 
 #include "basic/RunTimeError.h"
+#include "commands/LoadModel.h"
 #include "widgets/Dialogs.h"
 #include "widgets/HeldKeys.h"
 
@@ -20,12 +22,48 @@ bool MayPass(ErrorKind kind) {
 
 }  // namespace
 
-EditorDialog::EditorDialog(QWidget* parent) : QDialog(parent) {
+EditorDialog::EditorDialog(MainForm& form, EditHistory& history, QWidget* parent)
+    : QDialog(parent),
+      m_form(form),
+      m_history(history),
+      m_undo(AddStepAction(QKeySequence::Undo, &EditHistory::Undo)),
+      m_redo(AddStepAction(QKeySequence::Redo, &EditHistory::Redo)) {
     WatchKeys();
     setModal(true);
+    ShowSteps();
+}
+
+QAction* EditorDialog::AddStepAction(QKeySequence::StandardKey key, void (EditHistory::*step)()) {
+    auto* action = new QAction(this);
+    action->setShortcuts(key);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [this, step] {
+        RunEvent([&] {
+            (m_history.*step)();
+            ShowInputs(m_form);
+            ShowAgain();
+        });
+    });
+    return action;
+}
+
+void EditorDialog::ShowSteps() {
+    m_undo->setText(QString::fromStdString(m_history.UndoText()));
+    m_undo->setEnabled(m_history.CanUndo());
+    m_redo->setText(QString::fromStdString(m_history.RedoText()));
+    m_redo->setEnabled(m_history.CanRedo());
 }
 
 bool EditorDialog::RunEvent(const std::function<void()>& event) {
+    const bool done = Attempt(event);
+    if (done) {
+        Attempt([this] { m_history.Note(); });
+    }
+    ShowSteps();
+    return done;
+}
+
+bool EditorDialog::Attempt(const std::function<void()>& event) {
     try {
         event();
         return true;

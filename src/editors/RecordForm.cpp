@@ -6,8 +6,11 @@
 
 namespace quarnel02 {
 
-RecordForm::RecordForm(MainForm& form, NumberedTable table, const char* noun, QWidget* parent)
-    : EditorDialog(parent), m_records(form, std::move(table)), m_noun(QString::fromLatin1(noun)) {}
+RecordForm::RecordForm(MainForm& form, EditHistory& history, NumberedTable table, const char* noun,
+                       QWidget* parent)
+    : EditorDialog(form, history, parent),
+      m_records(form, std::move(table)),
+      m_noun(QString::fromLatin1(noun)) {}
 
 void RecordForm::Begin(const Buttons& buttons, RecordBoxes& boxes, std::vector<int> columns,
                        FieldBox& first, QLabel& info) {
@@ -49,6 +52,11 @@ void RecordForm::ShowCurrent() {
         }
         m_boxes->Show(texts);
     }
+}
+
+void RecordForm::ShowAgain() {
+    m_records.StayInside();
+    ShowCurrent();
 }
 
 void RecordForm::ShowSaveButton(bool unsaved) {

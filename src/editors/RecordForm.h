@@ -35,7 +35,8 @@ class RecordForm : public EditorDialog {
     };
 
     /// `noun` is what a record is called, in lower case.
-    RecordForm(MainForm& form, NumberedTable table, const char* noun, QWidget* parent);
+    RecordForm(MainForm& form, EditHistory& history, NumberedTable table, const char* noun,
+               QWidget* parent);
 
     /// `columns` says which column each of the boxes shows, by position; `first` is the box that
     /// typing begins in. Shows the first record.
@@ -51,6 +52,7 @@ class RecordForm : public EditorDialog {
     /// Shows whether there is something to save.
     void ShowState();
 
+    void ShowAgain() override;
     /// The count is written and, after a change, the network rebuilt.
     void Finish() override { m_records.Close(); }
 

@@ -6,9 +6,8 @@
 
 namespace quarnel02 {
 
-frmMatrix::frmMatrix(MainForm& form, QWidget* parent)
-    : EditorDialog(parent),
-      m_form(form),
+frmMatrix::frmMatrix(MainForm& form, EditHistory& history, QWidget* parent)
+    : EditorDialog(form, history, parent),
       m_ui(std::make_unique<Ui::frmMatrix>()),
       m_cells(form),
       m_model(m_cells),
@@ -38,6 +37,11 @@ void frmMatrix::LoadMe() {
     m_ui->picMatrix->setFocus();
 }
 
+void frmMatrix::ShowAgain() {
+    m_cells.Load();
+    ShowGrid();
+}
+
 void frmMatrix::ShowGrid() {
     m_model.Reload();
     m_ui->picMatrix->FitSections();
@@ -56,7 +60,7 @@ void frmMatrix::ShowLine(const QModelIndex& cell) {
 }
 
 void frmMatrix::EditPair(TaskResource pair) {
-    frmTRInfo editor(m_form, this);
+    frmTRInfo editor(Form(), History(), this);
     editor.FetchInfo(pair.Task, pair.Resource);
     if (editor.exec() == QDialog::Accepted) {
         m_cells.SetMark(pair, editor.StoredUsableTime());

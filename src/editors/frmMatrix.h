@@ -19,7 +19,7 @@ class frmMatrix : public EditorDialog {
     Q_DISABLE_COPY_MOVE(frmMatrix)
 
   public:
-    frmMatrix(MainForm& form, QWidget* parent);
+    frmMatrix(MainForm& form, EditHistory& history, QWidget* parent);
     ~frmMatrix() override;
 
     /// Reads the model and draws the grid; to be called before the window is shown.
@@ -29,6 +29,7 @@ class frmMatrix : public EditorDialog {
     [[nodiscard]] bool ChangedModel() const { return m_network.Changed(); }
 
   protected:
+    void ShowAgain() override;
     void Finish() override { m_network.Rebuild(); }
 
   private:
@@ -40,7 +41,6 @@ class frmMatrix : public EditorDialog {
     void Commit();
     void ClearAll();
 
-    MainForm& m_form;
     std::unique_ptr<Ui::frmMatrix> m_ui;
     MatrixCells m_cells;
     MatrixModel m_model;

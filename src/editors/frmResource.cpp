@@ -11,8 +11,8 @@ constexpr int kTypeColumn = 3;
 
 }  // namespace
 
-frmResource::frmResource(MainForm& form, QWidget* parent)
-    : RecordForm(form, ResourceTable(), "resource", parent),
+frmResource::frmResource(MainForm& form, EditHistory& history, QWidget* parent)
+    : RecordForm(form, history, ResourceTable(), "resource", parent),
       m_ui(std::make_unique<Ui::frmResource>()) {
     m_ui->setupUi(this);
     m_ui->txtDescription->setMinimumWidth(36 * fontMetrics().averageCharWidth());

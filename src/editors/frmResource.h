@@ -17,7 +17,7 @@ class frmResource : public RecordForm {
 
   public:
     /// Opens the resources of the working copy; throws what that throws.
-    frmResource(MainForm& form, QWidget* parent);
+    frmResource(MainForm& form, EditHistory& history, QWidget* parent);
     ~frmResource() override;
 
   protected:

@@ -5,8 +5,8 @@
 
 namespace quarnel02 {
 
-frmTRInfo::frmTRInfo(MainForm& form, QWidget* parent)
-    : EditorDialog(parent), m_form(form), m_ui(std::make_unique<Ui::frmTRInfo>()) {
+frmTRInfo::frmTRInfo(MainForm& form, EditHistory& history, QWidget* parent)
+    : EditorDialog(form, history, parent), m_ui(std::make_unique<Ui::frmTRInfo>()) {
     m_ui->setupUi(this);
     setMinimumWidth(48 * fontMetrics().averageCharWidth());
     m_boxes = new RecordBoxes("Matrix",
@@ -22,7 +22,7 @@ frmTRInfo::~frmTRInfo() = default;
 
 void frmTRInfo::FetchInfo(std::int16_t task, std::int16_t resource) {
     m_pair = {task, resource};
-    const PairTexts texts = FetchPair(m_form, m_pair);
+    const PairTexts texts = FetchPair(Form(), m_pair);
     m_ui->lblResource->setText(QString::fromStdString(texts.Resource));
     m_ui->lblTask->setText(QString::fromStdString(texts.Task));
     m_boxes->Show({texts.Data.begin(), texts.Data.end()});
@@ -37,7 +37,7 @@ void frmTRInfo::StoreAndClose() {
     }
     const bool stored = RunEvent([&] {
         const std::vector<FieldValue> values = m_boxes->Values();
-        StorePair(m_form, m_pair, values);
+        StorePair(Form(), m_pair, values);
         m_storedUsableTime = std::get<double>(values.front().Content) > 0;
     });
     if (stored) {

@@ -19,7 +19,7 @@ class frmTRInfo : public EditorDialog {
     Q_DISABLE_COPY_MOVE(frmTRInfo)
 
   public:
-    frmTRInfo(MainForm& form, QWidget* parent);
+    frmTRInfo(MainForm& form, EditHistory& history, QWidget* parent);
     ~frmTRInfo() override;
 
     /// Fills the window for the pair. Throws NoCurrentRecord when one of them does not exist.
@@ -31,7 +31,6 @@ class frmTRInfo : public EditorDialog {
   private:
     void StoreAndClose();
 
-    MainForm& m_form;
     std::unique_ptr<Ui::frmTRInfo> m_ui;
     RecordBoxes* m_boxes;
     TaskResource m_pair{};

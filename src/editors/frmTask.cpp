@@ -5,8 +5,9 @@
 
 namespace quarnel02 {
 
-frmTask::frmTask(MainForm& form, QWidget* parent)
-    : RecordForm(form, TaskTable(), "task", parent), m_ui(std::make_unique<Ui::frmTask>()) {
+frmTask::frmTask(MainForm& form, EditHistory& history, QWidget* parent)
+    : RecordForm(form, history, TaskTable(), "task", parent),
+      m_ui(std::make_unique<Ui::frmTask>()) {
     m_ui->setupUi(this);
     m_ui->txtDescription->setMinimumWidth(40 * fontMetrics().averageCharWidth());
     auto* boxes =

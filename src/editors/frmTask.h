@@ -17,7 +17,7 @@ class frmTask : public RecordForm {
 
   public:
     /// Opens the tasks of the working copy; throws what that throws.
-    frmTask(MainForm& form, QWidget* parent);
+    frmTask(MainForm& form, EditHistory& history, QWidget* parent);
     ~frmTask() override;
 
   protected:

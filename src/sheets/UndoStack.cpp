@@ -19,6 +19,14 @@ void UndoStack::Push(std::string name, const InputTables& before, const InputTab
     ForgetOldest();
 }
 
+void UndoStack::Extend(const InputTables& after) {
+    if (CanUndo()) {
+        Step& last = m_steps[m_done - 1];
+        last.After = PackedTables(after, &last.Before);
+        ForgetOldest();
+    }
+}
+
 void UndoStack::Clear() {
     m_steps.clear();
     m_done = 0;

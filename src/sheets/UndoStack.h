@@ -22,6 +22,9 @@ class UndoStack {
     /// nothing has changed.
     void Push(std::string name, const InputTables& before, const InputTables& after);
 
+    /// Makes the last step that is not undone lead to these tables; without one nothing happens.
+    void Extend(const InputTables& after);
+
     /// Forgets everything, as for another model.
     void Clear();
 

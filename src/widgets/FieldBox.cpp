@@ -72,6 +72,25 @@ FieldBox::FieldBox(QWidget* parent) : QLineEdit(parent) {
     connect(this, &QLineEdit::textEdited, this, [this] { setModified(true); });
 }
 
+void FieldBox::ForgetTyping() {
+    const int cursor = cursorPosition();
+    setText(text());
+    setCursorPosition(cursor);
+}
+
+/// A text box claims these keys for itself, whether it has anything to undo or not.
+bool FieldBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if ((key.matches(QKeySequence::Undo) && !isUndoAvailable()) ||
+            (key.matches(QKeySequence::Redo) && !isRedoAvailable())) {
+            event->ignore();
+            return false;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void FieldBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (StaysTheFocus(event->reason())) {

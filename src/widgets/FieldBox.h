@@ -12,6 +12,8 @@ namespace quarnel02 {
 /// counts once. The text never holds a control character, however it came in: what is pasted,
 /// dropped or typed loses line breaks, tabs and no-break blanks at its ends and has one blank in
 /// their place inside (OneLine). A box that is to take any character has its validator removed.
+///
+/// The keys of undo and redo go to the window once there is no typing left to undo here.
 class FieldBox : public QLineEdit {
     Q_OBJECT
 
@@ -22,11 +24,15 @@ class FieldBox : public QLineEdit {
     void SetUnsaved(bool unsaved);
     [[nodiscard]] bool IsUnsaved() const { return m_unsaved; }
 
+    /// What was typed has been stored: it is no longer this box that can undo it.
+    void ForgetTyping();
+
   signals:
     void Entered();  ///< Enter was pressed
     void Left();
 
   protected:
+    bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

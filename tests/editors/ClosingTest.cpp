@@ -65,7 +65,7 @@ TEST_F(ClosedEditor, KeepsTheMarksWhenNothingWasChanged) {
 
 TEST_F(ClosedEditor, OfTasksKeepsTheMarksWhenNothingWasChanged) {
     StartMarked();
-    quarnel02::frmTask editor(*Window, Window.get());
+    quarnel02::frmTask editor(*Window, Window->History(), Window.get());
     OnDialog([&] {
         Press("cmdSave");
         Press("cmdOK");
@@ -77,7 +77,7 @@ TEST_F(ClosedEditor, OfTasksKeepsTheMarksWhenNothingWasChanged) {
 
 TEST_F(ClosedEditor, OfTasksSaysThatItChangedTheModel) {
     StartMarked();
-    quarnel02::frmTask editor(*Window, Window.get());
+    quarnel02::frmTask editor(*Window, Window->History(), Window.get());
     OnDialog([&] {
         Put("txtDescription", "Other");
         Press("cmdSave");

@@ -185,5 +185,19 @@ TEST(UndoStackMemory, TheOldestStepsAreForgottenFirst) {
     EXPECT_EQ(ReadInputTables(store), states[states.size() - 1 - undone]);
 }
 
+TEST_F(UndoStackTest, AnExtendedStepLeadsToTheNewTables) {
+    Stack.Extend(WithTime(1));
+    EXPECT_EQ(Stack.Steps(), 0U);
+    Step("Edit", WithTime(1));
+    WriteInputTables(Store, WithTime(2));
+    Stack.Extend(WithTime(2));
+    EXPECT_EQ(Stack.Steps(), 1U);
+    Stack.Undo(Store);
+    EXPECT_EQ(Now(), SmallModel());
+    Stack.Extend(WithTime(3));
+    Stack.Redo(Store);
+    EXPECT_EQ(Now(), WithTime(2));
+}
+
 }  // namespace
 }  // namespace quarnel02
