@@ -33,6 +33,7 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
     ConnectDemand();
     ConnectSolve();
     ConnectFileMenu();
+    ConnectSheetFiles();
     ConnectEditMenu();
     ConnectOtherMenus();
     m_afterError.setSingleShot(true);

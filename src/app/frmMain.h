@@ -99,6 +99,7 @@ class frmMain : public QMainWindow, public MainForm {
     void ConnectDemand();
     void ConnectSolve();
     void ConnectFileMenu();
+    void ConnectSheetFiles();
     void ConnectEditMenu();
     void ConnectOtherMenus();
     void ConnectEditors();
@@ -125,6 +126,10 @@ class frmMain : public QMainWindow, public MainForm {
     void ShowSumColour();
     void EnableDemandButtons();
     void OpeningFileMenu();
+    void Import();
+    void ExportWorkbook();
+    void ExportCsvFiles();
+    [[nodiscard]] QString UserDirectory();
     void FillRecoverMenu(const std::vector<KeptModel>& models);
     void ShowGuide();
     void ShowAbout();

@@ -107,6 +107,16 @@ TEST_F(frmMainUndo, MarksResultsAsOutOfDateAndAgainAsCurrent) {
     EXPECT_TRUE(mark.isVisible());
 }
 
+/// What was saved is no longer what is there.
+TEST_F(frmMainUndo, AfterSavingIsAChangeToAskAbout) {
+    Start();
+    Type("txtDays", "111");
+    PressKey(Qt::Key_Tab);
+    Window->Current().Changed = false;
+    Undo();
+    EXPECT_TRUE(Window->Current().Changed);
+}
+
 TEST_F(frmMainUndo, NewForgetsTheSteps) {
     Start();
     Type("txtDays", "111");
