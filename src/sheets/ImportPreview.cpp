@@ -34,8 +34,9 @@ class Comparison {
     void Add(std::string difference);
     void CompareFields(const std::string& name, std::span<const SheetColumn> columns,
                        const InputRow& before, const InputRow& after);
+    /// A row that is new or removed shows its column `named`.
     void CompareRows(const std::string& kind, std::span<const SheetColumn> columns,
-                     const TableRows& before, const TableRows& after);
+                     std::size_t named, TableRows InputTables::*rows);
     static Pairs PairsOf(const TableRows& matrix);
     void ComparePair(const std::string& name, const InputRow* before, const InputRow* after);
     void CompareMatrix();
@@ -65,13 +66,18 @@ void Comparison::CompareFields(const std::string& name, std::span<const SheetCol
 }
 
 void Comparison::CompareRows(const std::string& kind, std::span<const SheetColumn> columns,
-                             const TableRows& before, const TableRows& after) {
+                             std::size_t named, TableRows InputTables::*rows) {
+    const TableRows& before = m_before.*rows;
+    const TableRows& after = m_after.*rows;
+    const auto text = [&](const InputRow& row) {
+        return Quoted(columns[named], row.at(columns[named].Place)) + ".";
+    };
     for (std::size_t place = 0; place < std::max(before.size(), after.size()); ++place) {
         const std::string name = kind + " " + std::to_string(place + 1);
         if (place >= before.size()) {
-            Add(name + " is new.");
+            Add(name + " is new: " + text(after[place]));
         } else if (place >= after.size()) {
-            Add(name + " is removed.");
+            Add(name + " is removed: " + text(before[place]));
         } else {
             CompareFields(name + ", ", columns, before[place], after[place]);
         }
@@ -129,10 +135,11 @@ ImportPreview Comparison::Result() {
     if (!m_before.Gen.empty() && !m_after.Gen.empty()) {
         CompareFields("", GeneralColumns(), m_before.Gen.front(), m_after.Gen.front());
     }
-    CompareRows("Task", TaskColumns(), m_before.Tasks, m_after.Tasks);
-    CompareRows("Resource", ResourceColumns(), m_before.Resources, m_after.Resources);
+    constexpr std::size_t description = 1;
+    CompareRows("Task", TaskColumns(), description, &InputTables::Tasks);
+    CompareRows("Resource", ResourceColumns(), description, &InputTables::Resources);
     CompareMatrix();
-    CompareRows("Demand row", DemandColumns(), m_before.Demand, m_after.Demand);
+    CompareRows("Demand row", DemandColumns(), 0, &InputTables::Demand);
     return std::move(m_preview);
 }
 
@@ -145,6 +152,7 @@ std::string ImportPreview::Text() const {
         text +=
             count.After == count.Before ? ".\n" : " become " + std::to_string(count.After) + ".\n";
     }
+    text += First.empty() ? "" : "\n";
     for (const std::string& difference : First) {
         text += difference + "\n";
     }

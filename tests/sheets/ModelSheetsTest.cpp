@@ -190,14 +190,14 @@ TEST(ImportPreview, CountsAndNamesTheFirstDifferences) {
     const ImportPreview preview = PreviewOf(SmallModel(), after);
     EXPECT_EQ(preview.Differences, 7U);
     EXPECT_EQ(preview.Text(),
-              "3 tasks become 4.\n2 resources.\n4 matrix cells.\n2 demand rows become 1.\n"
+              "3 tasks become 4.\n2 resources.\n4 matrix cells.\n2 demand rows become 1.\n\n"
               "Product: \"Untitled\" becomes \"Pump\".\n"
               "Task 2, Description: \"T2\" becomes nothing.\n"
-              "Task 4 is new.\n"
+              "Task 4 is new: \"T4\".\n"
               "Task 1, resource 1 is removed: 12.5 | 3 | 400.\n"
               "Task 2, resource 1: 0 | 0 | 0 becomes 8.5 | 0 | 0.\n"
               "Task 4, resource 1 is new: 3 | 2 | 1.\n"
-              "Demand row 2 is removed.\n");
+              "Demand row 2 is removed: 1000.\n");
 }
 
 TEST(ImportPreview, KnowsWhenNothingChangesAndWhenOnlyTheOrderDoes) {
