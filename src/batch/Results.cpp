@@ -141,7 +141,8 @@ void MakeRunFileDirectory(const SolveRequest& request) {
     }
 }
 
-SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std::string& report) {
+SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std::string& report,
+                         ModelFormat format) {
     const fs::path file = form.Copy().File(report);
     if (KindOfFile(file) == FileKind::Missing) {
         return {"", form.Messages()};
@@ -149,7 +150,7 @@ SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std
     SolveOutcome outcome{ReadFile(file), form.Messages()};
     WriteResults(form, request, report, outcome.Report);
     if (request.SaveAs && outcome.Messages.empty()) {
-        SaveModel(form.Copy().Path(), *request.SaveAs);
+        SaveModel(form.Copy().Path(), *request.SaveAs, request.SaveFormat.value_or(format));
     }
     return outcome;
 }

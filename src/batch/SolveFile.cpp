@@ -84,13 +84,14 @@ SolveOutcome SolveFile(const SolveRequest& request) {
     RequireStationLimit(request);
     const ScratchDirectory application;
     BatchForm form(application.Path(), request.Progress);
-    ReadModel(request.Model, form.Copy().Path(), PathText(request.Model));
+    const ModelFormat format =
+        ReadModel(request.Model, form.Copy().Path(), PathText(request.Model));
 
     LoadModel(form);
     ListDemand(form.Copy(), form);
     const Printed printed =
         request.Stochastic ? SolveStochastic(form, request) : SolveFixedDemand(form, request);
-    SolveOutcome outcome = TakeOutcome(form, request, printed.ReportFile);
+    SolveOutcome outcome = TakeOutcome(form, request, printed.ReportFile, format);
     if (!outcome.Report.empty()) {
         outcome.Report.insert(0, printed.Text);
     }

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "files/ModelFormat.h"
+
 namespace quarnel02 {
 
 /// One run of the batch program.
@@ -20,6 +22,7 @@ struct SolveRequest {
     bool Pictures = false;                              ///< leave the pictures there as well
     std::optional<std::filesystem::path> KeepRunFiles;  ///< where run files are kept
     std::optional<std::filesystem::path> SaveAs;        ///< where the solved model is written
+    std::optional<ModelFormat> SaveFormat;              ///< in which format; else the model's own
 };
 
 struct SolveOutcome {

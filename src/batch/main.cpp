@@ -1,12 +1,15 @@
 // quarnel02-solve: designs the assembly line of a model file from the shell.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "basic/FailureText.h"
+#include "basic/RunTimeError.h"
 #include "basic/Version.h"
 #include "batch/Interruption.h"
 #include "batch/SolveFile.h"
@@ -38,12 +41,60 @@ struct Options {
     bool Stochastic = false;
     std::string KeepRunFiles;
     bool Progress = false;
+    std::vector<std::string> Formats;
 };
+
+[[noreturn]] void RefuseFormat(const std::string& why) {
+    throw quarnel02::RunTimeError(quarnel02::ErrorKind::TypeMismatch, why);
+}
+
+void SetSaveFormat(quarnel02::SolveRequest& request, quarnel02::ModelFormat format) {
+    if (!request.SaveAs) {
+        RefuseFormat(
+            "--format sqlite and --format access say how --save writes the model. Give "
+            "--save FILE too.");
+    }
+    if (request.SaveFormat) {
+        RefuseFormat("--format is given both as sqlite and as access. Give one of them.");
+    }
+    request.SaveFormat = format;
+}
+
+/// A word that --format takes, and what it says.
+struct FormatWord {
+    const char* Word;
+    void (*Apply)(quarnel02::SolveRequest& request);
+};
+
+const std::vector<FormatWord>& FormatWords() {
+    static const std::vector<FormatWord> words = {
+        {"sqlite", [](auto& request) { SetSaveFormat(request, quarnel02::ModelFormat::Sqlite); }},
+        {"access", [](auto& request) { SetSaveFormat(request, quarnel02::ModelFormat::Access); }},
+    };
+    return words;
+}
+
+std::vector<std::string> AllFormatWords() {
+    std::vector<std::string> words;
+    for (const FormatWord& format : FormatWords()) {
+        words.emplace_back(format.Word);
+    }
+    return words;
+}
+
+void ApplyFormats(const Options& options, quarnel02::SolveRequest& request) {
+    for (const FormatWord& format : FormatWords()) {
+        if (std::count(options.Formats.begin(), options.Formats.end(), format.Word) > 0) {
+            format.Apply(request);
+        }
+    }
+}
 
 void Describe(CLI::App& app, Options& options) {
     app.footer(kFooter);
     app.set_version_flag("--version", std::string("quarnel02-solve ") + quarnel02::Version());
-    app.add_option("MODEL", options.Model, "Model file (.mdb); it is never changed")
+    app.add_option("MODEL", options.Model,
+                   "Model file (.mdb), also one of Access; it is never changed")
         ->required()
         ->type_name("FILE");
     auto* kind = app.add_option_group("Design", "one of:");
@@ -76,6 +127,12 @@ void Describe(CLI::App& app, Options& options) {
     app.add_option("--save", options.SaveAs,
                    "Write the solved model to this file, never over MODEL")
         ->type_name("FILE");
+    app.add_option("--format", options.Formats,
+                   "Format in which --save writes: sqlite (this program's own) or access (Access "
+                   "2000 to 2003); without it, that of MODEL")
+        ->check(CLI::IsMember(AllFormatWords()))
+        ->allow_extra_args(false)
+        ->type_name("F");
 }
 
 quarnel02::SolveRequest ToRequest(const CLI::App& app, const Options& options) {
@@ -100,6 +157,7 @@ quarnel02::SolveRequest ToRequest(const CLI::App& app, const Options& options) {
     if (app.count("--save") > 0) {
         request.SaveAs = options.SaveAs;
     }
+    ApplyFormats(options, request);
     return request;
 }
 

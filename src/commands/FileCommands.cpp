@@ -149,24 +149,25 @@ void FileCommands::LoadTemplate() {
     NoteBaseline(DigestOf(m_form.Copy().Path()));
 }
 
-/// Reads a model into the working copy. False when it cannot be read, which is said, or when the
-/// user does not want to leave the present one; everything is then as it was.
-bool FileCommands::Read(const fs::path& source) {
+/// Reads a model into the working copy and returns its format; nothing when it cannot be read,
+/// which is said, or when the user does not want to leave the present one. Everything is then as it
+/// was.
+std::optional<ModelFormat> FileCommands::Read(const fs::path& source) {
     try {
         RepairTemplate(Template());
         IncomingModel incoming(m_form);
-        ReadModel(source, incoming.Path(), PathText(source));
+        const ModelFormat format = ReadModel(source, incoming.Path(), PathText(source));
         incoming.Try(PathText(source));
         if (!Leave()) {
-            return false;
+            return {};
         }
         incoming.TakePlace();
         m_current.Changed = false;
         m_history.Restart();
-        return true;
+        return format;
     } catch (const RunTimeError& error) {
         m_form.ShowMessage(error.what(), MessageIcon::Critical);
-        return false;
+        return {};
     }
 }
 
@@ -203,6 +204,7 @@ bool FileCommands::Exit() {
 void FileCommands::ForgetFile() {
     m_current.Dir.clear();
     m_current.File.clear();
+    m_current.Format = ModelFormat::Sqlite;
     m_proposed = false;
 }
 
@@ -247,9 +249,11 @@ void FileCommands::OpenFile(const ChosenFile& chosen) {
         LoadKept(chosen.Path);
         return;
     }
-    if (!Read(chosen.Path)) {
+    const auto format = Read(chosen.Path);
+    if (!format) {
         return;
     }
+    m_current.Format = *format;
     m_current.Dir = chosen.Directory;
     m_current.File = chosen.Name;
     m_proposed = false;

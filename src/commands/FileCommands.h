@@ -15,6 +15,7 @@
 #include "commands/KeptWork.h"
 #include "commands/RecentFiles.h"
 #include "commands/SessionState.h"
+#include "files/SaveModel.h"
 #include "shell/MainForm.h"
 
 namespace quarnel02 {
@@ -78,15 +79,17 @@ class FileCommands {
     void OfferKeptWork();
     [[nodiscard]] bool Leave();
     void LoadTemplate();
-    [[nodiscard]] bool Read(const std::filesystem::path& source);
+    [[nodiscard]] std::optional<ModelFormat> Read(const std::filesystem::path& source);
     void LoadKept(const std::filesystem::path& file);
     void OpenFile(const ChosenFile& chosen);
     void NoteBaseline(std::optional<std::uint64_t> saved) noexcept;
     void WriteState() noexcept;
     [[nodiscard]] bool TrySave();
     [[nodiscard]] bool TrySaveAs();
+    [[nodiscard]] bool AskForFile();
     [[nodiscard]] bool SaveToFile(bool reload);
-    [[nodiscard]] bool MayReplace(const std::filesystem::path& target);
+    [[nodiscard]] bool MayReplace(const std::string& target, const Obstacle& obstacle);
+    [[nodiscard]] bool SaveElsewhere(const std::string& target, const Obstacle& obstacle);
     [[nodiscard]] bool TakeProposal();
     void AddToRecent();
     void ForgetFile();

@@ -5,7 +5,6 @@
 #include "basic/Files.h"
 #include "commands/FileCommands.h"
 #include "commands/ModelPath.h"
-#include "files/SaveModel.h"
 #include "model/InputDigest.h"
 
 namespace fs = std::filesystem;
@@ -18,14 +17,6 @@ constexpr const char* kSaveFailed =
     "Could not save this file.  Possible cause: working.seq is open in Access, or is missing / "
     "invalid";
 constexpr const char* kOverwrite = "File already exists.  Overwrite?";
-
-std::string Joined(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "" : ", ") + name;
-    }
-    return text;
-}
 
 }  // namespace
 
@@ -48,16 +39,22 @@ bool FileCommands::TrySave() {
 }
 
 bool FileCommands::TrySaveAs() {
+    return !AskForFile() || SaveToFile(true);
+}
+
+/// False after Cancel.
+bool FileCommands::AskForFile() {
     ProposeFile();
     m_dialog.SetForm(false);
     m_dialog.ShowModal();
     if (m_dialog.FileName.empty()) {
-        return true;
+        return false;
     }
     m_current.Dir = m_dialog.FilePath;
     m_current.File = m_dialog.FileName;
+    m_current.Format = m_dialog.Format;
     m_proposed = false;
-    return SaveToFile(true);
+    return true;
 }
 
 void FileCommands::ProposeFile() {
@@ -69,7 +66,8 @@ void FileCommands::ProposeFile() {
         m_proposed = true;
     }
     m_dialog.FilePath = m_current.Dir;
-    m_dialog.FileName = m_current.File;
+    m_dialog.FileName = WithSavedExtension(m_current.File);
+    m_dialog.Format = m_current.Format;
 }
 
 /// A proposed name stands for a model file, like one typed into the dialog. Nobody has agreed yet
@@ -91,10 +89,14 @@ bool FileCommands::TakeProposal() {
 bool FileCommands::SaveToFile(bool reload) {
     const fs::path target = ModelPath(m_current.Dir, m_current.File);
     try {
-        if (!MayReplace(target)) {
+        const auto obstacle = ObstacleTo(target, m_current.Format);
+        if (obstacle && obstacle->IsFinal) {
+            return SaveElsewhere(PathText(target), *obstacle);
+        }
+        if (obstacle && !MayReplace(PathText(target), *obstacle)) {
             return false;
         }
-        SaveModel(m_form.Copy().Path(), target);
+        SaveModel(m_form.Copy().Path(), target, m_current.Format);
         NoteBaseline(InputDigest(m_form.OpenWorkingCopy()));
         if (reload) {
             ShowLoadedModel(m_form);
@@ -109,12 +111,16 @@ bool FileCommands::SaveToFile(bool reload) {
     return true;
 }
 
-bool FileCommands::MayReplace(const fs::path& target) {
-    const std::vector<std::string> foreign = ForeignObjects(target);
-    return foreign.empty() ||
-           m_form.AskYesNo(PathText(target) + " holds more than a model: " + Joined(foreign) +
-                               ". Saving removes it. Replace the file?",
+bool FileCommands::MayReplace(const std::string& target, const Obstacle& obstacle) {
+    return m_form.AskYesNo(target + " " + obstacle.Why + " Replace the file?",
                            MessageIcon::Question, Answer::No);
+}
+
+/// False when the model is in no file then.
+bool FileCommands::SaveElsewhere(const std::string& target, const Obstacle& obstacle) {
+    return m_form.AskYesNo(target + " " + obstacle.Why + " Save the model as another file?",
+                           MessageIcon::Question, Answer::Yes) &&
+           AskForFile() && SaveToFile(true);
 }
 
 }  // namespace quarnel02

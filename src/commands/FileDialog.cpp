@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "commands/ModelPath.h"
@@ -13,6 +14,7 @@ namespace quarnel02 {
 namespace {
 
 constexpr const char* kModelExtension = ".mdb";
+constexpr std::string_view kNewAccessExtension = ".accdb";
 
 /// The name less its extension.
 std::string Stem(const std::string& name) {
@@ -39,6 +41,16 @@ bool IsTooLong(const std::string& path) {
 
 std::string WithModelExtension(const std::string& name) {
     return name.empty() || name.ends_with(kModelExtension) ? name : name + kModelExtension;
+}
+
+std::string WithOpenedExtension(const std::string& name) {
+    return name.ends_with(kNewAccessExtension) ? name : WithModelExtension(name);
+}
+
+std::string WithSavedExtension(const std::string& name) {
+    return name.ends_with(kNewAccessExtension)
+               ? name.substr(0, name.size() - kNewAccessExtension.size()) + kModelExtension
+               : name;
 }
 
 std::string FileNameObjection(const std::string& directory, const std::string& name) {

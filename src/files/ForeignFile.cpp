@@ -1,10 +1,8 @@
 #include "files/ForeignFile.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "basic/Files.h"
-#include "basic/Numbers.h"
 #include "files/Defences.h"
 #include "files/ModelChecks.h"
 #include "model/Connection.h"
@@ -20,59 +18,20 @@ constexpr int kSecondsOfWork = 3;
 constexpr int kStepsBetweenLooks = 1000;
 constexpr std::int64_t kRowsBetweenLooks = 10000;
 
-constexpr std::int64_t kMostRows = std::int64_t{1} << 20;    ///< 4,095 resources by 255 tasks
-constexpr int kMostText = 128 << 10;                         ///< what a box takes, in bytes
-constexpr std::size_t kMostContent = std::size_t{64} << 20;  ///< kept in memory while it is read
 constexpr std::uintmax_t kMostFile = std::uintmax_t{256} << 20;
 
 int IsOverdue(void* until) {
     return std::clock() > *static_cast<const std::clock_t*>(until) ? 1 : 0;
 }
 
-/// Rounding would change a figure of the user's file in silence. Throws Overflow.
-void RequireWholeNumber(const Value& value, const std::string& field) {
-    const Value number = ConvertTo(FieldType::Real, value, field);
-    const auto* real = std::get_if<double>(&number);
-    if (real != nullptr && *real != std::trunc(*real)) {
-        throw RunTimeError(ErrorKind::Overflow, field + ": " + NumberText(*real) +
-                                                    " is no whole number. Correct it there.");
-    }
-}
-
-/// What no field takes, or none of this type; empty when there is nothing to say.
-std::string Fault(sqlite3_stmt* row, int place, FieldType type) {
-    constexpr int longest_number = 100;
-    switch (sqlite3_column_type(row, place)) {
-        case SQLITE_BLOB:
-            return " is no text or number. Correct it there.";
-        case SQLITE_FLOAT:
-            return std::isfinite(sqlite3_column_double(row, place))
-                       ? ""
-                       : " is infinite. Correct it there.";
-        case SQLITE_TEXT:
-            break;
-        default:
-            return {};
-    }
-    const int length = sqlite3_column_bytes(row, place);
-    if (type != FieldType::Text && length > longest_number) {
-        return " is a text, not a number. Correct it there.";
-    }
-    return length > kMostText ? " is longer than 128 KB. Shorten it there." : "";
-}
-
 /// A field of a user's row as our tables hold it. Throws for a value that it cannot hold.
-Value Converted(const ReadStatement& row, int place, const ColumnSchema& column) {
-    const std::string name(column.Name);
-    const std::string fault = Fault(row.get(), place, column.Type);
-    if (!fault.empty()) {
-        throw RunTimeError(ErrorKind::NotAModel, name + fault);
+Value Converted(const ReadStatement& row, std::size_t place, const ColumnSchema& column) {
+    const int field = static_cast<int>(place);
+    if (sqlite3_column_type(row.get(), field) == SQLITE_BLOB) {
+        throw RunTimeError(ErrorKind::NotAModel,
+                           std::string(column.Name) + " is no text or number. Correct it there.");
     }
-    const Value value = FieldOf(row, place);
-    if (column.Type == FieldType::Integer) {
-        RequireWholeNumber(value, name);
-    }
-    return ConvertTo(column.Type, value, name);
+    return FieldFrom(FieldOf(row, field), column);
 }
 
 }  // namespace
@@ -112,7 +71,7 @@ void ForeignFile::Translate(const SQLite::Exception& error) const {
 }
 
 ForeignFile::ForeignFile(const fs::path& path, std::string_view name)
-    : m_path(fs::absolute(path)), m_name(name), m_database([&] {
+    : m_path(fs::absolute(path)), m_name(name), m_content(name), m_database([&] {
           RequireDatabaseHead(m_path, name);
           if (fs::file_size(m_path) > kMostFile) {
               RefuseFile(name, "is larger than 256 MB, which no model is.");
@@ -162,6 +121,14 @@ void ForeignFile::RequireWhole() const {
     });
 }
 
+void ForeignFile::RequireReadable() const {
+    RequireKnownFormat();
+    RequireWhole();
+    for (const TableSchema& table : ModelSchema()) {
+        RequireTable(table);
+    }
+}
+
 void ForeignFile::RequireModel() const {
     Guarded([&] { RequireModelTables(Handle(), m_name); });
 }
@@ -205,46 +172,24 @@ void ForeignFile::RequireColumns(const TableSchema& table) const {
     }
 }
 
-void ForeignFile::CountContent(const Value& value) {
-    const auto* text = std::get_if<std::string>(&value);
-    m_content += text == nullptr ? sizeof(double) : text->size();
-    if (m_content > kMostContent) {
-        RefuseFile(m_name, "holds more than 64 MB of rows and texts, which no model does.");
-    }
-}
-
-std::int64_t ForeignFile::ReadRows(const TableSchema& table,
-                                   const std::function<void(const std::vector<Value>&)>& action) {
-    const std::string table_name(table.Name);
-    std::int64_t count = 0;
-    const auto read = [&](const ReadStatement& row, std::size_t field) {
-        try {
-            return Converted(row, static_cast<int>(field), table.Columns[field]);
-        } catch (const RunTimeError& error) {
-            throw RunTimeError(ErrorKind::NotAModel, m_name + " has a wrong value in row " +
-                                                         std::to_string(count) + " of table " +
-                                                         table_name + ": " + error.what());
-        }
-    };
+std::int64_t ForeignFile::ReadRows(const TableSchema& table, const RowAction& action) {
+    RowIntake intake(m_name, table, m_content);
     return Guarded([&] {
         // An index could answer this too, in its own order.
-        const ReadStatement rows = Prepare(
-            Handle(), "SELECT " + Joined(NamesOf(table)) + " FROM " + table_name + " NOT INDEXED");
+        const ReadStatement rows = Prepare(Handle(), "SELECT " + Joined(NamesOf(table)) + " FROM " +
+                                                         std::string(table.Name) + " NOT INDEXED");
         std::vector<Value> values(table.Columns.size());
         for (; Step(rows); action(values)) {
-            if (count % kRowsBetweenLooks == 0) {
+            if (intake.Rows() % kRowsBetweenLooks == 0) {
                 GiveTime();
             }
-            if (++count > kMostRows) {
-                RefuseFile(m_name, "has more than 1,048,576 rows in table " + table_name +
-                                       ", which no model has.");
-            }
+            intake.StartRow();
             for (std::size_t field = 0; field < values.size(); ++field) {
-                values[field] = read(rows, field);
-                CountContent(values[field]);
+                values[field] =
+                    intake.Take([&] { return Converted(rows, field, table.Columns[field]); });
             }
         }
-        return count;
+        return intake.Rows();
     });
 }
 

@@ -5,6 +5,7 @@
 
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
+#include "jet/Recognise.h"
 #include "model/Schema.h"
 #include "model/Select.h"
 
@@ -13,17 +14,6 @@ namespace fs = std::filesystem;
 namespace quarnel02 {
 
 namespace {
-
-std::string FileHead(const fs::path& path, std::string_view name) {
-    std::ifstream file(path, std::ios::binary);
-    std::array<char, 32> head{};
-    if (!file) {
-        throw RunTimeError(ErrorKind::FileAccess,
-                           "Cannot read " + std::string(name) + ". Check the file's rights.");
-    }
-    file.read(head.data(), head.size());
-    return {head.data(), static_cast<std::size_t>(file.gcount())};
-}
 
 void RequireTable(sqlite3* database, const TableSchema& table, std::string_view name) {
     const std::string table_name(table.Name);
@@ -62,6 +52,21 @@ void RequireOrdinaryFile(const fs::path& path, std::string_view name) {
     }
 }
 
+std::string FileHead(const fs::path& path, std::string_view name) {
+    std::ifstream file(path, std::ios::binary);
+    std::array<char, 32> head{};
+    if (!file) {
+        throw RunTimeError(ErrorKind::FileAccess,
+                           "Cannot read " + std::string(name) + ". Check the file's rights.");
+    }
+    file.read(head.data(), head.size());
+    return {head.data(), static_cast<std::size_t>(file.gcount())};
+}
+
+bool IsSqliteHead(std::string_view head) {
+    return head.starts_with("SQLite format 3");
+}
+
 void RequireDatabaseHead(const fs::path& path, std::string_view name) {
     constexpr std::size_t log_mark = 18;
     constexpr char keeps_log = 2;
@@ -70,11 +75,10 @@ void RequireDatabaseHead(const fs::path& path, std::string_view name) {
     if (head.empty()) {
         RefuseFile(name, "is empty.");
     }
-    if (head.find("Standard Jet DB") != std::string::npos ||
-        head.find("Standard ACE DB") != std::string::npos) {
-        RefuseFile(name, "is a Jet (Access) database, which this program does not read.");
+    if (jet::IsAccessHead(head)) {
+        RefuseFile(name, "is a Jet (Access) database, not one of this program's own.");
     }
-    if (!head.starts_with("SQLite format 3")) {
+    if (!IsSqliteHead(head)) {
         RefuseFile(name, "is not a model database.");
     }
     if (head.size() > log_mark && head[log_mark] == keeps_log) {

@@ -25,8 +25,14 @@ inline constexpr std::int64_t kFormatVersion = 1;
 /// Throws FileNotFound or NotAModel unless an ordinary file stands at `path`.
 void RequireOrdinaryFile(const std::filesystem::path& path, std::string_view name);
 
-/// Throws like RequireOrdinaryFile, FileAccess for a file that may not be read, and NotAModel
-/// unless the file begins like a database that is a single file.
+/// The first bytes of a file. Throws FileAccess for one that may not be read.
+std::string FileHead(const std::filesystem::path& path, std::string_view name);
+
+/// Whether a file begins like a SQLite database.
+bool IsSqliteHead(std::string_view head);
+
+/// Throws like RequireOrdinaryFile and FileHead, and NotAModel unless the file begins like a
+/// database that is a single file.
 void RequireDatabaseHead(const std::filesystem::path& path, std::string_view name);
 
 /// Throws NotAModel unless tables and indices of the open database are whole.

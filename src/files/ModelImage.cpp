@@ -10,6 +10,7 @@
 #include "files/ModelChecks.h"
 #include "model/Connection.h"
 #include "model/SchemaScript.h"
+#include "model/Select.h"
 
 namespace fs = std::filesystem;
 
@@ -60,10 +61,29 @@ void ModelImage::Fill(const TableSchema& table,
     m_database.exec("COMMIT");
 }
 
-std::string_view ModelImage::Content(const std::string& name) {
+void ModelImage::ReadRows(const TableSchema& table,
+                          const std::function<void(const std::vector<Value>&)>& action) const {
+    const ReadStatement rows =
+        Prepare(m_database.getHandle(), "SELECT " + Joined(NamesOf(table)) + " FROM " +
+                                            std::string(table.Name) + " NOT INDEXED");
+    std::vector<Value> values(table.Columns.size());
+    for (; Step(rows); action(values)) {
+        for (std::size_t field = 0; field < values.size(); ++field) {
+            values[field] = FieldOf(rows, static_cast<int>(field));
+        }
+    }
+}
+
+void ModelImage::RequireWhole(const std::string& name) const {
     Translating(name, [&] {
         RequireSound(m_database.getHandle(), name);
         RequireModelTables(m_database.getHandle(), name);
+    });
+}
+
+std::string_view ModelImage::Content(const std::string& name) {
+    RequireWhole(name);
+    Translating(name, [&] {
         m_database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
         m_database.exec("PRAGMA user_version = " + std::to_string(kFormatVersion));
     });

@@ -26,8 +26,15 @@ class ModelImage {
     using AddRow = std::function<void(const std::vector<Value>& row)>;
     void Fill(const TableSchema& table, const std::function<void(const AddRow& add)>& rows);
 
+    /// Calls `action` with every row of the table, in the order in which they were added.
+    void ReadRows(const TableSchema& table,
+                  const std::function<void(const std::vector<Value>&)>& action) const;
+
+    /// Throws NotAModel in the name of `name` unless the image is a whole model.
+    void RequireWhole(const std::string& name) const;
+
     /// The file, marked as a model of this program. Good until the image changes or goes. Throws
-    /// NotAModel in the name of `name` unless the image is a whole model.
+    /// like RequireWhole.
     std::string_view Content(const std::string& name);
 
   private:

@@ -1,9 +1,9 @@
 #include "files/ReadModel.h"
 
 #include "basic/Files.h"
-#include "files/ForeignFile.h"
 #include "files/ModelChecks.h"
 #include "files/ModelImage.h"
+#include "files/ModelSource.h"
 #include "model/Connection.h"
 
 namespace fs = std::filesystem;
@@ -12,15 +12,7 @@ namespace quarnel02 {
 
 namespace {
 
-void RequireReadable(const ForeignFile& file) {
-    file.RequireKnownFormat();
-    file.RequireWhole();
-    for (const TableSchema& table : ModelSchema()) {
-        file.RequireTable(table);
-    }
-}
-
-void CopyRows(ForeignFile& file, ModelImage& image, std::string_view name) {
+void CopyRows(ModelSource& file, ModelImage& image, std::string_view name) {
     for (const TableSchema& table : ModelSchema()) {
         image.Fill(table, [&](const ModelImage::AddRow& add) {
             const auto count = file.ReadRows(table, add);
@@ -33,13 +25,14 @@ void CopyRows(ForeignFile& file, ModelImage& image, std::string_view name) {
 
 }  // namespace
 
-void ReadModel(const fs::path& source, const fs::path& workingCopy, std::string_view name) {
-    Translating(PathText(workingCopy), [&] {
-        ForeignFile file(source, name);
-        RequireReadable(file);
+ModelFormat ReadModel(const fs::path& source, const fs::path& workingCopy, std::string_view name) {
+    return Translating(PathText(workingCopy), [&] {
+        const auto file = OpenModelSource(source, name);
+        file->RequireReadable();
         ModelImage image;
-        CopyRows(file, image, name);
+        CopyRows(*file, image, name);
         WritePrivate(workingCopy, image.Content(std::string(name)));
+        return file->Format();
     });
 }
 

@@ -1,0 +1,28 @@
+#include "files/AccessLock.h"
+
+#include <string>
+#include <system_error>
+
+#include "basic/Files.h"
+#include "basic/RunTimeError.h"
+
+namespace fs = std::filesystem;
+
+namespace quarnel02 {
+
+void RequireNotOpenInAccess(const fs::path& file, std::string_view name) {
+    for (const char* extension : {".ldb", ".LDB", ".laccdb"}) {
+        fs::path lock = file;
+        lock.replace_extension(extension);
+        std::error_code unknown;
+        if (fs::exists(lock, unknown)) {
+            const std::string lock_name = PathText(lock.filename());
+            throw RunTimeError(ErrorKind::DatabaseLocked,
+                               std::string(name) + " is open in Access: the lock file " +
+                                   lock_name + " stands beside it. Close it there. If nobody has " +
+                                   "it open, delete " + lock_name + ".");
+        }
+    }
+}
+
+}  // namespace quarnel02
