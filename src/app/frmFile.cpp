@@ -22,6 +22,10 @@ namespace {
 
 const QString kUp = QStringLiteral("..");
 
+/// What Save As offers, in the order of ModelFormat.
+const QStringList kFormats = {QStringLiteral("Model (*.mdb)"),
+                              QStringLiteral("Access database (*.mdb)")};
+
 bool IsReadable(const QString& directory) {
     const QFileInfo info(directory);
     return info.isDir() && info.isReadable() && info.isExecutable();
@@ -62,6 +66,8 @@ frmFile::frmFile(std::filesystem::path applicationDirectory, std::filesystem::pa
     constexpr int columns = 70;
     constexpr int lines = 24;
     m_ui->setupUi(this);
+    m_ui->cboFormat->addItems(kFormats);
+    AlignBoxes();
     m_ui->Dir1->installEventFilter(this);
     m_ui->txtFile->installEventFilter(this);
     ConnectControls();
@@ -92,8 +98,28 @@ void frmFile::SetForm(bool isOpen) {
                           : QStringLiteral("Enter filename to save..."));
     m_ui->cmdOpen->setText(isOpen ? QStringLiteral("&Open") : QStringLiteral("&Save"));
     m_ui->txtFile->setText(isOpen ? QString() : QString::fromStdString(FileName));
+    ShowFormat();
     SetDirectory(FirstDirectory());
     SelectDriveOf(m_directory);
+}
+
+/// A file that is opened says itself what it is.
+void frmFile::ShowFormat() {
+    m_ui->cboFormat->setCurrentIndex(static_cast<int>(Format));
+    m_ui->cboFormat->setVisible(!OpenMode);
+    m_ui->label_cboFormat->setVisible(!OpenMode);
+}
+
+/// Drive, name and type begin on one line.
+void frmFile::AlignBoxes() {
+    const auto labels = {m_ui->label_Drive1, m_ui->Label1, m_ui->label_cboFormat};
+    int widest = 0;
+    for (const QLabel* label : labels) {
+        widest = std::max(widest, label->sizeHint().width());
+    }
+    for (QLabel* label : labels) {
+        label->setMinimumWidth(widest);
+    }
 }
 
 /// Where the caller wants it, else where the user last was, now or in an earlier session, else
@@ -184,11 +210,14 @@ void frmFile::SetDirectory(const QString& directory) {
     RefreshFiles();
 }
 
-/// Names that end in ".mdb" exactly: any other would get the extension once more when taken.
+/// Names that end so exactly: any other would get the extension once more when taken.
 void frmFile::RefreshFiles() {
+    QStringList patterns = {QStringLiteral("*.mdb")};
+    if (OpenMode) {
+        patterns.append(QStringLiteral("*.accdb"));
+    }
     m_ui->File1->clear();
-    m_ui->File1->addItems(
-        Names(QDir(m_directory), QDir::Files | QDir::CaseSensitive, {QStringLiteral("*.mdb")}));
+    m_ui->File1->addItems(Names(QDir(m_directory), QDir::Files | QDir::CaseSensitive, patterns));
 }
 
 void frmFile::EnterDirectory() {
@@ -223,8 +252,9 @@ void frmFile::TakeFile() {
 }
 
 void frmFile::ApplyExtension() {
+    const std::string name = m_ui->txtFile->text().toStdString();
     m_ui->txtFile->setText(
-        QString::fromStdString(WithModelExtension(m_ui->txtFile->text().toStdString())));
+        QString::fromStdString(OpenMode ? WithOpenedExtension(name) : WithModelExtension(name)));
 }
 
 /// A typed path stands for its directory and its name.
@@ -243,6 +273,7 @@ void frmFile::cmdOpen_Click() {
     SplitTypedPath();
     FilePath = NativeText(m_directory);
     FileName = m_ui->txtFile->text().toStdString();
+    Format = static_cast<ModelFormat>(m_ui->cboFormat->currentIndex());
     if (OpenMode ? MayOpen() : MaySave()) {
         accept();
     }

@@ -14,8 +14,8 @@ namespace Ui {
 class frmFile;
 }
 
-/// The dialog for opening and saving: drives, directories, the model files of the directory, and
-/// the name.
+/// The dialog for opening and saving: drives, directories, the model files of the directory, the
+/// name and, for saving, the format.
 class frmFile : public QDialog, public FileDialog {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(frmFile)
@@ -49,6 +49,8 @@ class frmFile : public QDialog, public FileDialog {
     void TakeFile();
     void cmdOpen_Click();
     void ApplyExtension();
+    void ShowFormat();
+    void AlignBoxes();
     void SplitTypedPath();
     bool MayOpen();
     bool MaySave();

@@ -391,5 +391,73 @@ TEST_F(frmFileDialog, NamesMayHoldUmlautsBlanksAndCommas) {
     EXPECT_EQ(Dialog.FileName, name);
 }
 
+TEST_F(frmFileDialog, OffersTheFormatForSavingOnly) {
+    Show(false, "Pump");
+    auto& formats = Find<QComboBox>("cboFormat");
+    EXPECT_TRUE(formats.isVisible());
+    EXPECT_TRUE(Find<QLabel>("label_cboFormat").isVisible());
+    EXPECT_EQ(formats.count(), 2);
+    EXPECT_EQ(formats.itemText(0), "Model (*.mdb)");
+    EXPECT_EQ(formats.itemText(1), "Access database (*.mdb)");
+    EXPECT_GT(formats.y(), Name().geometry().bottom());
+    EXPECT_LT(formats.geometry().bottom(), Find<QPushButton>("cmdOpen").y());
+    EXPECT_EQ(formats.x(), Name().x());
+    Dialog.close();
+    Show(true);
+    EXPECT_FALSE(formats.isVisible());
+    EXPECT_FALSE(Find<QLabel>("label_cboFormat").isVisible());
+}
+
+TEST_F(frmFileDialog, BeginsWithTheFormatThatTheFileHas) {
+    Dialog.Format = ModelFormat::Access;
+    Show(false, "Pump");
+    EXPECT_EQ(Find<QComboBox>("cboFormat").currentIndex(), 1);
+    Press("cmdOpen");
+    EXPECT_EQ(Dialog.Format, ModelFormat::Access);
+    Dialog.Format = ModelFormat::Sqlite;
+    Show(false, "Pump");
+    EXPECT_EQ(Find<QComboBox>("cboFormat").currentIndex(), 0);
+}
+
+TEST_F(frmFileDialog, TheFormatIsChosenByKeys) {
+    Show(false, "new");
+    auto& formats = Find<QComboBox>("cboFormat");
+    QTest::keyClick(&Name(), Qt::Key_Tab);
+    ASSERT_EQ(Dialog.focusWidget(), &formats);
+    QTest::keyClick(&formats, Qt::Key_A);
+    EXPECT_EQ(formats.currentText(), "Access database (*.mdb)");
+    EXPECT_EQ(Dialog.Format, ModelFormat::Sqlite);
+    EXPECT_TRUE(Dialog.isVisible());
+    QTest::keyClick(&formats, Qt::Key_Up);
+    EXPECT_EQ(formats.currentText(), "Model (*.mdb)");
+    QTest::keyClick(&formats, Qt::Key_Down);
+    QTest::keyClick(&formats, Qt::Key_Return);
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.Format, ModelFormat::Access);
+    EXPECT_EQ(Dialog.FileName, "new.mdb");
+}
+
+TEST_F(frmFileDialog, ItsLabelLeadsToTheFormat) {
+    Show(false, "new");
+    QTest::keyClick(&Dialog, Qt::Key_T, Qt::AltModifier);
+    EXPECT_EQ(Dialog.focusWidget(), &Find<QComboBox>("cboFormat"));
+    EXPECT_TRUE(Dialog.isVisible());
+}
+
+TEST_F(frmFileDialog, OpensFilesOfLaterVersionsOfAccessButSavesNone) {
+    WriteFile(Place.Path() / "new.accdb", "x");
+    Show(false);
+    EXPECT_THAT(Lines("File1"), ElementsAre("a.mdb", "b.mdb"));
+    TypeName("new.accdb");
+    Press("cmdOpen");
+    EXPECT_EQ(Dialog.FileName, "new.accdb.mdb");
+    Show(true);
+    EXPECT_THAT(Lines("File1"), ElementsAre("a.mdb", "b.mdb", "new.accdb"));
+    TypeName("new.accdb");
+    QTest::keyClick(&Name(), Qt::Key_Return);
+    EXPECT_FALSE(Dialog.isVisible());
+    EXPECT_EQ(Dialog.FileName, "new.accdb");
+}
+
 }  // namespace
 }  // namespace quarnel02

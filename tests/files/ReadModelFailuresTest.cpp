@@ -114,7 +114,7 @@ TEST_F(ReadModelFailures, RefusesWhatIsNoDatabase) {
     WriteFile(File, "Tasks, Resources\n");
     ExpectRefusedFor("is not a model database");
     WriteFile(File, std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, '\0'));
-    ExpectRefusedFor("is a Jet (Access) database");
+    ExpectRefusedFor("line.mdb is encrypted");
     fs::remove(File);
     ASSERT_EQ(::mkfifo(File.c_str(), 0600), 0);
     ExpectRefusedFor("is not an ordinary file");

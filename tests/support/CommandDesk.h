@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,12 +18,14 @@
 namespace quarnel02::test {
 
 /// A file dialog that is answered beforehand. What it is shown with goes to the form's events:
-/// "dialog[open|path|name]" or "dialog[save|path|name]".
+/// "dialog[open|path|name]" or "dialog[save|path|name]", for Access
+/// "dialog[save|path|name|access]".
 class ScriptedDialog : public FileDialog {
   public:
     struct Answer {
         std::string Path;  ///< both "" for Cancel
         std::string Name;
+        std::optional<ModelFormat> Format = {};  ///< nothing leaves it as it is
     };
 
     explicit ScriptedDialog(ScriptedForm& form) : m_form(form) {}
@@ -32,9 +35,11 @@ class ScriptedDialog : public FileDialog {
     void SetForm(bool isOpen) override { OpenMode = isOpen; }
     void ShowModal() override {
         m_form.Events.push_back(std::string("dialog[") + (OpenMode ? "open" : "save") + "|" +
-                                FilePath + "|" + FileName + "]");
+                                FilePath + "|" + FileName +
+                                (Format == ModelFormat::Access ? "|access]" : "]"));
         FilePath = Answers.at(0).Path;
         FileName = Answers.at(0).Name;
+        Format = Answers.at(0).Format.value_or(Format);
         Answers.pop_front();
     }
 
