@@ -37,6 +37,9 @@ class ModelImage {
     /// like RequireWhole.
     std::string_view Content(const std::string& name);
 
+    /// For statements of others; good as long as the image.
+    [[nodiscard]] sqlite3* Handle() const { return m_database.getHandle(); }
+
   private:
     SQLite::Database m_database;
 };

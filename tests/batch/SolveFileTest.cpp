@@ -76,7 +76,7 @@ class Outcome : public testing::Test {
 };
 
 TEST_F(Outcome, OfAWholeLineIsItsReport) {
-    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport);
+    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport, ModelFormat::Sqlite);
     EXPECT_EQ(outcome.Report, "Solution\n");
     EXPECT_TRUE(outcome.Messages.empty());
     EXPECT_EQ(ReadFile(Run.File("out/RunRpt.txt")), "Solution\n");
@@ -85,7 +85,7 @@ TEST_F(Outcome, OfAWholeLineIsItsReport) {
 
 TEST_F(Outcome, OfALineThatEndsEarlyIsItsReportAndTheMessage) {
     Form.ShowMessage(kEndsEarly, MessageIcon::Information);
-    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport);
+    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport, ModelFormat::Sqlite);
     EXPECT_EQ(outcome.Report, "Solution\n");
     EXPECT_EQ(outcome.Messages, std::vector<std::string>{kEndsEarly});
     EXPECT_EQ(ReadFile(Run.File("out/RunRpt.txt")), "Solution\n");
@@ -95,7 +95,7 @@ TEST_F(Outcome, OfALineThatEndsEarlyIsItsReportAndTheMessage) {
 TEST_F(Outcome, OfNoLineIsTheMessageAlone) {
     std::filesystem::remove(Form.Copy().File(kRunReport));
     Form.ShowMessage("There is no feasible solution!", MessageIcon::Information);
-    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport);
+    const SolveOutcome outcome = TakeOutcome(Form, Request, kRunReport, ModelFormat::Sqlite);
     EXPECT_EQ(outcome.Report, "");
     EXPECT_EQ(outcome.Messages, std::vector<std::string>{"There is no feasible solution!"});
     EXPECT_EQ(test::NamesIn(Run.File("")), std::vector<std::string>{"tmp"});

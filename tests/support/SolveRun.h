@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "basic/Files.h"
@@ -34,7 +35,13 @@ class SolveRun {
     /// Runs quarnel02-solve with these arguments.
     [[nodiscard]] ProgramResult operator()(std::vector<std::string> arguments,
                                            const std::filesystem::path& out = {}) const {
-        arguments.insert(arguments.begin(), std::string(QUARNEL02_PROGRAMS) + "/quarnel02-solve");
+        return Program("quarnel02-solve", std::move(arguments), out);
+    }
+
+    /// Runs another of the programs.
+    [[nodiscard]] ProgramResult Program(const std::string& name, std::vector<std::string> arguments,
+                                        const std::filesystem::path& out = {}) const {
+        arguments.insert(arguments.begin(), std::string(QUARNEL02_PROGRAMS) + "/" + name);
         return RunProgram(
             arguments,
             {{"TMPDIR", PathText(Temporary())}, {"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}}, out);
