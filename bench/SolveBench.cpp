@@ -3,8 +3,6 @@
 // report.
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -15,6 +13,8 @@
 #include <vector>
 
 #include "Command.h"
+#include "FileBench.h"
+#include "Times.h"
 #include "basic/Files.h"
 #include "line/CheapestLine.h"
 #include "line/ReportedChain.h"
@@ -48,26 +48,6 @@ struct Figures {
     int Files = 0;
     double Peak = 0;  ///< megabytes
 };
-
-template <class Measure>
-double MedianOf(int runs, Measure measure) {
-    std::vector<double> results;
-    results.reserve(static_cast<std::size_t>(runs));
-    for (int run = 0; run < runs; ++run) {
-        results.push_back(measure());
-    }
-    const auto middle = results.begin() + runs / 2;
-    std::nth_element(results.begin(), middle, results.end());
-    return *middle;
-}
-
-template <class Action>
-double MillisecondsOf(Action action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-        .count();
-}
 
 std::string Program(const char* name) {
     return std::string(QUARNEL02_PROGRAMS) + "/" + name;
@@ -207,6 +187,7 @@ int Main(int argc, char* argv[]) {
     const Place tmpfs(options.Tmpfs);
     CompareCommands(options, disk, tmpfs);
     TimeOneMoreVolume(disk);
+    TimeModelFiles(disk.Path(), options.Runs);
     return 0;
 }
 
