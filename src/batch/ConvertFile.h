@@ -11,7 +11,7 @@ namespace quarnel02 {
 /// One run of the conversion program.
 struct ConvertRequest {
     std::filesystem::path From;  ///< a model file, a workbook, a directory of .csv files, SQL text
-    std::filesystem::path To;    ///< the same by its extension; any other name is a directory's
+    std::filesystem::path To;    ///< the same by its extension; one without is a directory
     std::optional<ModelFormat> Format;  ///< of a model file; else what it was, else our own
 };
 

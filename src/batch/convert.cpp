@@ -20,7 +20,7 @@ constexpr const char* kFooter =
     "  .mdb    model file: a SQLite database, or one of Access\n"
     "  .xlsx   workbook; .ods is read but not written\n"
     "  .sql    INSERT, UPDATE and DELETE statements for the tables of an empty model\n"
-    "  any other name is that of a directory with a .csv file for each sheet\n"
+    "  a name without extension, or a directory: a .csv file for each sheet\n"
     "Model files keep results; the others hold what is entered.\n"
     "\n"
     "Example: hand a model to somebody who uses Access:\n"

@@ -6,9 +6,10 @@
 #include <array>
 #include <charconv>
 #include <ctime>
+#include <system_error>
 
 #include "basic/Files.h"
-#include "basic/RunTimeError.h"
+#include "basic/ScopeGuard.h"
 #include "files/ModelChecks.h"
 #include "files/ModelImage.h"
 #include "files/ReadModel.h"
@@ -198,9 +199,14 @@ void ReadSqlText(const fs::path& source, const fs::path& workingCopy, std::strin
     Script(image.Handle(), text, name).Run();
     sqlite3_set_authorizer(image.Handle(), nullptr, nullptr);
     sqlite3_progress_handler(image.Handle(), 0, nullptr, nullptr);
-    const TemporaryDirectory place;
-    WritePrivate(place.Path() / "script.seq", image.Content(std::string(name)));
-    ReadModel(place.Path() / "script.seq", workingCopy, name);
+    fs::path rows = workingCopy;
+    rows += ".rows";
+    WritePrivate(rows, image.Content(std::string(name)));
+    const ScopeGuard removal([&] {
+        std::error_code ignored;
+        fs::remove(rows, ignored);
+    });
+    ReadModel(rows, workingCopy, name);
 }
 
 std::string SqlTextOf(const fs::path& workingCopy) {
