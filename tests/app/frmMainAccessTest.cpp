@@ -39,11 +39,10 @@ class frmMainAccess : public test::WindowTest {
     void Open() {
         Dialogs.Type(File.string());
         Item("mnuFileOpen").trigger();
-        Activate();
     }
     void ChangeDays(const std::string& days) {
         Type("txtDays", days);
-        PressKey(Qt::Key_Return);
+        QTest::keyClick(&Box("txtDays"), Qt::Key_Return);
         ASSERT_TRUE(IsStarred());
     }
     /// Enters name and format in the dialog that comes next, by keys alone.
