@@ -49,6 +49,10 @@ bool frmMain::StartUp() {
     return RunEvent([this] { m_commands.StartUp(); });
 }
 
+void frmMain::OpenGiven(const std::filesystem::path& file) {
+    RunEvent([&] { m_commands.OpenGiven(file); });
+}
+
 void frmMain::SetLauncher(std::unique_ptr<ReportLauncher> launcher) {
     m_launcher = std::move(launcher);
 }

@@ -43,6 +43,9 @@ class frmMain : public QMainWindow, public MainForm {
     /// Begins an untitled model. False when that failed, which the user has then been told.
     bool StartUp();
 
+    /// Opens the model that the program was started with; what is wrong with it the user is told.
+    void OpenGiven(const std::filesystem::path& file);
+
     [[nodiscard]] CurrentModel& Current() { return m_commands.Current(); }
     [[nodiscard]] EditHistory& History() { return m_commands.History(); }
 

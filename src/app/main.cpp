@@ -4,6 +4,7 @@
 #include <clocale>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <string_view>
 
 #include "app/ApplicationDirectory.h"
@@ -42,7 +43,15 @@ bool TakeLock(ProgramLock& lock, const std::filesystem::path& directory) {
     return result == ProgramLock::Result::Held;
 }
 
-int Run() {
+/// A full path, so that the recent-file list finds it from anywhere.
+std::optional<std::filesystem::path> GivenFile(const QStringList& arguments) {
+    if (arguments.size() < 2) {
+        return std::nullopt;
+    }
+    return std::filesystem::absolute(ToPath(arguments[1])).lexically_normal();
+}
+
+int Run(const std::optional<std::filesystem::path>& given) {
     const std::filesystem::path directory = ChooseApplicationDirectory();
     ProgramLock lock(directory);
     if (!TakeLock(lock, directory)) {
@@ -52,9 +61,18 @@ int Run() {
     if (!window.StartUp()) {
         return 1;
     }
+    if (given) {
+        window.OpenGiven(*given);
+    }
     window.show();
     (new frmSplash(&window))->ShowOverParent();
     return QApplication::exec();
+}
+
+/// What the toolkit takes is gone from `arguments`.
+bool AreUnderstood(const QStringList& arguments) {
+    return arguments.size() < 2 ||
+           (arguments.size() == 2 && !arguments[1].startsWith(QLatin1Char('-')));
 }
 
 /// Answered before the toolkit looks for a screen.
@@ -75,8 +93,13 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("quarnel02"));
     QCoreApplication::setApplicationVersion(QString::fromLatin1(Version()));
     QGuiApplication::setDesktopFileName(QStringLiteral("quarnel02"));
+    const QStringList arguments = QCoreApplication::arguments();
+    if (!AreUnderstood(arguments)) {
+        std::cerr << "Usage: quarnel02 [FILE]\nFILE is a model file (.mdb) to begin with.\n";
+        return 1;
+    }
     try {
-        return Run();
+        return Run(GivenFile(arguments));
     } catch (const std::exception& error) {
         ShowMessageBox(nullptr, FailureText(error), MessageIcon::Critical);
         return 1;

@@ -244,6 +244,19 @@ void FileCommands::OpenRecent(const std::string& caption) {
     }
 }
 
+void FileCommands::OpenGiven(const fs::path& file) {
+    const std::string path = PathText(file);
+    if (HasUnsavedWork()) {
+        m_form.ShowMessage(
+            path +
+                " has not been opened, because the recovered work is in no file yet. "
+                "Save it, then open the file with File, Open.",
+            MessageIcon::Information);
+        return;
+    }
+    OpenFile({path, DirectoryPart(path), FileNamePart(path)});
+}
+
 void FileCommands::OpenFile(const ChosenFile& chosen) {
     if (m_kept.Holds(chosen.Path)) {
         LoadKept(chosen.Path);

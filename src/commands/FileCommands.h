@@ -42,6 +42,9 @@ class FileCommands {
     void SaveAs();
     /// `caption` is that of the chosen recent-file item.
     void OpenRecent(const std::string& caption);
+    /// Opens the model that the program was started with, after StartUp: `file` is a full path.
+    /// Work that StartUp has just recovered stays instead, which is said.
+    void OpenGiven(const std::filesystem::path& file);
 
     /// Asks to save where there are changes; part of New, Open, OpenRecent, Recover and Exit.
     /// False when saving failed, or was refused: the command that asked must not go on.

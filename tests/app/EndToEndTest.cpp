@@ -37,7 +37,7 @@ class EndToEnd : public ::testing::Test {
         Program.waitForFinished();
     }
 
-    void Start(QProcess& program) {
+    void Start(QProcess& program, const QStringList& arguments = {}) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("DISPLAY", Display.Display());
         environment.insert("QT_QPA_PLATFORM", "xcb");
@@ -47,7 +47,7 @@ class EndToEnd : public ::testing::Test {
                                        environment.value("PATH"));
         program.setProcessEnvironment(environment);
         program.setWorkingDirectory(QString::fromStdString(Folder.string()));
-        program.start(QString::fromStdString((Folder / "quarnel02").string()), QStringList());
+        program.start(QString::fromStdString((Folder / "quarnel02").string()), arguments);
         ASSERT_TRUE(program.waitForStarted());
     }
 
@@ -138,6 +138,21 @@ TEST_F(EndToEnd, ASecondStartLeavesTheFirstAlone) {
     EXPECT_EQ(second.exitCode(), 1);
     EXPECT_EQ(Program.state(), QProcess::Running);
     EXPECT_TRUE(Display.Shows("^pump.mdb - Quarnel02$"));
+}
+
+/// As a file manager starts it, and as a shell does.
+TEST_F(EndToEnd, BeginsWithTheModelThatItIsGiven) {
+    Start(Program, {QStringLiteral("pump.mdb")});
+    ASSERT_TRUE(Display.Focus("^pump.mdb - Quarnel02$"));
+    Keep("started-with-a-model");
+    EXPECT_EQ(ReadFile(Folder / "Marrowgate.cfg"), (Folder / "pump.mdb").string() + "\n");
+}
+
+TEST_F(EndToEnd, TakesNoOptionForAFile) {
+    Start(Program, {QStringLiteral("--nonsense")});
+    ASSERT_TRUE(Program.waitForFinished());
+    EXPECT_EQ(Program.exitCode(), 1);
+    EXPECT_THAT(Program.readAllStandardError().toStdString(), HasSubstr("Usage: quarnel02 [FILE]"));
 }
 
 class UnderOpenbox : public EndToEnd {

@@ -398,6 +398,30 @@ TEST(OpenRecent, DoesNothingWhenTheListHasNoSuchFile) {
     EXPECT_EQ(desk.Commands.Current().File, "");
 }
 
+TEST(OpenGiven, LoadsTheFileThatTheProgramWasStartedWith) {
+    CommandDesk desk;
+    const std::string path = desk.MakeUserModel("b.mdb", kTwoVolumes);
+    desk.Commands.StartUp();
+    desk.Form.Events.clear();
+    desk.Commands.OpenGiven(path);
+    EXPECT_EQ(desk.Form.Events, Then(kLoadedWithDemand, {"title: b.mdb - Quarnel02"}));
+    EXPECT_EQ(desk.Commands.Current().Dir, desk.UserDirectory());
+    EXPECT_EQ(desk.Commands.Current().File, "b.mdb");
+    EXPECT_EQ(desk.RecentText(), path + "\n");
+}
+
+TEST(OpenGiven, SaysThatAFileIsNotThereAndLeavesTheUntitledModel) {
+    CommandDesk desk;
+    desk.Commands.StartUp();
+    desk.Form.Events.clear();
+    desk.Commands.OpenGiven(desk.UserFile("no.mdb"));
+    ASSERT_EQ(desk.Form.Events.size(), 1U);
+    EXPECT_NE(desk.Form.Events[0].find("message[critical]"), std::string::npos);
+    EXPECT_NE(desk.Form.Events[0].find("no.mdb"), std::string::npos);
+    EXPECT_EQ(desk.Commands.Current().File, "");
+    EXPECT_EQ(desk.RecentText(), "");
+}
+
 TEST(OpenRecent, OpensACutPath) {
     CommandDesk desk;
     desk.MakeUserModel("pump", kTwoVolumes);

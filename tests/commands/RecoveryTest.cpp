@@ -116,6 +116,29 @@ TEST_F(Restart, TakesADamagedStateForAnEndThatWasNotOrderly) {
     EXPECT_EQ(Task(), "Insert shaft");
 }
 
+TEST_F(Restart, KeepsRecoveredWorkOnScreenWhenAFileWasGiven) {
+    UserModel("pump.mdb", kPump);
+    EnterTask("Mine");
+    Start({true});
+    Commands().OpenGiven(User.Path() / "pump.mdb");
+    EXPECT_EQ(Task(), "Mine");
+    EXPECT_EQ(Commands().Current().File, "");
+    EXPECT_EQ(Form().Events.back(),
+              "message[information]: " + PathText(User.Path() / "pump.mdb") +
+                  " has not been opened, because the recovered work is in no file yet. Save it, "
+                  "then open the file with File, Open.");
+}
+
+TEST_F(Restart, OpensTheGivenFileWhenTheWorkIsNotWanted) {
+    UserModel("pump.mdb", kPump);
+    EnterTask("Mine");
+    Start({false});
+    Commands().OpenGiven(User.Path() / "pump.mdb");
+    EXPECT_EQ(Task(), "Insert shaft");
+    EXPECT_EQ(Commands().Current().File, "pump.mdb");
+    EXPECT_EQ(Kept().size(), 1U);
+}
+
 /// The journal holds what the pages were before a transaction that never ended.
 TEST_F(Restart, PlaysBackTheJournalOfAKilledProgramBeforeItKeeps) {
     const test::TestModel killed(kPump);
