@@ -46,5 +46,5 @@ set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME ${desktop_package})
 set(CPACK_DEBIAN_DESKTOP_DESCRIPTION "${desktop_description}")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "${batch_package} (= ${package_version})")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS
-  "fonts-liberation, hicolor-icon-theme, qt6-wayland, shared-mime-info, xdg-utils")
+  "desktop-file-utils, fonts-liberation, hicolor-icon-theme, qt6-wayland, shared-mime-info, xdg-utils")
 include(CPack)
