@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <algorithm>
 #include <exception>
 #include <map>
@@ -52,7 +53,7 @@ SheetView::SheetView(QWidget* parent)
     setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(m_cells, &SheetDelegate::Leaving, this, [this](int key) { LeaveCell(key); });
     connect(m_cells, &SheetDelegate::Cancelled, this, [this] { CancelEditing(); });
-    connect(m_cells, &SheetDelegate::LostFocus, this, [this] { FinishEditing(); });
+    connect(m_cells, &SheetDelegate::LostFocus, this, [this] { Finish(Refusal::KeepQuiet); });
     AddAction(QStringLiteral("Cu&t"), QKeySequence::Cut, &SheetView::Cut);
     AddAction(QStringLiteral("&Copy"), QKeySequence::Copy, &SheetView::Copy);
     AddAction(QStringLiteral("&Paste"), QKeySequence::Paste, &SheetView::Paste);
@@ -98,6 +99,17 @@ void SheetView::FitColumns() {
     }
     m_rows->setDefaultSectionSize(3 * fontMetrics().lineSpacing() / 2);
     m_rows->setMaximumWidth(widest_heading * character);
+    m_rows->setMinimumWidth(4 * character);
+}
+
+QSize SheetView::sizeHint() const {
+    constexpr int rows = 20;
+    constexpr int characters = 110;
+    const int cells = std::min(m_columns->length(), characters * fontMetrics().averageCharWidth());
+    const QSize rim = QSize(2, 2) * frameWidth() + QSize(2, 2);
+    return rim + QSize(m_rows->sizeHint().width() + cells + verticalScrollBar()->sizeHint().width(),
+                       m_columns->sizeHint().height() + rows * m_rows->defaultSectionSize() +
+                           horizontalScrollBar()->sizeHint().height());
 }
 
 CellRange SheetView::SelectedBlock() const {
@@ -146,15 +158,23 @@ bool SheetView::IsEditing() const {
 }
 
 bool SheetView::FinishEditing() {
+    return Finish(Refusal::Tell);
+}
+
+/// A message while the focus is on its way would keep a pressed button from its release; the text
+/// waits in its editor for whatever is done next.
+bool SheetView::Finish(Refusal refusal) {
     FieldBox* box = m_cells->Box();
     if (box == nullptr || m_finishing) {
         return true;
     }
     m_finishing = true;
     const ScopeGuard finished([this] { m_finishing = false; });
-    if (!StoreTyped(m_cells->Cell(), box->text())) {
-        box->setFocus(Qt::OtherFocusReason);
-        box->selectAll();
+    if (!StoreTyped(m_cells->Cell(), box->text(), refusal)) {
+        if (refusal == Refusal::Tell) {
+            box->setFocus(Qt::OtherFocusReason);
+            box->selectAll();
+        }
         return false;
     }
     if (m_cells->Box() != nullptr) {
@@ -171,7 +191,7 @@ void SheetView::CancelEditing() {
     }
 }
 
-bool SheetView::StoreTyped(const QModelIndex& cell, const QString& text) {
+bool SheetView::StoreTyped(const QModelIndex& cell, const QString& text, Refusal refusal) {
     if (text == cell.data(Qt::EditRole).toString()) {
         return true;
     }
@@ -179,7 +199,8 @@ bool SheetView::StoreTyped(const QModelIndex& cell, const QString& text) {
                          static_cast<std::size_t>(cell.row()),
                          static_cast<std::size_t>(cell.column()),
                          {{text.toStdString()}}};
-    return Store("", [&] { return m_sheet->SetBlock(edit); });
+    return Store(
+        "", [&] { return m_sheet->SetBlock(edit); }, refusal);
 }
 
 void SheetView::LeaveCell(int key) {
@@ -380,16 +401,20 @@ void SheetView::Fill(const BlockEdit& edit) {
 }
 
 /// What a single cell is refused for needs no opening.
-bool SheetView::Store(const std::string& failure, const std::function<Misfits()>& store) {
+bool SheetView::Store(const std::string& failure, const std::function<Misfits()>& store,
+                      Refusal refusal) {
+    std::string message;
     try {
         const Misfits refused = store();
         if (refused.IsEmpty()) {
             return true;
         }
-        ShowMessageBox(this, refused.Message(failure, failure.empty() ? "" : "\n"),
-                       MessageIcon::Critical);
+        message = refused.Message(failure, failure.empty() ? "" : "\n");
     } catch (const std::exception& error) {
-        ShowMessageBox(this, error.what(), MessageIcon::Critical);
+        message = error.what();
+    }
+    if (refusal == Refusal::Tell) {
+        ShowMessageBox(this, message, MessageIcon::Critical);
     }
     return false;
 }

@@ -20,8 +20,8 @@ class SheetHeader;
 /// Shift+Ctrl+Tab leave the sheet. Blocks are selected, copied, cut and pasted as tab-separated
 /// text, filled down (Ctrl+D) and right (Ctrl+R), and cleared (Delete); a menu offers the same.
 ///
-/// A text that does not fit stays in its editor; a block that does not fit changes nothing. One
-/// message names the first cells that do not.
+/// Going to another control stores a cell that fits. A text that does not fit stays in its editor;
+/// a block that does not fit changes nothing. One message names the first cells that do not.
 class SheetView : public QTableView {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(SheetView)
@@ -39,6 +39,9 @@ class SheetView : public QTableView {
 
     /// Columns as wide as their texts ask for, within reason, and the row headings as well.
     void FitColumns();
+
+    /// Room for the first rows and columns.
+    [[nodiscard]] QSize sizeHint() const override;
 
     /// The selected block, or the current cell.
     [[nodiscard]] CellRange SelectedBlock() const;
@@ -82,11 +85,14 @@ class SheetView : public QTableView {
     bool Extend(const QKeyEvent& event);
     void ExtendTo(const QModelIndex& cell);
     void LeaveSheet(bool forward);
-    bool StoreTyped(const QModelIndex& cell, const QString& text);
+    enum class Refusal { Tell, KeepQuiet };
+    bool Finish(Refusal refusal);
+    bool StoreTyped(const QModelIndex& cell, const QString& text, Refusal refusal);
     void SelectBlock(const BlockEdit& edit);
     [[nodiscard]] bool MayGrow(const BlockEdit& edit);
     void Fill(const BlockEdit& edit);
-    bool Store(const std::string& failure, const std::function<Misfits()>& store);
+    bool Store(const std::string& failure, const std::function<Misfits()>& store,
+               Refusal refusal = Refusal::Tell);
 
     SheetModel* m_sheet = nullptr;
     SheetDelegate* m_cells;

@@ -262,7 +262,7 @@ TEST_F(Sheet, ATextThatDoesNotFitStaysInItsEditorWithAMessage) {
     EXPECT_EQ(Dialogs.Seen.size(), 3U);
 }
 
-TEST_F(Sheet, LeavingItStoresTheTextOrStaysWithAMessage) {
+TEST_F(Sheet, LeavingItStoresTheTextOrLeavesItInItsEditor) {
     Keys("fine");
     After.setFocus();
     EXPECT_EQ(Model.Cells[0][0], "fine");
@@ -270,16 +270,19 @@ TEST_F(Sheet, LeavingItStoresTheTextOrStaysWithAMessage) {
     EXPECT_EQ(Window.focusWidget(), &After);
     View.setFocus();
     Keys("bad");
-    Dialogs.Press(QMessageBox::Ok);
     After.setFocus();
-    EXPECT_TRUE(Dialogs.AllGiven());
     ASSERT_TRUE(View.IsEditing());
-    EXPECT_EQ(Editor()->text(), "bad");
+    EXPECT_EQ(Window.focusWidget(), &After);
+    EXPECT_THAT(Dialogs.Seen, IsEmpty());
+    Dialogs.Press(QMessageBox::Ok);
+    EXPECT_FALSE(View.FinishEditing());
+    EXPECT_EQ(Editor()->selectedText(), "bad");
     Dialogs.Press(QMessageBox::Ok);
     QTest::mouseClick(View.viewport(), Qt::LeftButton, {},
                       View.visualRect(Model.index(2, 2)).center());
     EXPECT_TRUE(View.IsEditing());
     EXPECT_EQ(Place(), "0,0");
+    EXPECT_EQ(Dialogs.Seen.size(), 2U);
 }
 
 TEST_F(Sheet, AStoreThatFailsKeepsTheText) {
