@@ -79,7 +79,7 @@ void MatrixCells::LoadResources(const Database& database) {
             const auto type = TypeOfCode(resources.Text("Type"));
             std::string full = Titled("Resource " + resources.Text("ResourceId"), name);
             full = Titled(full, Trimmed(resources.Text("Description")));
-            *heading = {true, name, type ? full + " (" + type->Label + ")" : full};
+            *heading = {true, name, type ? full + " (" + std::string(type->Label) + ")" : full};
         }
     }
 }

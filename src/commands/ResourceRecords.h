@@ -14,8 +14,8 @@ NumberedTable ResourceTable();
 /// What is shown of an equipment class.
 struct TypeTexts {
     ResourceType Type;
-    const char* Label;
-    const char* Help;
+    std::string_view Label;
+    std::string_view Help;
 };
 
 /// The class of a stored code, "0" to "3"; nothing for any other text.

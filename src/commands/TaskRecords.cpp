@@ -20,7 +20,11 @@ void DropMatrixRowsBeyond(const Database& database, int count) {
 }  // namespace
 
 NumberedTable TaskTable() {
-    return {"Tasks", "TaskId", TextBox::txtTasks, {{"Description", std::string("   ")}}};
+    return {"Tasks",
+            "TaskId",
+            TextBox::txtTasks,
+            {{"Description", std::string("   ")}},
+            RecordKind::Tasks};
 }
 
 void DeleteTask(NumberedRecords& tasks) {

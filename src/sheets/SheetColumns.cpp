@@ -76,6 +76,10 @@ std::span<const SheetColumn> DemandColumns() {
     return kDemand;
 }
 
+std::span<const std::string_view> TypeLabels() {
+    return kTypes;
+}
+
 std::string_view NameOf(RecordKind kind) {
     return kind == RecordKind::Tasks ? "task" : "resource";
 }

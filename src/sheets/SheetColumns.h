@@ -33,8 +33,11 @@ std::span<const SheetColumn> DemandColumns();
 /// "task", "resource".
 std::string_view NameOf(RecordKind kind);
 
-/// What a column shows of a value: numbers in their default text, a type of equipment by its label
-/// ("MNL", "FXD", "PGM", "AUT"), nothing for an empty field.
+/// The labels of the types of equipment, by their codes: "MNL", "FXD", "PGM", "AUT".
+std::span<const std::string_view> TypeLabels();
+
+/// What a column shows of a value: numbers in their default text, a type of equipment by its
+/// label, nothing for an empty field.
 std::string ShownText(const SheetColumn& column, const Value& value);
 
 /// The code, 0 to 3, of a type of equipment given by its label or the first letters of it (M, F, P,
