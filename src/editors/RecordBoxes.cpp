@@ -37,6 +37,22 @@ void RecordBoxes::Show(const std::vector<std::string>& texts) {
     emit Changed();
 }
 
+void RecordBoxes::ShowBehind(const std::vector<std::string>& texts) {
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        m_stored[i] = QString::fromStdString(OneLine(texts.at(i)));
+        if (!m_fields[i].Box->IsUnsaved()) {
+            m_fields[i].Box->setText(m_stored[i]);
+        }
+        Mark(i);
+    }
+    emit Changed();
+}
+
+bool RecordBoxes::Has(const FieldBox* box) const {
+    return std::any_of(m_fields.begin(), m_fields.end(),
+                       [&](const Field& field) { return field.Box == box; });
+}
+
 void RecordBoxes::Enable(bool enabled) {
     for (const Field& field : m_fields) {
         field.Box->setEnabled(enabled);

@@ -28,6 +28,9 @@ class RecordBoxes : public QObject {
 
     /// Shows stored texts, box by box.
     void Show(const std::vector<std::string>& texts);
+    /// The same, but leaves alone what has been typed and not stored.
+    void ShowBehind(const std::vector<std::string>& texts);
+    [[nodiscard]] bool Has(const FieldBox* box) const;
     /// Empties the boxes and keeps them from being typed in, or lets them be typed in again.
     void Enable(bool enabled);
     [[nodiscard]] bool AnyUnsaved() const;

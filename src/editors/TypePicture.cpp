@@ -1,16 +1,20 @@
 #include "editors/TypePicture.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
 
+#include "widgets/HeldKeys.h"
 #include "widgets/PicturePainter.h"
 
 namespace quarnel02 {
 
 TypePicture::TypePicture(QWidget* parent) : QWidget(parent) {
+    WatchKeys();
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 QSize TypePicture::sizeHint() const {
@@ -32,12 +36,32 @@ bool TypePicture::event(QEvent* event) {
     return true;
 }
 
+void TypePicture::keyPressEvent(QKeyEvent* event) {
+    const bool modified =
+        (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    if (IsEnter(*event)) {
+        if (!IsRepeated(*event)) {
+            emit Entered();
+        }
+    } else if (!modified && (event->key() == Qt::Key_Right || event->key() == Qt::Key_Down)) {
+        emit Stepped(1);
+    } else if (!modified && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Up)) {
+        emit Stepped(-1);
+    } else if (!modified && !event->text().isEmpty() && event->text().front().isLetterOrNumber()) {
+        emit Typed(event->text());
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
 void TypePicture::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(palette().color(QPalette::Mid));
+    const double frame = hasFocus() ? 3 : 1;
+    painter.setPen(QPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid), frame));
     painter.setBrush(Qt::white);
-    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    const double half = frame / 2;
+    painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
     if (!m_type) {
         return;
     }

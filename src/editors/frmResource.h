@@ -21,13 +21,15 @@ class frmResource : public RecordForm {
     ~frmResource() override;
 
   protected:
-    void ShowCurrent() override;
+    void ShowCurrent(bool keepTyped) override;
     std::vector<FieldValue> Values() override;
     [[nodiscard]] bool IsUnsaved() const override;
 
   private:
     void ShowType();
+    void SetType(const QString& code);
     void StepType(int step);
+    void TypeType(const QString& text);
 
     std::unique_ptr<Ui::frmResource> m_ui;
     QString m_storedType;

@@ -15,6 +15,17 @@ void EditorTest::OnDialog(const Steps& steps) {
     });
 }
 
+void EditorTest::Choose(const std::string& caption) {
+    Dialogs.Add([caption](QDialog& dialog) {
+        for (auto* button : dialog.findChildren<QPushButton*>()) {
+            if (button->text().remove(QLatin1Char('&')).toStdString() == caption) {
+                QTest::mouseClick(button, Qt::LeftButton);
+                return;
+            }
+        }
+    });
+}
+
 void EditorTest::Edit(const std::string& item, const Steps& steps) {
     const auto before = Dialogs.Seen.size();
     OnDialog(steps);

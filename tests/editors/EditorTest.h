@@ -24,6 +24,8 @@ class EditorTest : public WindowTest {
     void EditTasks(const Steps& steps) { Edit("mnuViewTasks", steps); }
     void EditResources(const Steps& steps) { Edit("mnuViewResources", steps); }
     void EditMatrix(const Steps& steps) { Edit("mnuViewMatrix", steps); }
+    /// Presses the button with that caption in the next dialog.
+    void Choose(const std::string& caption);
     /// Runs the steps in the next dialog instead.
     void OnDialog(const Steps& steps);
 

@@ -31,7 +31,7 @@ TEST_F(EditorUndo, TakesBackWhatWasStoredAndShowsIt) {
         EXPECT_EQ(Shown("txtDescription"), "Other");
         Press("cmdOK");
     });
-    EXPECT_EQ(Item("mnuEditUndo").text().toStdString(), "&Undo Change task 1");
+    EXPECT_EQ(Item("mnuEditUndo").text().toStdString(), "&Undo Edit task 1");
 }
 
 TEST_F(EditorUndo, OfAnAddedRecordGoesBackToOneThatIsThere) {

@@ -41,9 +41,14 @@ TEST_F(EnterKey, GoesThroughAResourceAndStoresItAtTheEnd) {
             Key(Qt::Key_Return);
             EXPECT_EQ(Resources(), before) << text;
         }
-        EXPECT_EQ(Focus(), "cmdSave");
+        EXPECT_EQ(Focus(), "picRes");
+        Keys("p");
         Key(Qt::Key_Return);
-        EXPECT_EQ(Resources()[0], "7|Sh|Long|0|100|2|80|1.5|3|4");
+        Repeat(Qt::Key_Return);
+        EXPECT_EQ(Focus(), "cmdSave");
+        EXPECT_EQ(Resources(), before);
+        Key(Qt::Key_Return);
+        EXPECT_EQ(Resources()[0], "7|Sh|Long|2|100|2|80|1.5|3|4");
         Press("cmdOK");
     });
 }

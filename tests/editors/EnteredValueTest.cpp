@@ -59,6 +59,8 @@ TEST_P(RefusedResource, IsNamedWithItsRange) {
         ExpectRefusal("cmdSave");
         EXPECT_EQ(Shown("txtDescription"), "Typed");
         Key(Qt::Key_Escape);
+        EXPECT_EQ(Shown("txtDescription"), "Bench");
+        Key(Qt::Key_Escape);
     });
 }
 
@@ -93,6 +95,7 @@ TEST_F(RefusedTask, NumberIsNamedWithItsRange) {
                                                "; it must be a whole number from 1 to 32767.");
             EXPECT_EQ(Selected(), text);
         }
+        Key(Qt::Key_Escape);
         Key(Qt::Key_Escape);
     });
     EXPECT_THAT(Tasks(), ElementsAre("1|Fit"));

@@ -16,7 +16,7 @@ using ::testing::HasSubstr;
 class FirstModel : public test::EditorTest {
   protected:
     /// Chooses the item of the View menu by its key.
-    void Choose(Qt::Key key, const Steps& steps) {
+    void ChooseItem(Qt::Key key, const Steps& steps) {
         OnDialog(steps);
         auto& menu = Find<QMenu>("mnuView");
         menu.popup(Window->mapToGlobal(QPoint(10, 10)));
@@ -37,7 +37,7 @@ class FirstModel : public test::EditorTest {
     }
 
     void EnterTasks() {
-        Choose(Qt::Key_T, [&] {
+        ChooseItem(Qt::Key_T, [&] {
             for (const char* task : {"Fit bearing", "Mount cover", "Test"}) {
                 PressAddNew();
                 Keys(task);
@@ -49,7 +49,7 @@ class FirstModel : public test::EditorTest {
     }
 
     void EnterResources() {
-        Choose(Qt::Key_R, [&] {
+        ChooseItem(Qt::Key_R, [&] {
             EnterResource({"Hand bench", "Bench", "2000", "1", "95", "1", "4", "1"});
             EnterResource({"Robot cell", "Robot", "60000", "6", "90", "1.5", "2", "6"});
             Key(Qt::Key_O, Qt::AltModifier);
@@ -62,12 +62,14 @@ class FirstModel : public test::EditorTest {
             Keys(text);
             Key(Qt::Key_Return);
         }
+        EXPECT_EQ(Focus(), "picRes");
+        Key(Qt::Key_Return);
         EXPECT_EQ(Focus(), "cmdSave");
         Key(Qt::Key_Return);
     }
 
     void EnterMatrix() {
-        Choose(Qt::Key_M, [&] {
+        ChooseItem(Qt::Key_M, [&] {
             for (const char* time : {"20", "30", "15"}) {
                 EnterPair(time, "100");
                 Key(Qt::Key_Right);

@@ -100,23 +100,52 @@ TEST_F(frmResource, TypesCycleInBothDirectionsWithPictureAndHelp) {
     });
 }
 
-TEST_F(frmResource, TheTypeReachesTheStoreOnlyWithSave) {
+TEST_F(frmResource, TheTypeReachesTheStoreWithSaveOrByMovingOn) {
     Start(kThree);
     EditResources([&] {
         Press("cmdType_1");
         EXPECT_EQ(Command("cmdSave").text(), "&Save *");
+        EXPECT_EQ(Resources()[0], "1|Ben|Bench|0|3500|1.5|96|1.25|6|0.5");
         Press("cmdRes_1");
+        EXPECT_EQ(Resources()[0], "1|Ben|Bench|1|3500|1.5|96|1.25|6|0.5");
         Press("cmdRes_0");
-        EXPECT_EQ(Caption("lblResType"), "MNL");
-        Press("cmdType_1", 2);
+        EXPECT_EQ(Caption("lblResType"), "FXD");
+        Press("cmdType_1");
+        Key(Qt::Key_Escape);
+        EXPECT_EQ(Caption("lblResType"), "FXD");
+        Press("cmdType_1");
         Press("cmdSave");
         EXPECT_EQ(Command("cmdSave").text(), "&Save");
-        Press("cmdRes_1");
-        Press("cmdRes_0");
-        EXPECT_EQ(Caption("lblResType"), "PGM");
         Press("cmdOK");
     });
     EXPECT_EQ(Resources()[0], "1|Ben|Bench|2|3500|1.5|96|1.25|6|0.5");
+}
+
+TEST_F(frmResource, TheTypeIsTypedByItsLetterOrSteppedByArrows) {
+    Start(kThree);
+    EditResources([&] {
+        Key(Qt::Key_Y, Qt::AltModifier);
+        EXPECT_EQ(Focus(), "picRes");
+        for (const char* letter : {"a", "P", "f", "M"}) {
+            Keys(letter);
+            EXPECT_EQ(Caption("lblResType").substr(0, 1),
+                      QString::fromLatin1(letter).toUpper().toStdString());
+        }
+        Keys("x");
+        EXPECT_EQ(Tag(), "0");
+        Key(Qt::Key_Right);
+        EXPECT_EQ(Tag(), "1");
+        Key(Qt::Key_Left);
+        Key(Qt::Key_Left);
+        EXPECT_EQ(Tag(), "3");
+        EXPECT_EQ(Resources()[0].substr(0, 12), "1|Ben|Bench|");
+        EXPECT_EQ(Resources()[0].substr(12, 1), "0");
+        Key(Qt::Key_Return);
+        EXPECT_EQ(Focus(), "cmdSave");
+        Key(Qt::Key_Return);
+        EXPECT_EQ(Resources()[0].substr(12, 1), "3");
+        Press("cmdOK");
+    });
 }
 
 TEST_F(frmResource, ACodeThatIsNoneOfTheFourChangesNothingShown) {
@@ -216,7 +245,9 @@ TEST_P(NumericBox, RefusesATextThatIsNoNumberAndKeepsEverything) {
         EXPECT_THAT(Dialogs.Seen.back(),
                     AllOf(HasSubstr("critical: " + box->accessibleName().toStdString()),
                           HasSubstr("\"1o\"")));
-        Press("cmdOK");
+        Key(Qt::Key_Escape);
+        EXPECT_EQ(Shown("txtShortName"), "Prs");
+        Key(Qt::Key_Escape);
     });
     EXPECT_EQ(Dialogs.Seen.size(), 2U);
     EXPECT_EQ(Resources(), before);
@@ -230,6 +261,7 @@ INSTANTIATE_TEST_SUITE_P(All, NumericBox,
 TEST_F(frmResource, DeletingNumbersTheOthersAnewAndLeavesTheMatrixAlone) {
     Start(kThree);
     EditResources([&] {
+        Choose("Delete alone");
         Press("cmdDelete");
         EXPECT_EQ(Record(), "1|Prs|Press|1|0|6|90|1.3|2|4");
         EXPECT_EQ(Caption("lblResType"), "FXD");
@@ -263,6 +295,8 @@ TEST_F(frmResource, EnterGoesFromBoxToBoxAndEachSelectsItsText) {
             EXPECT_EQ(Part<QLineEdit>(box).selectedText().toStdString(), Shown(box));
             Key(Qt::Key_Return);
         }
+        EXPECT_EQ(Focus(), "picRes");
+        Key(Qt::Key_Return);
         EXPECT_EQ(Focus(), "cmdSave");
         Press("cmdOK");
     });

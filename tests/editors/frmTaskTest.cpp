@@ -64,7 +64,7 @@ TEST_F(frmTask, AnEmptyTableWaitsForAddNew) {
         EXPECT_EQ(Focus(), "cmdAddNew");
         Key(Qt::Key_Return);
         EXPECT_EQ(Record(), "1|   ");
-        for (const char* button : {"cmdTask_0", "cmdTask_1", "cmdSave", "cmdDelete"}) {
+        for (const char* button : {"cmdSave", "cmdDelete"}) {
             EXPECT_TRUE(Command(button).isEnabled()) << button;
         }
         Press("cmdOK");
@@ -112,6 +112,7 @@ TEST_F(frmTask, EveryStepLeavesTheDescriptionReadyToBeTypedOver) {
         expect("Alpha");
         Press("cmdSave");
         expect("Alpha");
+        Choose("Delete alone");
         Press("cmdDelete");
         expect("Beta");
         Press("cmdOK");
@@ -171,22 +172,37 @@ TEST_F(frmTask, SaveWritesBothFieldsAndStays) {
     EXPECT_THAT(Tasks(), ElementsAre("1|Alpha", "1200|Fit the seal's ring", "3|Gamma", "4|Delta"));
 }
 
-TEST_F(frmTask, EverythingButSaveDropsWhatWasTyped) {
+TEST_F(frmTask, EverythingThatLeavesARecordStoresWhatWasTyped) {
     Start(kFourTasks);
     EditTasks([&] {
-        Put("txtDescription", "lost");
+        Put("txtDescription", "One");
+        EXPECT_EQ(Tasks()[0], "1|Alpha");
         Press("cmdTask_1");
-        Put("txtDescription", "lost");
+        EXPECT_EQ(Record(), "2|Beta");
+        EXPECT_EQ(Tasks()[0], "1|One");
+        Put("txtDescription", "Two");
         Press("cmdTask_0");
-        EXPECT_EQ(Record(), "1|Alpha");
-        Put("txtDescription", "lost");
+        EXPECT_EQ(Tasks()[1], "2|Two");
+        Put("txtTask", "10");
         Press("cmdAddNew");
-        Press("cmdDelete");
-        EXPECT_EQ(Record(), "4|Delta");
-        Put("txtDescription", "lost");
+        EXPECT_EQ(Record(), "5|   ");
+        EXPECT_EQ(Tasks()[0], "10|One");
+        Put("txtDescription", "Five");
         Press("cmdOK");
     });
-    EXPECT_THAT(Tasks(), ElementsAre("1|Alpha", "2|Beta", "3|Gamma", "4|Delta"));
+    EXPECT_THAT(Tasks(), ElementsAre("10|One", "2|Two", "3|Gamma", "4|Delta", "5|Five"));
+}
+
+TEST_F(frmTask, DeletingARecordDropsWhatWasTypedIntoIt) {
+    Start("INSERT INTO Tasks VALUES (1, 'Alpha'), (2, 'Beta');");
+    EditTasks([&] {
+        Put("txtTask", "none");
+        Press("cmdDelete");
+        EXPECT_EQ(Record(), "1|Beta");
+        Press("cmdOK");
+    });
+    EXPECT_THAT(Tasks(), ElementsAre("1|Beta"));
+    EXPECT_EQ(Dialogs.Seen.size(), 1U);
 }
 
 TEST_F(frmTask, ShowsThatThereIsSomethingToSave) {
@@ -240,6 +256,8 @@ TEST_F(frmTask, ANumberBeyond16BitsIsRefused) {
         Dialogs.Press(QMessageBox::Ok);
         Press("cmdSave");
         EXPECT_EQ(Record(), "32768|Alpha");
+        Key(Qt::Key_Escape);
+        EXPECT_EQ(Record(), "1|Alpha");
         Press("cmdOK");
     });
     EXPECT_EQ(Dialogs.Seen[1],
@@ -251,6 +269,7 @@ TEST_F(frmTask, DeletingATaskNumbersTheOthersAnewAndLeavesTheMatrixRowsTheirNumb
     Start(kFourTasks);
     EditTasks([&] {
         Press("cmdTask_1");
+        Choose("Delete alone");
         Press("cmdDelete");
         EXPECT_EQ(Record(), "2|Gamma");
         EXPECT_THAT(Caption("lblInfo"), HasSubstr("Task 2 of 3"));
@@ -280,6 +299,7 @@ TEST_F(frmTask, DeletingMakesHandEditedNumbersDenseInRecordOrder) {
         Put("txtTask", "90");
         Press("cmdSave");
         Press("cmdTask_1", 2);
+        Choose("Delete alone");
         Press("cmdDelete");
         Press("cmdOK");
     });
@@ -292,6 +312,7 @@ TEST_F(frmTask, TheOnlyTaskIsResetInsteadOfDeleted) {
         "INSERT INTO Matrix VALUES (1, 1, 5, 1, 0), (1, 2, 5, 1, 0);");
     EditTasks([&] {
         EXPECT_EQ(Record(), "7|Alone");
+        Choose("Delete alone");
         Press("cmdDelete");
         EXPECT_EQ(Record(), "1|   ");
         Press("cmdOK");
