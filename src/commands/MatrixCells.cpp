@@ -1,5 +1,7 @@
 #include "commands/MatrixCells.h"
 
+#include <algorithm>
+
 #include "basic/Numbers.h"
 #include "commands/ResourceRecords.h"
 
@@ -84,9 +86,22 @@ void MatrixCells::LoadResources(const Database& database) {
     }
 }
 
+void MatrixCells::Reload() {
+    MatrixCells before = *this;
+    Load();
+    for (std::int16_t task = 1; task <= std::min(m_tasks, before.m_tasks); ++task) {
+        for (std::int16_t number = 1; number <= std::min(m_resources, before.m_resources);
+             ++number) {
+            const Cell& old = before.m_cells[before.Place({task, number})];
+            Cell& cell = m_cells[Place({task, number})];
+            cell.Kept = old.Kept;
+            cell.Turned = old.Turned == cell.Usable ? std::nullopt : old.Turned;
+        }
+    }
+}
+
 void MatrixCells::LoadMarks(const Database& database) {
-    m_marks.assign(static_cast<std::size_t>(m_tasks) * static_cast<std::size_t>(m_resources),
-                   false);
+    m_cells.assign(static_cast<std::size_t>(m_tasks) * static_cast<std::size_t>(m_resources), {});
     RecordSet stored =
         database.OpenRecordSet("SELECT TaskId, ResourceId From Matrix WHERE (TaskTime)>0;");
     for (; !stored.Eof(); stored.MoveNext()) {
@@ -95,7 +110,7 @@ void MatrixCells::LoadMarks(const Database& database) {
         }
         const TaskResource pair{stored.Integer(0), stored.Integer(1)};
         if (IsWithin(pair.Task, m_tasks) && IsWithin(pair.Resource, m_resources)) {
-            m_marks[Place(pair)] = true;
+            m_cells[Place(pair)].Usable = true;
         }
     }
 }
@@ -117,12 +132,23 @@ bool MatrixCells::Exists(TaskResource pair) const {
     return Task(pair.Task).Exists && Resource(pair.Resource).Exists;
 }
 
+bool MatrixCells::IsMarked(TaskResource pair) const {
+    const Cell& cell = m_cells[Place(pair)];
+    return cell.Turned.value_or(cell.Usable);
+}
+
+bool MatrixCells::IsTurned(TaskResource pair) const {
+    return m_cells[Place(pair)].Turned.has_value();
+}
+
 void MatrixCells::Toggle(TaskResource pair) {
-    if (IsMarked(pair)) {
-        m_marks[Place(pair)] = false;
-    } else {
-        m_marks[Place(pair)] = Exists(pair);
-    }
+    Cell& cell = m_cells[Place(pair)];
+    const bool marked = !IsMarked(pair) && Exists(pair);
+    cell.Turned = marked == cell.Usable ? std::nullopt : std::optional(marked);
+}
+
+void MatrixCells::Settle(TaskResource pair, bool usable, bool keep) {
+    m_cells[Place(pair)] = {usable, std::nullopt, keep};
 }
 
 std::string MatrixCells::Line(TaskResource pair) const {
@@ -148,21 +174,33 @@ void MatrixCells::Clear() {
     Load();
 }
 
-std::vector<TaskResource> MatrixCells::Commit() const {
+bool MatrixCells::IsToDelete(const Cell& cell, UnmarkedPairs deleted) {
+    if (cell.Turned.value_or(cell.Usable)) {
+        return false;
+    }
+    return cell.Turned.has_value() || (deleted == UnmarkedPairs::All && !cell.Kept);
+}
+
+std::vector<TaskResource> MatrixCells::Commit(UnmarkedPairs deleted) {
     std::vector<TaskResource> unusable;
     const Database database = m_form.OpenWorkingCopy();
     Transaction transaction(database);
     for (std::int16_t resource = 1; resource <= m_resources; ++resource) {
         for (std::int16_t task = 1; task <= m_tasks; ++task) {
             const TaskResource pair{task, resource};
-            if (!IsMarked(pair)) {
+            if (IsToDelete(m_cells[Place(pair)], deleted)) {
                 DeletePair(database, pair);
-            } else if (!HasUsableTime(database, pair)) {
+            } else if (IsMarked(pair) && !HasUsableTime(database, pair)) {
                 unusable.push_back(pair);
             }
         }
     }
     transaction.Commit();
+    for (Cell& cell : m_cells) {
+        if (IsToDelete(cell, deleted)) {
+            cell = {};
+        }
+    }
     return unusable;
 }
 

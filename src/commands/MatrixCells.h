@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,15 @@ struct MatrixHeading {
     std::string Full;     ///< all there is to say
 };
 
+/// Which rows of pairs without a mark a commit deletes.
+enum class UnmarkedPairs {
+    All,    ///< every one, but for pairs stored without a mark on purpose (Settle)
+    Turned  ///< those whose mark was taken off by hand
+};
+
 /// The grid of every task against every resource, with a mark on each pair that is to have a
-/// matrix row. Numbers count from 1. Throws what the store reports.
+/// matrix row. A mark is first what is stored; turned by hand it is kept here until a commit.
+/// Numbers count from 1. Throws what the store reports.
 class MatrixCells {
   public:
     explicit MatrixCells(MainForm& form) : m_form(form) {}
@@ -23,6 +31,8 @@ class MatrixCells {
     /// Counts tasks and resources and reads headings and marks. A model without tasks gets 10
     /// rows, one without resources 8 columns.
     void Load();
+    /// The same, but marks that were turned by hand stay so.
+    void Reload();
 
     [[nodiscard]] std::int16_t Tasks() const { return m_tasks; }
     [[nodiscard]] std::int16_t Resources() const { return m_resources; }
@@ -30,10 +40,14 @@ class MatrixCells {
     [[nodiscard]] const MatrixHeading& Resource(int number) const;
 
     [[nodiscard]] bool Exists(TaskResource pair) const;
-    [[nodiscard]] bool IsMarked(TaskResource pair) const { return m_marks[Place(pair)]; }
+    [[nodiscard]] bool IsMarked(TaskResource pair) const;
+    /// Whether the mark was set or taken off by hand and the store says otherwise.
+    [[nodiscard]] bool IsTurned(TaskResource pair) const;
     /// Turns the mark over; a pair that does not exist cannot be marked.
     void Toggle(TaskResource pair);
-    void SetMark(TaskResource pair, bool marked) { m_marks[Place(pair)] = marked; }
+    /// The mark follows what the pair was just stored as. `keep`: a commit leaves its row alone
+    /// even without a usable time.
+    void Settle(TaskResource pair, bool usable, bool keep = false);
     /// What is stored for the pair, or why nothing can be.
     [[nodiscard]] std::string Line(TaskResource pair) const;
 
@@ -41,20 +55,27 @@ class MatrixCells {
     void Clear();
     /// Deletes the rows of the pairs without a mark, all or none of them. Gives the marked pairs
     /// without a usable time, by resource and within it by task.
-    [[nodiscard]] std::vector<TaskResource> Commit() const;
+    [[nodiscard]] std::vector<TaskResource> Commit(UnmarkedPairs deleted = UnmarkedPairs::All);
 
   private:
+    struct Cell {
+        bool Usable = false;         ///< a time above 0 is stored
+        std::optional<bool> Turned;  ///< the mark as it was turned by hand
+        bool Kept = false;           ///< stored without a usable time on purpose
+    };
+
     [[nodiscard]] std::size_t Place(TaskResource pair) const;
     void LoadTasks(const Database& database);
     void LoadResources(const Database& database);
     void LoadMarks(const Database& database);
+    [[nodiscard]] static bool IsToDelete(const Cell& cell, UnmarkedPairs deleted);
 
     MainForm& m_form;
     std::int16_t m_tasks = 0;
     std::int16_t m_resources = 0;
     std::vector<MatrixHeading> m_taskHeadings;
     std::vector<MatrixHeading> m_resourceHeadings;
-    std::vector<bool> m_marks;
+    std::vector<Cell> m_cells;
 };
 
 }  // namespace quarnel02

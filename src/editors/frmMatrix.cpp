@@ -62,8 +62,12 @@ void frmMatrix::ShowLine(const QModelIndex& cell) {
 void frmMatrix::EditPair(TaskResource pair) {
     frmTRInfo editor(Form(), History(), this);
     editor.FetchInfo(pair.Task, pair.Resource);
+    Run(editor, pair);
+}
+
+void frmMatrix::Run(frmTRInfo& editor, TaskResource pair) {
     if (editor.exec() == QDialog::Accepted) {
-        m_cells.SetMark(pair, editor.StoredUsableTime());
+        m_cells.Settle(pair, editor.StoredUsableTime());
         m_model.MarkChanged(pair);
     }
 }
@@ -84,14 +88,25 @@ void frmMatrix::Toggle(const QModelIndex& cell) {
 }
 
 /// Every marked pair without a usable time is asked for; a pair left open stays as it is.
-void frmMatrix::Commit() {
-    const bool committed = RunEvent([&] {
-        for (const TaskResource& pair : m_cells.Commit()) {
-            m_ui->picMatrix->setCurrentIndex(m_model.IndexOf(pair));
-            EditPair(pair);
+bool frmMatrix::AskFor(const std::vector<TaskResource>& pairs) {
+    std::size_t number = 0;
+    for (const TaskResource& pair : pairs) {
+        m_ui->picMatrix->setCurrentIndex(m_model.IndexOf(pair));
+        frmTRInfo editor(Form(), History(), this);
+        editor.FetchInfo(pair.Task, pair.Resource);
+        editor.ShowPlaceInWalk(++number, pairs.size());
+        Run(editor, pair);
+        if (editor.StopsWalk()) {
+            return false;
         }
-    });
-    if (committed) {
+    }
+    return true;
+}
+
+void frmMatrix::Commit() {
+    bool finished = false;
+    RunEvent([&] { finished = AskFor(m_cells.Commit()); });
+    if (finished) {
         accept();
     }
 }

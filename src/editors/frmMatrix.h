@@ -9,6 +9,8 @@
 
 namespace quarnel02 {
 
+class frmTRInfo;
+
 namespace Ui {
 class frmMatrix;
 }
@@ -38,7 +40,10 @@ class frmMatrix : public EditorDialog {
     void Open(const QModelIndex& cell);
     void Toggle(const QModelIndex& cell);
     void EditPair(TaskResource pair);
+    void Run(frmTRInfo& editor, TaskResource pair);
     void Commit();
+    /// The walk through the pairs; false when it was stopped.
+    [[nodiscard]] bool AskFor(const std::vector<TaskResource>& pairs);
     void ClearAll();
 
     std::unique_ptr<Ui::frmMatrix> m_ui;

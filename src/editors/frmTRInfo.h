@@ -13,7 +13,9 @@ namespace Ui {
 class frmTRInfo;
 }
 
-/// Editor of one pair of a task and a resource.
+/// Editor of one pair of a task and a resource. What is typed is never dropped in silence: OK and
+/// Stop asking store it or stay and say why not, Escape takes it back first and closes second, and
+/// the close box asks.
 class frmTRInfo : public EditorDialog {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(frmTRInfo)
@@ -25,16 +27,33 @@ class frmTRInfo : public EditorDialog {
     /// Fills the window for the pair. Throws NoCurrentRecord when one of them does not exist.
     void FetchInfo(std::int16_t task, std::int16_t resource);
 
+    /// Says which of how many pairs this is and offers to stop there.
+    void ShowPlaceInWalk(std::size_t number, std::size_t count);
+
     /// Whether a task time above 0 was stored.
     [[nodiscard]] bool StoredUsableTime() const { return m_storedUsableTime; }
 
+    /// Whether the walk is to end here.
+    [[nodiscard]] bool StopsWalk() const { return m_stopsWalk; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void StoreAndClose();
+    void StopAsking();
+    [[nodiscard]] bool Store();
+    void TakeBack();
+    void MakeRoom();
 
     std::unique_ptr<Ui::frmTRInfo> m_ui;
     RecordBoxes* m_boxes;
     TaskResource m_pair{};
+    PairTexts m_stored;
     bool m_storedUsableTime = false;
+    bool m_stopsWalk = false;
 };
 
 }  // namespace quarnel02

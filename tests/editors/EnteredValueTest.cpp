@@ -109,7 +109,7 @@ TEST_P(RefusedPair, IsNamedWithItsRange) {
         OnDialog([&] {
             ExpectRefusal("cmdOK");
             EXPECT_TRUE(Form->isVisible());
-            Key(Qt::Key_Escape);
+            Press("cmdCancel");
         });
         Key(Qt::Key_Return);
         Press("cmdCancel");

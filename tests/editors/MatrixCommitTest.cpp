@@ -77,15 +77,86 @@ TEST_F(MatrixCommit, APairLeftOpenWhileCommittingStaysWithoutARowAndTheWalkGoesO
         Click(1, 2, Qt::RightButton);
         Click(2, 2, Qt::RightButton);
         OnDialog([&] { Key(Qt::Key_Escape); });
-        OnDialog([&] {
-            Put("txtTaskInfo_0", "5");
-            Press("cmdOK");
-        });
+        OnDialog([&] { Press("cmdOK"); });
         Answer("22", "1", "2");
         Press("cmdOK");
     });
     EXPECT_TRUE(Dialogs.AllGiven());
     EXPECT_THAT(Matrix(), ElementsAre("1|1|11.5|3|500", "1|2|12|1|0", "2|2|22|1|2", "2|3|23|1|10"));
+}
+
+TEST_F(MatrixCommit, TheWalkSaysHowFarItIsAndASingleCellDoesNot) {
+    Start(kGrid);
+    std::vector<std::string> places;
+    EditMatrix([&] {
+        OnDialog([&] {
+            EXPECT_FALSE(Part<QLabel>("lblWalk").isVisible());
+            EXPECT_FALSE(Command("cmdStop").isVisible());
+            Key(Qt::Key_Escape);
+        });
+        Click(1, 1);
+        Click(3, 1, Qt::RightButton);
+        Click(1, 2, Qt::RightButton);
+        Click(2, 2, Qt::RightButton);
+        for (int pair = 0; pair < 3; ++pair) {
+            OnDialog([&] {
+                EXPECT_TRUE(Part<QLabel>("lblWalk").isVisible());
+                places.push_back(Caption("lblWalk"));
+                Press("cmdCancel");
+            });
+        }
+        Press("cmdOK");
+    });
+    EXPECT_THAT(places, ElementsAre("1 of 3", "2 of 3", "3 of 3"));
+}
+
+TEST_F(MatrixCommit, StopAskingKeepsWhatIsStoredAndTheOtherMarks) {
+    Start(kGrid);
+    EditMatrix([&] {
+        Click(2, 1, Qt::RightButton);
+        Click(3, 1, Qt::RightButton);
+        Click(1, 2, Qt::RightButton);
+        Click(2, 2, Qt::RightButton);
+        Answer("31", "1", "2");
+        OnDialog([&] { Press("cmdStop"); });
+        Press("cmdOK");
+        EXPECT_TRUE(Form->isVisible());
+        EXPECT_THAT(Checked(), ElementsAre("1,1", "1,2", "2,2", "3,1", "3,2"));
+        EXPECT_THAT(Matrix(),
+                    ElementsAre("1|1|11.5|3|500", "2|2|0|1|0", "2|3|23|1|10", "1|3|31|1|2"));
+        Answer("12", "1", "2");
+        OnDialog([&] {
+            EXPECT_EQ(Caption("lblWalk"), "2 of 2");
+            Press("cmdCancel");
+        });
+        Press("cmdOK");
+    });
+    EXPECT_TRUE(Dialogs.AllGiven());
+    EXPECT_EQ(Matrix().back(), "2|1|12|1|2");
+}
+
+TEST_F(MatrixCommit, StopAskingStoresWhatWasTypedOrStaysWithAMessage) {
+    Start(kGrid);
+    EditMatrix([&] {
+        Click(3, 1, Qt::RightButton);
+        Click(1, 2, Qt::RightButton);
+        OnDialog([&] {
+            Put("txtTaskInfo_0", "31");
+            Dialogs.Press(QMessageBox::Ok);
+            Press("cmdStop");
+            EXPECT_TRUE(Form->isVisible());
+            EXPECT_EQ(Focus(), "txtTaskInfo_1");
+            Put("txtTaskInfo_1", "1");
+            Put("txtTaskInfo_2", "2");
+            Press("cmdStop");
+        });
+        Press("cmdOK");
+        EXPECT_TRUE(Form->isVisible());
+        EXPECT_THAT(Checked(), ElementsAre("1,1", "1,2", "2,1", "3,1", "3,2"));
+        Press("cmdCancel");
+    });
+    EXPECT_TRUE(Dialogs.AllGiven());
+    EXPECT_EQ(Matrix().back(), "1|3|31|1|2");
 }
 
 TEST_F(MatrixCommit, ClearAsksAndOnNoChangesNothing) {
