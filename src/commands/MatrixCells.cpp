@@ -132,6 +132,12 @@ bool MatrixCells::Exists(TaskResource pair) const {
     return Task(pair.Task).Exists && Resource(pair.Resource).Exists;
 }
 
+std::string MatrixCells::PairName(TaskResource pair) const {
+    const std::string& name = Resource(pair.Resource).Name;
+    return (name.empty() ? "resource " + NumberText(int{pair.Resource}) : name) + ", task " +
+           NumberText(int{pair.Task});
+}
+
 bool MatrixCells::IsMarked(TaskResource pair) const {
     const Cell& cell = m_cells[Place(pair)];
     return cell.Turned.value_or(cell.Usable);

@@ -40,6 +40,8 @@ class MatrixCells {
     [[nodiscard]] const MatrixHeading& Resource(int number) const;
 
     [[nodiscard]] bool Exists(TaskResource pair) const;
+    /// "Bench, task 5"
+    [[nodiscard]] std::string PairName(TaskResource pair) const;
     [[nodiscard]] bool IsMarked(TaskResource pair) const;
     /// Whether the mark was set or taken off by hand and the store says otherwise.
     [[nodiscard]] bool IsTurned(TaskResource pair) const;

@@ -1,5 +1,7 @@
 #include "editors/frmMatrix.h"
 
+#include <algorithm>
+
 #include "editors/frmTRInfo.h"
 #include "ui_frmMatrix.h"
 #include "widgets/Dialogs.h"
@@ -11,9 +13,24 @@ frmMatrix::frmMatrix(MainForm& form, EditHistory& history, QWidget* parent)
       m_ui(std::make_unique<Ui::frmMatrix>()),
       m_cells(form),
       m_model(m_cells),
+      m_values(form, m_cells),
       m_network(form) {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
+    m_ui->tabMatrix->addTab(tr("&Marks"));
+    m_ui->tabMatrix->addTab(tr("&Values"));
+    m_ui->tabMatrix->setDrawBase(false);
+    connect(m_ui->tabMatrix, &QTabBar::currentChanged, this, [this](int tab) { ChooseTab(tab); });
+    m_ui->pageMarks->setFocusProxy(m_ui->picMatrix);
+    ConnectGrid();
+    connect(m_ui->pageValues, &MatrixValuesPage::Stored, this,
+            [this] { RunEvent([this] { History().Note(m_values.LastStep()); }); });
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, [this] { Commit(); });
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->cmdClear, &QPushButton::clicked, this, [this] { ClearAll(); });
+}
+
+void frmMatrix::ConnectGrid() {
     MatrixGrid* grid = m_ui->picMatrix;
     connect(grid, &MatrixGrid::Opened, this, [this](const QModelIndex& cell) { Open(cell); });
     connect(grid, &MatrixGrid::Toggled, this, [this](const QModelIndex& cell) { Toggle(cell); });
@@ -21,9 +38,6 @@ frmMatrix::frmMatrix(MainForm& form, EditHistory& history, QWidget* parent)
     connect(grid, &MatrixGrid::Rested, this, [this, grid](const QModelIndex& cell) {
         ShowLine(cell.isValid() ? cell : grid->currentIndex());
     });
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, [this] { Commit(); });
-    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(m_ui->cmdClear, &QPushButton::clicked, this, [this] { ClearAll(); });
 }
 
 frmMatrix::~frmMatrix() {
@@ -32,20 +46,52 @@ frmMatrix::~frmMatrix() {
 
 void frmMatrix::LoadMe() {
     m_cells.Load();
+    m_values.Load();
     m_ui->picMatrix->setModel(&m_model);
-    ShowGrid();
+    ShowGrid({0, 0});
+    m_ui->pageValues->Begin(m_cells, m_values);
     m_ui->picMatrix->setFocus();
 }
 
 void frmMatrix::ShowAgain() {
-    m_cells.Load();
-    ShowGrid();
+    m_cells.Reload();
+    ShowMatrix();
 }
 
-void frmMatrix::ShowGrid() {
+/// Marks that were turned and cells that are current stay so.
+void frmMatrix::ShowMatrix() {
+    const QModelIndex current = m_ui->picMatrix->currentIndex();
+    m_values.Load();
+    m_ui->pageValues->Refresh();
+    ShowGrid({current.column(), current.row()});
+}
+
+void frmMatrix::ShowGrid(const QPoint& cell) {
     m_model.Reload();
     m_ui->picMatrix->FitSections();
-    m_ui->picMatrix->setCurrentIndex(m_model.index(0, 0));
+    m_ui->picMatrix->setCurrentIndex(
+        m_model.index(std::clamp(cell.y(), 0, m_cells.Tasks() - 1),
+                      std::clamp(cell.x(), 0, m_cells.Resources() - 1)));
+}
+
+/// The current cell is the same on both tabs. A text that does not fit keeps its cell in sight.
+void frmMatrix::ChooseTab(int tab) {
+    if (tab == m_ui->stackMatrix->currentIndex()) {
+        return;
+    }
+    if (!m_ui->pageValues->FinishEditing()) {
+        m_ui->tabMatrix->setCurrentIndex(kValues);
+        return;
+    }
+    if (tab == kMarks) {
+        ShowGrid(m_ui->pageValues->Current());
+    } else {
+        const QModelIndex cell = m_ui->picMatrix->currentIndex();
+        m_ui->pageValues->Refresh();
+        m_ui->pageValues->SetCurrent(cell.row(), cell.column());
+    }
+    m_ui->stackMatrix->setCurrentIndex(tab);
+    m_ui->stackMatrix->currentWidget()->setFocus(Qt::OtherFocusReason);
 }
 
 void frmMatrix::ShowLine(const QModelIndex& cell) {
@@ -59,17 +105,20 @@ void frmMatrix::ShowLine(const QModelIndex& cell) {
     });
 }
 
-void frmMatrix::EditPair(TaskResource pair) {
+bool frmMatrix::EditPair(TaskResource pair, const std::string& place) {
     frmTRInfo editor(Form(), History(), this);
     editor.FetchInfo(pair.Task, pair.Resource);
-    Run(editor, pair);
-}
-
-void frmMatrix::Run(frmTRInfo& editor, TaskResource pair) {
-    if (editor.exec() == QDialog::Accepted) {
-        m_cells.Settle(pair, editor.StoredUsableTime());
-        m_model.MarkChanged(pair);
+    editor.SetStepName("Edit " + m_cells.PairName(pair));
+    if (!place.empty()) {
+        editor.ShowPlaceInWalk(place);
     }
+    const bool stored = editor.exec() == QDialog::Accepted;
+    m_cells.Reload();
+    if (stored) {
+        m_cells.Settle(pair, editor.StoredUsableTime());
+    }
+    ShowMatrix();
+    return !editor.StopsWalk();
 }
 
 void frmMatrix::Open(const QModelIndex& cell) {
@@ -87,36 +136,44 @@ void frmMatrix::Toggle(const QModelIndex& cell) {
     ShowLine(cell);
 }
 
-/// Every marked pair without a usable time is asked for; a pair left open stays as it is.
+/// Every pair is asked for; a pair left open stays as it is.
 bool frmMatrix::AskFor(const std::vector<TaskResource>& pairs) {
+    const std::string count = " of " + std::to_string(pairs.size());
     std::size_t number = 0;
-    for (const TaskResource& pair : pairs) {
+    return std::all_of(pairs.begin(), pairs.end(), [&](const TaskResource& pair) {
         m_ui->picMatrix->setCurrentIndex(m_model.IndexOf(pair));
-        frmTRInfo editor(Form(), History(), this);
-        editor.FetchInfo(pair.Task, pair.Resource);
-        editor.ShowPlaceInWalk(++number, pairs.size());
-        Run(editor, pair);
-        if (editor.StopsWalk()) {
-            return false;
-        }
-    }
-    return true;
+        m_ui->pageValues->SetCurrent(pair.Task - 1, pair.Resource - 1);
+        return EditPair(pair, std::to_string(++number) + count);
+    });
 }
 
+/// On Values, OK carries out the marks that were turned, and no more: an impossible pair stays.
 void frmMatrix::Commit() {
+    if (!m_ui->pageValues->FinishEditing()) {
+        return;
+    }
+    const bool on_values = m_ui->stackMatrix->currentIndex() == kValues;
     bool finished = false;
-    RunEvent([&] { finished = AskFor(m_cells.Commit()); });
+    RunEvent([&] {
+        const auto unusable =
+            m_cells.Commit(on_values ? UnmarkedPairs::Turned : UnmarkedPairs::All);
+        History().Note();
+        ShowMatrix();
+        finished = AskFor(unusable);
+    });
     if (finished) {
         accept();
     }
 }
 
 void frmMatrix::ClearAll() {
-    if (AskYesNoBox(this, "Clear all Resource-Task information?", MessageIcon::Question,
+    if (m_ui->pageValues->FinishEditing() &&
+        AskYesNoBox(this, "Clear all Resource-Task information?", MessageIcon::Question,
                     Answer::No)) {
         RunEvent([&] {
             m_cells.Clear();
-            ShowGrid();
+            History().Note("Clear matrix");
+            ShowMatrix();
         });
     }
 }

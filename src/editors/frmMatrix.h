@@ -3,19 +3,19 @@
 #include <memory>
 
 #include "commands/MatrixCells.h"
+#include "commands/MatrixValues.h"
 #include "commands/NetworkUpkeep.h"
 #include "editors/EditorDialog.h"
 #include "editors/MatrixModel.h"
 
 namespace quarnel02 {
 
-class frmTRInfo;
-
 namespace Ui {
 class frmMatrix;
 }
 
-/// Says which resource can perform which task: a grid of check marks.
+/// Says which resource can perform which task: a grid of check marks, and behind a tab the figures
+/// in a sheet. Figures are stored at once; marks turned by hand are kept until OK carries them out.
 class frmMatrix : public EditorDialog {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(frmMatrix)
@@ -35,12 +35,19 @@ class frmMatrix : public EditorDialog {
     void Finish() override { m_network.Rebuild(); }
 
   private:
-    void ShowGrid();
+    enum Tab { kMarks, kValues };
+
+    void ConnectGrid();
+    void ChooseTab(int tab);
+    /// Shows figures and marks anew.
+    void ShowMatrix();
+    /// Shows the marks anew, `cell` (column, row) being the current one.
+    void ShowGrid(const QPoint& cell);
     void ShowLine(const QModelIndex& cell);
     void Open(const QModelIndex& cell);
     void Toggle(const QModelIndex& cell);
-    void EditPair(TaskResource pair);
-    void Run(frmTRInfo& editor, TaskResource pair);
+    /// The cell editor; `place` is that in a walk, "3 of 200". False when the walk is to stop.
+    bool EditPair(TaskResource pair, const std::string& place = {});
     void Commit();
     /// The walk through the pairs; false when it was stopped.
     [[nodiscard]] bool AskFor(const std::vector<TaskResource>& pairs);
@@ -49,6 +56,7 @@ class frmMatrix : public EditorDialog {
     std::unique_ptr<Ui::frmMatrix> m_ui;
     MatrixCells m_cells;
     MatrixModel m_model;
+    MatrixValues m_values;
     NetworkUpkeep m_network;
 };
 

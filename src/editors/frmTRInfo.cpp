@@ -37,8 +37,8 @@ void frmTRInfo::FetchInfo(std::int16_t task, std::int16_t resource) {
     MakeRoom();
 }
 
-void frmTRInfo::ShowPlaceInWalk(std::size_t number, std::size_t count) {
-    m_ui->lblWalk->setText(tr("%1 of %2").arg(number).arg(count));
+void frmTRInfo::ShowPlaceInWalk(const std::string& place) {
+    m_ui->lblWalk->setText(QString::fromStdString(place));
     m_ui->lblWalk->show();
     m_ui->cmdStop->show();
     MakeRoom();
@@ -82,6 +82,7 @@ bool frmTRInfo::Store() {
     const bool stored = RunEvent([&] {
         const std::vector<FieldValue> values = m_boxes->Values();
         StorePair(Form(), m_pair, values);
+        History().Note(m_stepName);
         m_storedUsableTime = std::get<double>(values.front().Content) > 0;
     });
     if (!stored) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "commands/PairRecord.h"
 #include "editors/EditorDialog.h"
@@ -27,8 +29,11 @@ class frmTRInfo : public EditorDialog {
     /// Fills the window for the pair. Throws NoCurrentRecord when one of them does not exist.
     void FetchInfo(std::int16_t task, std::int16_t resource);
 
-    /// Says which of how many pairs this is and offers to stop there.
-    void ShowPlaceInWalk(std::size_t number, std::size_t count);
+    /// Shows which of how many pairs this is ("3 of 200") and offers to stop there.
+    void ShowPlaceInWalk(const std::string& place);
+
+    /// What storing is called as an undo step.
+    void SetStepName(std::string name) { m_stepName = std::move(name); }
 
     /// Whether a task time above 0 was stored.
     [[nodiscard]] bool StoredUsableTime() const { return m_storedUsableTime; }
@@ -37,6 +42,7 @@ class frmTRInfo : public EditorDialog {
     [[nodiscard]] bool StopsWalk() const { return m_stopsWalk; }
 
   protected:
+    void ShowAgain() override { FetchInfo(m_pair.Task, m_pair.Resource); }
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -52,6 +58,7 @@ class frmTRInfo : public EditorDialog {
     RecordBoxes* m_boxes;
     TaskResource m_pair{};
     PairTexts m_stored;
+    std::string m_stepName;
     bool m_storedUsableTime = false;
     bool m_stopsWalk = false;
 };

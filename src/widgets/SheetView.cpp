@@ -33,14 +33,17 @@ bool StartsEditing(const QKeyEvent& event) {
 
 }  // namespace
 
-SheetView::SheetView(QWidget* parent)
+SheetView::SheetView(QWidget* parent) : SheetView(new SheetDelegate, parent) {}
+
+SheetView::SheetView(SheetDelegate* cells, QWidget* parent)
     : QTableView(parent),
-      m_cells(new SheetDelegate(this)),
+      m_cells(cells),
       m_columns(new SheetHeader(
           Qt::Horizontal, [this] { return MayAct(); }, this)),
       m_rows(new SheetHeader(
           Qt::Vertical, [this] { return MayAct(); }, this)) {
     WatchKeys();
+    m_cells->setParent(this);
     setItemDelegate(m_cells);
     setHorizontalHeader(m_columns);
     setVerticalHeader(m_rows);

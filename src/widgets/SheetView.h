@@ -28,6 +28,8 @@ class SheetView : public QTableView {
 
   public:
     explicit SheetView(QWidget* parent = nullptr);
+    /// A sheet whose cells look otherwise; it takes their delegate over.
+    SheetView(SheetDelegate* cells, QWidget* parent);
     ~SheetView() override;
 
     /// The model must outlive the view.
