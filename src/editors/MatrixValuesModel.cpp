@@ -1,5 +1,7 @@
 #include "editors/MatrixValuesModel.h"
 
+#include <algorithm>
+
 namespace quarnel02 {
 
 namespace {
@@ -24,8 +26,20 @@ QString NameOf(PairLook look) {
 
 }  // namespace
 
-void MatrixValuesModel::Announce() {
-    Refresh();
+/// Headings are measured anew only when there are others.
+void MatrixValuesModel::Announce(const CellRange& changed) {
+    const int rows = m_values.Rows();
+    const int columns = m_values.Columns();
+    if (rows != rowCount() || columns != columnCount()) {
+        Refresh();
+    } else {
+        const auto last = [](std::size_t first, std::size_t count, int end) {
+            return std::min(static_cast<int>(first + count), end) - 1;
+        };
+        emit dataChanged(index(static_cast<int>(changed.Row), static_cast<int>(changed.Column)),
+                         index(last(changed.Row, changed.Rows, rows),
+                               last(changed.Column, changed.Columns, columns)));
+    }
     emit Stored();
 }
 
@@ -42,14 +56,18 @@ Misfits MatrixValuesModel::SetBlock(const BlockEdit& edit) {
                           ? m_values.Type(edit.Row, edit.Column, edit.Block.front().front())
                           : m_values.Set(edit.Verb, edit.Row, edit.Column, edit.Block);
     if (refused.IsEmpty()) {
-        Announce();
+        std::size_t columns = 1;
+        for (const auto& row : edit.Block) {
+            columns = std::max(columns, row.size());
+        }
+        Announce({edit.Row, edit.Column, edit.Block.size(), columns});
     }
     return refused;
 }
 
 Misfits MatrixValuesModel::ClearBlock(std::string_view verb, const CellRange& range) {
     m_values.Clear(verb, range);
-    Announce();
+    Announce(range);
     return {};
 }
 

@@ -38,7 +38,7 @@ class MatrixValuesModel : public SheetModel {
 
   private:
     [[nodiscard]] const MatrixHeading* HeadingOf(int section, Qt::Orientation orientation) const;
-    void Announce();
+    void Announce(const CellRange& changed);
 
     const MatrixCells& m_cells;
     MatrixValues& m_values;

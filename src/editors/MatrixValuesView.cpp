@@ -1,9 +1,11 @@
 #include "editors/MatrixValuesView.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStaticText>
 #include <algorithm>
 
 #include "editors/MatrixLook.h"
@@ -52,31 +54,51 @@ class FigurePainter : public SheetDelegate {
         }
     }
 
-    static void PaintFigures(QPainter& painter, const QStyleOptionViewItem& cell,
-                             const QString& text, bool selected) {
+    void PaintFigures(QPainter& painter, const QStyleOptionViewItem& cell, const QString& text,
+                      bool selected) const {
         if (text.isEmpty()) {
             return;
         }
         const int margin = cell.fontMetrics.averageCharWidth() / 2 + 1;
-        const QRect inside = cell.rect.adjusted(margin, 0, -margin, 0);
+        const QRectF inside = cell.rect.adjusted(margin, 0, -margin, 0);
         const QColor plain =
             cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-        constexpr int right = Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine;
+        const auto bar = std::max<qsizetype>(text.indexOf(QLatin1Char('|')), 0);
+        const auto first_length = bar == 0 ? text.size() : bar - 1;
+        const QStaticText first = Prepared(text.left(first_length), cell.font);
+        const QStaticText others = Prepared(text.mid(first_length), cell.font);
+        const double top = inside.center().y() - first.size().height() / 2;
+        const double middle = inside.right() - others.size().width();
         painter.save();
+        painter.setFont(cell.font);
         painter.setPen(plain);
-        if (cell.fontMetrics.horizontalAdvance(text) > inside.width()) {
-            painter.drawText(inside, right,
-                             cell.fontMetrics.elidedText(text, Qt::ElideRight, inside.width()));
+        if (first.size().width() > middle - inside.left()) {
+            painter.drawText(inside, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                             cell.fontMetrics.elidedText(text, Qt::ElideRight,
+                                                         static_cast<int>(inside.width())));
         } else {
-            const auto first = std::max<qsizetype>(text.indexOf(QLatin1Char('|')), 0);
-            const QString others = first == 0 ? QString() : text.mid(first - 1);
-            const int width = cell.fontMetrics.horizontalAdvance(others);
-            painter.drawText(inside.adjusted(0, 0, -width, 0), right,
-                             text.left(text.size() - others.size()));
+            painter.drawStaticText(QPointF(middle - first.size().width(), top), first);
             painter.setPen(Faded(plain));
-            painter.drawText(inside, right, others);
+            painter.drawStaticText(QPointF(middle, top), others);
         }
         painter.restore();
+    }
+
+    /// Laying texts out takes most of the time of painting.
+    const QStaticText& Prepared(const QString& text, const QFont& font) const {
+        constexpr qsizetype most = 10'000;
+        if (font != m_font || m_texts.size() > most) {
+            m_texts.clear();
+            m_font = font;
+        }
+        auto found = m_texts.find(text);
+        if (found == m_texts.end()) {
+            QStaticText prepared(text);
+            prepared.setTextFormat(Qt::PlainText);
+            prepared.prepare({}, font);
+            found = m_texts.insert(text, prepared);
+        }
+        return *found;
     }
 
     static QColor Faded(QColor colour) {
@@ -84,6 +106,9 @@ class FigurePainter : public SheetDelegate {
         colour.setAlphaF(share);
         return colour;
     }
+
+    mutable QHash<QString, QStaticText> m_texts;
+    mutable QFont m_font;  ///< of m_texts
 };
 
 }  // namespace
@@ -99,6 +124,7 @@ void MatrixValuesView::FitSections() {
     for (int column = 0; column < model()->columnCount(); ++column) {
         setColumnWidth(column, std::max(columnWidth(column), least * character));
     }
+    updateGeometry();
 }
 
 QSize MatrixValuesView::sizeHint() const {

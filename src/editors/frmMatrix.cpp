@@ -20,6 +20,7 @@ frmMatrix::frmMatrix(MainForm& form, EditHistory& history, QWidget* parent)
     m_ui->tabMatrix->addTab(tr("&Marks"));
     m_ui->tabMatrix->addTab(tr("&Values"));
     m_ui->tabMatrix->setDrawBase(false);
+    m_ui->tabMatrix->setExpanding(false);
     connect(m_ui->tabMatrix, &QTabBar::currentChanged, this, [this](int tab) { ChooseTab(tab); });
     m_ui->pageMarks->setFocusProxy(m_ui->picMatrix);
     ConnectGrid();
@@ -40,7 +41,9 @@ void frmMatrix::ConnectGrid() {
     });
 }
 
+/// Views still ask for what they show while they are being hidden.
 frmMatrix::~frmMatrix() {
+    hide();
     m_ui->picMatrix->disconnect(this);
 }
 

@@ -1,6 +1,7 @@
 #include "widgets/SheetHeader.h"
 
 #include <QPainter>
+#include <QStyleOptionHeader>
 #include <utility>
 
 namespace quarnel02 {
@@ -29,21 +30,32 @@ void SheetHeader::mousePressEvent(QMouseEvent* event) {
     }
 }
 
-void SheetHeader::paintSection(QPainter* painter, const QRect& place, int section) const {
-    if (section != m_lit) {
-        painter->save();
-        QHeaderView::paintSection(painter, place, section);
-        painter->restore();
+void SheetHeader::PaintFace(QPainter& painter, const QRect& place, int section) const {
+    if (section == m_lit) {
+        painter.fillRect(place, palette().color(QPalette::Highlight));
         return;
     }
+    QStyleOptionHeader face;
+    initStyleOption(&face);
+    face.rect = place;
+    face.section = section;
+    style()->drawControl(QStyle::CE_HeaderSection, &face, &painter, this);
+}
+
+/// The style cuts long names off without a sign, and those of two lines in the wrong place.
+void SheetHeader::paintSection(QPainter* painter, const QRect& place, int section) const {
     const int margin = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
     const QRect inside = place.adjusted(margin, 0, -margin, 0);
-    const QString text = model()->headerData(section, orientation()).toString();
+    QStringList lines =
+        model()->headerData(section, orientation()).toString().split(QLatin1Char('\n'));
+    for (QString& line : lines) {
+        line = fontMetrics().elidedText(line, textElideMode(), inside.width());
+    }
     painter->save();
-    painter->fillRect(place, palette().color(QPalette::Highlight));
-    painter->setPen(palette().color(QPalette::HighlightedText));
-    painter->drawText(inside, static_cast<int>(defaultAlignment()),
-                      fontMetrics().elidedText(text, textElideMode(), inside.width()));
+    PaintFace(*painter, place, section);
+    painter->setPen(
+        palette().color(section == m_lit ? QPalette::HighlightedText : QPalette::ButtonText));
+    painter->drawText(inside, static_cast<int>(defaultAlignment()), lines.join(QLatin1Char('\n')));
     painter->restore();
 }
 

@@ -23,6 +23,8 @@ class SheetHeader : public QHeaderView {
     void paintSection(QPainter* painter, const QRect& place, int section) const override;
 
   private:
+    void PaintFace(QPainter& painter, const QRect& place, int section) const;
+
     std::function<bool()> m_mayAct;
     int m_lit = -1;
 };

@@ -164,6 +164,33 @@ TEST_F(MatrixValuesTab, HeadingsOfTheCurrentCellAreLitAndSayTheWholeName) {
     });
 }
 
+/// Dots stand low: above them nothing is painted at the end of a name that is cut off.
+TEST_F(MatrixValuesTab, HeadingsThatAreTooLongEndInDots) {
+    Start(kGrid + ("UPDATE Tasks SET Description = '" + std::string(80, 'M') + "';"));
+    EditValues([&] {
+        const auto& rows = *Sheet().verticalHeader();
+        const int dots = rows.fontMetrics().horizontalAdvance(QChar(0x2026)) - 2;
+        const auto blank = [&](int section) {
+            const QRect end(rows.width() - dots - rows.fontMetrics().averageCharWidth(),
+                            rows.sectionViewportPosition(section) + 3, dots,
+                            rows.sectionSize(section) / 2 - 3);
+            const QImage image = rows.viewport()->grab(end).toImage();
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 1; x < image.width(); ++x) {
+                    if (image.pixel(x, y) != image.pixel(0, y)) {
+                        return false;
+                    }
+                }
+            }
+            return image.height() > 2;
+        };
+        Go(1, 1);
+        EXPECT_TRUE(blank(0));
+        EXPECT_TRUE(blank(1));
+        Press("cmdCancel");
+    });
+}
+
 TEST_F(MatrixValuesTab, ColumnsCanBeWidenedAndStaySoWhenSomethingIsStored) {
     Start(kGrid);
     EditValues([&] {
