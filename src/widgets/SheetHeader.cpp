@@ -44,7 +44,7 @@ void SheetHeader::PaintFace(QPainter& painter, const QRect& place, int section) 
 
 /// The style cuts long names off without a sign, and those of two lines in the wrong place.
 void SheetHeader::paintSection(QPainter* painter, const QRect& place, int section) const {
-    const int margin = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
     const QRect inside = place.adjusted(margin, 0, -margin, 0);
     QStringList lines =
         model()->headerData(section, orientation()).toString().split(QLatin1Char('\n'));

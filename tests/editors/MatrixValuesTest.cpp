@@ -113,6 +113,7 @@ TEST_F(MatrixValuesTab, EmptyMarkedCannotAndLeavingPairsLookDifferent) {
         Click(1, 2, Qt::RightButton);
         Click(3, 2, Qt::RightButton);
         ClickTab(kValues);
+        Choose("optTime");
         Go(2, 1);
         EXPECT_EQ(Look(1, 1), PairLook::Can);
         EXPECT_EQ(Look(3, 1), PairLook::Empty);
@@ -185,6 +186,8 @@ TEST_F(MatrixValuesTab, HeadingsThatAreTooLongEndInDots) {
             return image.height() > 2;
         };
         Go(1, 1);
+        EXPECT_LT(rows.width(),
+                  rows.fontMetrics().horizontalAdvance(QString(80, QLatin1Char('M'))));
         EXPECT_TRUE(blank(0));
         EXPECT_TRUE(blank(1));
         Press("cmdCancel");
