@@ -325,7 +325,7 @@ TEST(SolveProgramUsage, HasStatusesOfItsOwn) {
         {model, "--shifts", "1", "--demand"},
         {model, "--shifts", "1", "--demand", "100000", "--pictures"},
         {model, "--shifts", "1", "--unknown"},
-        {model, "another.mdb", "--shifts", "1"},
+        {model, "another.mdb", "--shifts", "1", "--save", "solved.mdb"},
     };
     for (const Lines& arguments : wrong) {
         const auto result = run(arguments);
