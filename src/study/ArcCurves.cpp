@@ -6,9 +6,11 @@ namespace quarnel02 {
 
 namespace {
 
-GridCurve CheapestTo(const ArcCurves& arcs, const std::vector<GridCurve>& prefixes, int last) {
+GridCurve CheapestTo(const ArcCurves& arcs, const std::vector<GridCurve>& prefixes, int last,
+                     const StudyWatch& watch) {
     GridCurve cheapest = arcs.At(1, last);
     for (int first = 2; first <= last; ++first) {
+        watch.Look();
         const GridCurve& before = prefixes[static_cast<std::size_t>(first) - 2];
         const GridCurve& arc = arcs.At(first, last);
         if (!arc.empty() && !before.empty()) {
@@ -20,10 +22,10 @@ GridCurve CheapestTo(const ArcCurves& arcs, const std::vector<GridCurve>& prefix
 
 }  // namespace
 
-std::vector<GridCurve> CheapestPrefixes(const ArcCurves& arcs) {
+std::vector<GridCurve> CheapestPrefixes(const ArcCurves& arcs, const StudyWatch& watch) {
     std::vector<GridCurve> prefixes;
     for (int last = 1; last <= arcs.TaskCount(); ++last) {
-        prefixes.push_back(CheapestTo(arcs, prefixes, last));
+        prefixes.push_back(CheapestTo(arcs, prefixes, last, watch));
     }
     return prefixes;
 }

@@ -5,6 +5,7 @@
 
 #include "line/StationGroup.h"
 #include "study/GridCurve.h"
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -48,7 +49,8 @@ using ArcCurves = OfArcs<GridCurve>;
 
 /// The cheapest lines for the first task, the first two tasks and so on, over all steps. Of equal
 /// costs the earlier first task of the last group counts. Within a segment the whole line is one.
-std::vector<GridCurve> CheapestPrefixes(const ArcCurves& arcs);
+/// Looks at `watch`.
+std::vector<GridCurve> CheapestPrefixes(const ArcCurves& arcs, const StudyWatch& watch = {});
 
 /// The station groups, in task order, of the cheapest line for all tasks at a step that the last
 /// curve of `prefixes` reaches.

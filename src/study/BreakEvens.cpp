@@ -154,7 +154,8 @@ ArcCurves BreakEvens::ConstantCurves(const ModelFigure& figure, const StepSpan& 
     return curves;
 }
 
-ArcCurves BreakEvens::CurvesOf(const ModelFigure& figure, const StepSpan& steps) const {
+ArcCurves BreakEvens::CurvesOf(const ModelFigure& figure, const StepSpan& steps,
+                               const StudyWatch& watch) const {
     constexpr double margin = 1 + 1e-9;
     ArcCurves curves = ConstantCurves(figure, steps);
     FigureSweep sweep = SweepOf(figure, 0);
@@ -162,6 +163,7 @@ ArcCurves BreakEvens::CurvesOf(const ModelFigure& figure, const StepSpan& steps)
     sweep.MostCost =
         margin * std::max(CostOfTodaysLine(figure, steps.From), CostOfTodaysLine(figure, steps.To));
     for (std::size_t place = 0; place < m_parts.size(); ++place) {
+        watch.Look();
         const auto& [resource, first, last] = m_line.Pathways[place];
         if (figure.Resource == 0 || figure.Resource == resource) {
             sweep.Resource = resource;
@@ -172,7 +174,7 @@ ArcCurves BreakEvens::CurvesOf(const ModelFigure& figure, const StepSpan& steps)
     return curves;
 }
 
-std::vector<int> BreakEvens::Changes(const ModelFigure& figure) const {
+std::vector<int> BreakEvens::Changes(const ModelFigure& figure, const StudyWatch& watch) const {
     const StepSpan all = StepsOf(m_line.Model, figure);
     const StepSpan steps = StepsWithTodaysStations(figure);
     std::vector<int> changes;
@@ -182,7 +184,7 @@ std::vector<int> BreakEvens::Changes(const ModelFigure& figure) const {
     if (steps.To < all.To) {
         changes.push_back(steps.To + 1);
     }
-    const std::vector<GridCurve> prefixes = CheapestPrefixes(CurvesOf(figure, steps));
+    const std::vector<GridCurve> prefixes = CheapestPrefixes(CurvesOf(figure, steps, watch), watch);
     const std::vector<StationGroup> today = GroupsAt(prefixes, kStepsOfToday);
     for (const GridSegment& segment : prefixes.back()) {
         if (GroupsAt(prefixes, segment.From) != today) {
@@ -192,12 +194,13 @@ std::vector<int> BreakEvens::Changes(const ModelFigure& figure) const {
     return changes;
 }
 
-std::optional<double> BreakEvens::NearestTo(const ModelFigure& figure) const {
+std::optional<double> BreakEvens::NearestTo(const ModelFigure& figure,
+                                            const StudyWatch& watch) const {
     const double value = ValueOf(m_line.Model, figure);
     if (value == 0 || m_groups.empty()) {
         return std::nullopt;
     }
-    const std::vector<int> changes = Changes(figure);
+    const std::vector<int> changes = Changes(figure, watch);
     const auto distance = [&](int step) { return std::fabs(ShareAt(figure.Kind, step) - 1); };
     const auto nearest = std::min_element(changes.begin(), changes.end(),
                                           [&](int a, int b) { return distance(a) < distance(b); });

@@ -8,6 +8,7 @@
 #include "study/ArcCurves.h"
 #include "study/FigureCurve.h"
 #include "study/PathwayPlaces.h"
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -22,8 +23,9 @@ class BreakEvens {
     /// same as another one that counts first; to a hundred-thousandth of today's value (of today's
     /// workers per station for their inverse).
     /// None where it changes at none of the values of StepsOf, where today's value is 0, and where
-    /// there is no line today.
-    [[nodiscard]] std::optional<double> NearestTo(const ModelFigure& figure) const;
+    /// there is no line today. Looks at `watch`.
+    [[nodiscard]] std::optional<double> NearestTo(const ModelFigure& figure,
+                                                  const StudyWatch& watch = {}) const;
 
   private:
     struct ArcBest {
@@ -37,9 +39,11 @@ class BreakEvens {
     static void EnterArc(ArcBest& arc, const GridSegment& group);
     /// Of every arc the cheapest group that the figure does not touch.
     [[nodiscard]] ArcCurves ConstantCurves(const ModelFigure& figure, const StepSpan& steps) const;
-    [[nodiscard]] ArcCurves CurvesOf(const ModelFigure& figure, const StepSpan& steps) const;
+    [[nodiscard]] ArcCurves CurvesOf(const ModelFigure& figure, const StepSpan& steps,
+                                     const StudyWatch& watch) const;
     /// Steps next to today's at which another line begins, or today's needs other stations.
-    [[nodiscard]] std::vector<int> Changes(const ModelFigure& figure) const;
+    [[nodiscard]] std::vector<int> Changes(const ModelFigure& figure,
+                                           const StudyWatch& watch) const;
     /// The steps at which today's line has the stations that it has today.
     [[nodiscard]] StepSpan StepsWithTodaysStations(const ModelFigure& figure) const;
     /// What today's line costs at a step with the stations that it has today, dollars per year.

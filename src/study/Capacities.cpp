@@ -52,15 +52,6 @@ std::vector<CurvePoint> LocalMinima(const std::vector<CurvePoint>& points) {
     return minima;
 }
 
-CapacityOutcome OutcomeOf(const DemandOutcome& outcome, float capacity) {
-    constexpr double all_shifts = 3;
-    const auto most = static_cast<double>(capacity);
-    const double production = std::min(static_cast<double>(outcome.Point.Volume), most);
-    return {outcome.Point,     outcome.Shifts,
-            production,        production / (most * outcome.Shifts / all_shifts),
-            outcome.TotalCost, outcome.Penalty};
-}
-
 class CapacityMaker {
   public:
     explicit CapacityMaker(const ExpectedDesigns& designs)
@@ -69,7 +60,7 @@ class CapacityMaker {
     [[nodiscard]] Capacity Make(const CurvePoint& point, float cheapest) const {
         Capacity capacity;
         capacity.Line = m_designs.LineAt(point.Volume);
-        capacity.Table = TableFor(capacity.Line);
+        capacity.Table = TableOf(m_designs.Model, capacity.Line);
         capacity.Difference = static_cast<double>(point.Cost) - static_cast<double>(cheapest);
         capacity.UnmetUnits = m_designs.Demand.Production().ShortfallAt(point.Volume);
         for (const DemandOutcome& outcome : capacity.Line.Outcomes) {
@@ -86,15 +77,6 @@ class CapacityMaker {
     }
 
   private:
-    [[nodiscard]] LineTable TableFor(const StochasticLine& line) const {
-        std::vector<StationGroup> groups;
-        for (const ExpectedGroup& each : line.Groups) {
-            groups.push_back(each.Group);
-        }
-        return TableOf(m_designs.Model, groups,
-                       BasisOf(m_designs.Demand, line.Capacity, m_designs.Model.Parameters()));
-    }
-
     [[nodiscard]] std::optional<double> MoreAt(const CurvePoint& point, float units) const {
         const float volume = point.Volume + units;
         const CurveSegment* const segment = m_curve.At(volume);
@@ -117,6 +99,15 @@ std::string CliffText(const std::string& words, std::optional<double> more, doub
 }
 
 }  // namespace
+
+CapacityOutcome OutcomeOf(const DemandOutcome& outcome, float capacity) {
+    constexpr double all_shifts = 3;
+    const auto most = static_cast<double>(capacity);
+    const double production = std::min(static_cast<double>(outcome.Point.Volume), most);
+    return {outcome.Point,     outcome.Shifts,
+            production,        production / (most * outcome.Shifts / all_shifts),
+            outcome.TotalCost, outcome.Penalty};
+}
 
 std::vector<Capacity> BestCapacities(const ExpectedDesigns& designs, int count) {
     if (designs.Result.ExpectedCosts.IsEmpty() || count < 1) {

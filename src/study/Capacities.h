@@ -20,6 +20,9 @@ struct CapacityOutcome {
     double Penalty = 0;      ///< dollars per year
 };
 
+/// At a capacity above 0, units per year.
+CapacityOutcome OutcomeOf(const DemandOutcome& outcome, float capacity);
+
 /// A capacity for which the expected cost has a local minimum.
 struct Capacity {
     StochasticLine Line;

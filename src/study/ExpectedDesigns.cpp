@@ -5,9 +5,12 @@ namespace quarnel02 {
 namespace {
 
 /// Keeps the curves of the prefixes.
-class PrefixKeeper : public CurveListener {
+class PrefixKeeper : public WatchedCurves {
   public:
+    using WatchedCurves::WatchedCurves;
+
     void Made(const CurveName& name, const CostCurve& curve) override {
+        WatchedCurves::Made(name, curve);
         if (name.Stage == CurveStage::Prefix) {
             Prefixes.push_back(curve);
         }
@@ -26,8 +29,9 @@ StochasticLine ExpectedDesigns::LineAt(float capacity) const {
     return *CheapestLineOf(Model, Demand, Penalty, Prefixes, point);
 }
 
-ExpectedDesigns DesignWithCurves(const LineModel& model, float penaltyPerUnit) {
-    PrefixKeeper keeper;
+ExpectedDesigns DesignWithCurves(const LineModel& model, float penaltyPerUnit,
+                                 const StudyWatch& watch) {
+    PrefixKeeper keeper(watch, model.TaskCount());
     StochasticResult result = DesignForDemand(model, penaltyPerUnit, keeper);
     return {model, DemandDistribution(model.Demand()), penaltyPerUnit, std::move(keeper.Prefixes),
             std::move(result)};

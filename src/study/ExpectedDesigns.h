@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "line/StochasticDesign.h"
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -20,7 +21,8 @@ struct ExpectedDesigns {
     [[nodiscard]] StochasticLine LineAt(float capacity) const;
 };
 
-/// Throws as DesignForDemand does.
-ExpectedDesigns DesignWithCurves(const LineModel& model, float penaltyPerUnit);
+/// Looks at `watch`. Throws as DesignForDemand does.
+ExpectedDesigns DesignWithCurves(const LineModel& model, float penaltyPerUnit,
+                                 const StudyWatch& watch = {});
 
 }  // namespace quarnel02

@@ -6,6 +6,7 @@
 #include "basic/Numbers.h"
 #include "line/CostModel.h"
 #include "line/FixedDemand.h"
+#include "line/WorkContent.h"
 
 namespace quarnel02 {
 
@@ -64,6 +65,18 @@ int LargestVolume(const Production& production, std::int16_t shifts, float workT
         return kMostVolume;
     }
     return volumes.Make(1) ? LastBetween(volumes, 1, kMostVolume) : 0;
+}
+
+int CapacityOf(const LineModel& model, std::span<const StationGroup> groups, std::int16_t shifts) {
+    int capacity = kMostVolume;
+    for (const auto& [resource, first, last, stations] : groups) {
+        const WorkContent content =
+            ContentOf(model.Entries(resource, first, last), model.ResourceOf(resource),
+                      model.Parameters().TransportTime);
+        capacity = std::min(capacity,
+                            LargestVolume(model.Parameters(), shifts, content.WorkTime, stations));
+    }
+    return capacity;
 }
 
 }  // namespace quarnel02

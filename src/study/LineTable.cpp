@@ -69,4 +69,13 @@ LineTable TableOf(const LineModel& model, std::span<const StationGroup> groups,
     return table;
 }
 
+LineTable TableOf(const LineModel& model, const StochasticLine& line) {
+    std::vector<StationGroup> groups;
+    for (const ExpectedGroup& each : line.Groups) {
+        groups.push_back(each.Group);
+    }
+    return TableOf(model, groups,
+                   BasisOf(DemandDistribution(model.Demand()), line.Capacity, model.Parameters()));
+}
+
 }  // namespace quarnel02

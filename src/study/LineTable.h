@@ -6,6 +6,7 @@
 
 #include "line/LineModel.h"
 #include "line/StationGroup.h"
+#include "line/StochasticLine.h"
 #include "study/CostBasis.h"
 
 namespace quarnel02 {
@@ -44,6 +45,9 @@ struct LineTable {
 /// CostOfGroup does.
 LineTable TableOf(const LineModel& model, std::span<const StationGroup> groups,
                   const CostBasis& basis);
+
+/// Of a stochastic design for the demand of the model, at its capacity.
+LineTable TableOf(const LineModel& model, const StochasticLine& line);
 
 /// What a group costs; Total is rounded as the designs do. Throws as CostOfGroup does.
 CostFigures FiguresOf(const LineModel& model, const StationGroup& group, const CostBasis& basis);

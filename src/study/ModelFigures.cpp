@@ -21,7 +21,8 @@ constexpr std::array kParameters = {
     ParameterField{FigureKind::Days, "Working days per year", &Production::Days},
     ParameterField{FigureKind::ACF, "Annual capital factor (ACF)", &Production::ACF},
     ParameterField{FigureKind::LaborCost, "Labour cost", &Production::LaborCost},
-    ParameterField{FigureKind::TransportTime, "Transport time", &Production::TransportTime}};
+    ParameterField{FigureKind::TransportTime, "Transport time", &Production::TransportTime},
+    ParameterField{FigureKind::Penalty, "Penalty", &Production::Penalty}};
 
 struct ResourceField {
     FigureKind Kind;
@@ -62,6 +63,12 @@ std::vector<MatrixRow> MatrixOf(const LineModel& model, int scaled, double facto
 }  // namespace
 
 std::vector<ModelFigure> FiguresOf(const LineModel& model) {
+    std::vector<ModelFigure> figures = ExpectedFiguresOf(model);
+    std::erase(figures, ModelFigure{FigureKind::Penalty, 0});
+    return figures;
+}
+
+std::vector<ModelFigure> ExpectedFiguresOf(const LineModel& model) {
     std::vector<ModelFigure> figures;
     figures.reserve(kParameters.size() + model.Resources().size() * kResourceFields.size());
     for (const ParameterField& field : kParameters) {

@@ -8,12 +8,13 @@
 
 namespace quarnel02 {
 
-/// A figure that a fixed design may hang on.
+/// A figure that a design may hang on.
 enum class FigureKind : std::int8_t {
     Days,
     ACF,
     LaborCost,
     TransportTime,
+    Penalty,  ///< of stochastic designs only
     FixedCost,
     VarCost,
     UpTime,
@@ -30,8 +31,11 @@ struct ModelFigure {
     bool operator==(const ModelFigure&) const = default;
 };
 
-/// All figures of a model: the parameters, then those of each resource.
+/// All figures that a fixed design may hang on: the parameters, then those of each resource.
 std::vector<ModelFigure> FiguresOf(const LineModel& model);
+
+/// The same for a stochastic design: the penalty stands with the parameters.
+std::vector<ModelFigure> ExpectedFiguresOf(const LineModel& model);
 
 /// As it stands on screen: "Labour cost", "Bench: fixed cost".
 std::string FigureName(const LineModel& model, const ModelFigure& figure);

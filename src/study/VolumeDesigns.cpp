@@ -93,20 +93,26 @@ std::vector<Pathway> ArcsWithin(const OfArcs<double>& arcs, const NodeCosts& nod
 
 }  // namespace
 
-VolumeDesigns::VolumeDesigns(const PreparedLine& line, std::int16_t shifts, const VolumeSpan& span)
+VolumeDesigns::VolumeDesigns(const PreparedLine& line, std::int16_t shifts, const VolumeSpan& span,
+                             const StudyWatch& watch)
     : m_line(line),
       m_shifts(shifts),
       m_stationLimit(span.StationLimit),
       m_places(line),
       m_arcs(line.Model.TaskCount()) {
     RequireSound(span);
-    MakeCurves(span);
-    m_prefixes = CheapestPrefixes(m_arcs);
+    MakeCurves(span, watch);
+    m_prefixes = CheapestPrefixes(m_arcs, watch);
 }
 
-void VolumeDesigns::MakeCurves(const VolumeSpan& span) {
+void VolumeDesigns::MakeCurves(const VolumeSpan& span, const StudyWatch& watch) {
+    constexpr std::size_t between_shares = 256;
     std::size_t segments = 0;
     for (std::size_t place = 0; place < m_line.Pathways.size(); ++place) {
+        watch.Look();
+        if (place % between_shares == 0) {
+            watch.Look(static_cast<double>(place) / static_cast<double>(m_line.Pathways.size()));
+        }
         const auto& [resource, first, last] = m_line.Pathways[place];
         const GridCurve group =
             GroupCurve(m_line.Contents[place], m_line.Model.ResourceOf(resource),

@@ -9,6 +9,7 @@
 #include "line/Pathways.h"
 #include "study/ArcCurves.h"
 #include "study/PathwayPlaces.h"
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -24,8 +25,9 @@ class VolumeDesigns {
   public:
     /// Keeps a reference to the line. Throws Overflow for a span outside its bounds or so wide that
     /// the groups of all pathways together would need 5,000,000 numbers of stations, and where a
-    /// figure is beyond a single; DivisionByZero when StatPerWrk is 0.
-    VolumeDesigns(const PreparedLine& line, std::int16_t shifts, const VolumeSpan& span);
+    /// figure is beyond a single; DivisionByZero when StatPerWrk is 0. Looks at `watch`.
+    VolumeDesigns(const PreparedLine& line, std::int16_t shifts, const VolumeSpan& span,
+                  const StudyWatch& watch = {});
 
     [[nodiscard]] std::int16_t Shifts() const { return m_shifts; }
 
@@ -43,7 +45,7 @@ class VolumeDesigns {
     [[nodiscard]] std::optional<Line> LineAt(int volume) const;
 
   private:
-    void MakeCurves(const VolumeSpan& span);
+    void MakeCurves(const VolumeSpan& span, const StudyWatch& watch);
     /// The cheapest ways of the arcs that a line may use which is the cheapest up to rounding.
     [[nodiscard]] std::vector<Way> WaysNearBest(int volume, std::vector<LineGroup>& groups) const;
     [[nodiscard]] std::optional<LineGroup> CheapestGroup(int first, int last,

@@ -57,7 +57,7 @@ std::vector<StationGroup> GroupsOf(const Line& line) {
     return groups;
 }
 
-std::vector<LinePiece> PiecesOf(const VolumeDesigns& designs) {
+std::vector<LinePiece> PiecesOf(const VolumeDesigns& designs, const StudyWatch& watch) {
     std::vector<LinePiece> pieces;
     for (const GridSegment& segment : designs.Costs()) {
         std::vector<StationGroup> groups = designs.GroupsAt(segment.From);
@@ -69,6 +69,7 @@ std::vector<LinePiece> PiecesOf(const VolumeDesigns& designs) {
         }
     }
     for (std::size_t next = 1; next < pieces.size(); ++next) {
+        watch.Look();
         Settle(designs, pieces[next - 1], pieces[next]);
     }
     return pieces;

@@ -25,7 +25,7 @@ std::vector<StationGroup> GroupsOf(const Line& line);
 /// costs of two lines cross, the piece of the first ends at a volume at which the fixed design
 /// still finds it, and the other's starts where it no longer does. Near a crossing, and where
 /// lines cost the same, the fixed design may choose by the rounding of singles: there a piece has
-/// one of the lines that are the cheapest up to that.
-std::vector<LinePiece> PiecesOf(const VolumeDesigns& designs);
+/// one of the lines that are the cheapest up to that. Looks at `watch`.
+std::vector<LinePiece> PiecesOf(const VolumeDesigns& designs, const StudyWatch& watch = {});
 
 }  // namespace quarnel02

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <set>
 #include <utility>
 
 #include "line/CostModel.h"
@@ -14,6 +15,7 @@ namespace quarnel02 {
 namespace {
 
 constexpr std::int16_t kMostShifts = 3;
+constexpr double kCurveWork = 0.6;  ///< share of the work that makes curves
 
 /// Whether one number of shifts is cheaper than another.
 class ShiftContest {
@@ -87,17 +89,23 @@ double InvestmentOf(const PreparedLine& line, const PathwayPlaces& places,
 
 class RangeMaker {
   public:
-    RangeMaker(const PreparedLine& line, const VolumeSpan& span) : m_line(line), m_places(line) {
+    RangeMaker(const PreparedLine& line, const VolumeSpan& span, const StudyWatch& watch)
+        : m_line(line), m_places(line) {
         for (std::int16_t shifts = 1; shifts <= kMostShifts; ++shifts) {
-            m_designs.emplace_back(line, shifts, span);
+            m_designs.emplace_back(line, shifts, span,
+                                   watch.Part(kCurveWork * (shifts - 1) / kMostShifts,
+                                              kCurveWork * shifts / kMostShifts));
         }
     }
 
-    [[nodiscard]] std::vector<VolumeRange> Ranges() const {
+    [[nodiscard]] std::vector<VolumeRange> Ranges(const StudyWatch& watch) const {
         std::vector<VolumeRange> ranges;
         for (const VolumeDesigns& own : m_designs) {
-            for (const LinePiece& piece : PiecesOf(own)) {
-                AppendRanges(ranges, own, piece);
+            const std::vector<LinePiece> pieces = PiecesOf(own, watch);
+            for (std::size_t place = 0; place < pieces.size(); ++place) {
+                const double done = static_cast<double>(place) / static_cast<double>(pieces.size());
+                watch.Look((own.Shifts() - 1 + done) / kMostShifts);
+                AppendRanges(ranges, own, pieces[place]);
             }
         }
         return ranges;
@@ -152,8 +160,34 @@ class RangeMaker {
 
 }  // namespace
 
-std::vector<VolumeRange> VolumeRanges(const PreparedLine& line, const VolumeSpan& span) {
-    return RangeMaker(line, span).Ranges();
+std::vector<VolumeRange> VolumeRanges(const PreparedLine& line, const VolumeSpan& span,
+                                      const StudyWatch& watch) {
+    std::vector<VolumeRange> ranges =
+        RangeMaker(line, span, watch).Ranges(watch.Part(kCurveWork, 1));
+    watch.Look(1);
+    return ranges;
+}
+
+std::vector<TypeRanges> RangesByType(const LineModel& model, const VolumeSpan& span,
+                                     const StudyWatch& watch) {
+    std::set<int> types;
+    for (const Resource& resource : model.Resources()) {
+        types.insert(resource.Type);
+    }
+    std::vector<TypeRanges> all;
+    double done = 0;
+    for (const int type : types) {
+        const double from = done / static_cast<double>(types.size());
+        const double to = ++done / static_cast<double>(types.size());
+        if (auto alone = OfOneType(model, type)) {
+            TypeRanges ranges{type,
+                              VolumeRanges(Prepare(std::move(*alone)), span, watch.Part(from, to))};
+            if (!ranges.Ranges.empty()) {
+                all.push_back(std::move(ranges));
+            }
+        }
+    }
+    return all;
 }
 
 std::optional<LineModel> OfOneType(const LineModel& model, int type) {

@@ -24,8 +24,20 @@ struct VolumeRange {
 /// The cheapest lines over volume for 1, 2 and 3 shifts, by shifts and volume, without gaps where
 /// there is a line. Ranges are cut so that Best holds for all of their volumes or for none; so
 /// neighbours may have the same line. Lines that cost the same up to the rounding of singles are
-/// told apart as PiecesOf does. Throws as VolumeDesigns does.
-std::vector<VolumeRange> VolumeRanges(const PreparedLine& line, const VolumeSpan& span);
+/// told apart as PiecesOf does. Looks at `watch`. Throws as VolumeDesigns does.
+std::vector<VolumeRange> VolumeRanges(const PreparedLine& line, const VolumeSpan& span,
+                                      const StudyWatch& watch = {});
+
+/// The ranges of lines that are made of one type of equipment alone.
+struct TypeRanges {
+    int Type = 0;  ///< of Resource
+    std::vector<VolumeRange> Ranges;
+};
+
+/// What every type of equipment can do alone, by type; types that no line can be made of alone,
+/// and the only type of a model, have no entry. Throws as VolumeRanges does.
+std::vector<TypeRanges> RangesByType(const LineModel& model, const VolumeSpan& span,
+                                     const StudyWatch& watch = {});
 
 /// The model with the resources of one type only: the others can do nothing. None when no resource
 /// of the type can do anything, or when it has no other resources.

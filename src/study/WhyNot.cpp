@@ -120,12 +120,17 @@ std::string TasksText(const std::vector<int>& tasks) {
     return text;
 }
 
-std::string CannotText(const WhyNot& why, const FixedDemandRequest& request) {
-    std::string text;
-    if (!why.ImpossibleTasks.empty()) {
-        text += TasksText(why.ImpossibleTasks) +
-                ": no resource can do it. Enter a task time in the matrix.\n";
+std::string ImpossibleText(const WhyNot& why) {
+    if (why.ImpossibleTasks.empty()) {
+        return {};
     }
+    return TasksText(why.ImpossibleTasks) + ": no resource can do " +
+           (why.ImpossibleTasks.size() == 1 ? "it" : "them") +
+           ". Enter a task time in the matrix.\n";
+}
+
+std::string CannotText(const WhyNot& why, const FixedDemandRequest& request) {
+    std::string text = ImpossibleText(why);
     if (!why.OverloadedTasks.empty()) {
         text += TasksText(why.OverloadedTasks) +
                 ": even 32,767 parallel stations are not enough for this volume.\n";
@@ -176,6 +181,26 @@ std::string WhyNotText(const WhyNot& why, const FixedDemandRequest& request) {
     if (why.LargestVolume) {
         text += "There is a line for up to " + Format(*why.LargestVolume, "#,###") +
                 " units per year.\n";
+    }
+    return text;
+}
+
+std::string ExpectedWhyNotText(const WhyNot& why, const FixedDemandRequest& least) {
+    if (why.HasLine) {
+        return {};
+    }
+    std::string text = ImpossibleText(why);
+    std::vector<int> beyond = why.OverloadedTasks;
+    beyond.insert(beyond.end(), why.ForbiddenTasks.begin(), why.ForbiddenTasks.end());
+    std::sort(beyond.begin(), beyond.end());
+    if (!beyond.empty()) {
+        text += TasksText(beyond) + ": even " + Format(kMostInCurve, "#,###") +
+                " parallel stations are not enough for the lowest volume of the demand, " +
+                FigureText(least.Volume) + " units per year.\n";
+    }
+    if (why.LargestVolume) {
+        text += "There is a line where the lowest volume is at most " +
+                Format(*why.LargestVolume, "#,###") + " units per year.\n";
     }
     return text;
 }

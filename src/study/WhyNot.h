@@ -37,4 +37,7 @@ FixedDemandRequest LeastExpectedRequest(const LineModel& model);
 /// Why there is no line, as sentences, a line each; empty when there is one.
 std::string WhyNotText(const WhyNot& why, const FixedDemandRequest& request);
 
+/// The same for a stochastic design and the request that LeastExpectedRequest gives.
+std::string ExpectedWhyNotText(const WhyNot& why, const FixedDemandRequest& least);
+
 }  // namespace quarnel02

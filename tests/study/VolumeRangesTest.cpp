@@ -27,6 +27,7 @@ namespace quarnel02 {
 namespace {
 
 using test::OneOf;
+using test::ResourceRow;
 using test::Roll;
 
 /// So few days that some hundred units need other stations.
@@ -245,6 +246,34 @@ TEST(OneType, LeavesTheResourcesOfThatType) {
     EXPECT_EQ(manual->ResourceOf(2).ShortName, "Press");
     EXPECT_FALSE(OfOneType(BenchOrPress(), 2).has_value());
     EXPECT_FALSE(OfOneType(*OfOneType(BenchOrPress(), 0), 1).has_value());
+}
+
+RC_GTEST_PROP(RangesByTypeOfRandomModels, AreThoseOfTheModelWithoutTheOthers, ()) {
+    test::ModelScript parts = RandomShortYear();
+    for (ResourceRow& resource : parts.Resources) {
+        resource.Type = Roll(0, 3);
+    }
+    const LineModel model = parts.Model();
+    const VolumeSpan span = RandomSpan();
+    const auto all = RangesByType(model, span);
+    int found = 0;
+    for (int type = 0; type <= 3; ++type) {
+        const auto alone = OfOneType(model, type);
+        const auto ranges =
+            alone ? VolumeRanges(Prepare(*alone), span) : std::vector<VolumeRange>();
+        const auto entry = std::find_if(all.begin(), all.end(),
+                                        [&](const TypeRanges& each) { return each.Type == type; });
+        RC_ASSERT((entry == all.end()) == ranges.empty());
+        if (entry != all.end()) {
+            ++found;
+            RC_ASSERT(std::equal(entry->Ranges.begin(), entry->Ranges.end(), ranges.begin(),
+                                 ranges.end(), [](const VolumeRange& a, const VolumeRange& b) {
+                                     return a.From == b.From && a.Line == b.Line &&
+                                            a.CostFrom == b.CostFrom;
+                                 }));
+        }
+    }
+    RC_ASSERT(found == static_cast<int>(all.size()));
 }
 
 }  // namespace
