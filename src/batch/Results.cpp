@@ -145,9 +145,9 @@ SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std
                          ModelFormat format) {
     const fs::path file = form.Copy().File(report);
     if (KindOfFile(file) == FileKind::Missing) {
-        return {"", form.Messages()};
+        return {"", form.Messages(), ""};
     }
-    SolveOutcome outcome{ReadFile(file), form.Messages()};
+    SolveOutcome outcome{ReadFile(file), form.Messages(), ""};
     WriteResults(form, request, report, outcome.Report);
     if (request.SaveAs && outcome.Messages.empty()) {
         SaveModel(form.Copy().Path(), *request.SaveAs, request.SaveFormat.value_or(format));

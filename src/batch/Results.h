@@ -3,7 +3,7 @@
 #include <string>
 
 #include "batch/BatchForm.h"
-#include "batch/SolveFile.h"
+#include "batch/SolveRequest.h"
 #include "files/ModelFormat.h"
 
 namespace quarnel02 {

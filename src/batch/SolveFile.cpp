@@ -1,101 +1,108 @@
 #include "batch/SolveFile.h"
 
-#include "basic/Files.h"
-#include "basic/NumberFormat.h"
+#include <utility>
+
+#include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
-#include "batch/BatchForm.h"
-#include "batch/Interruption.h"
+#include "batch/Answers.h"
+#include "batch/Json.h"
+#include "batch/OpenedModel.h"
 #include "batch/Results.h"
-#include "commands/LoadModel.h"
-#include "commands/SolveFixedDemand.h"
-#include "files/ReadModel.h"
-#include "shell/Demand.h"
+#include "shell/LoadLineModel.h"
 #include "shell/Reports.h"
 #include "stoch/cmdStoch.h"
+#include "study/WhyNot.h"
 
 namespace quarnel02 {
 
 namespace {
 
-std::string VolumesOf(const Database& database) {
-    RecordSet demand = database.OpenRecordSet("SELECT * FROM Demand ORDER BY Volume;");
-    std::string volumes;
-    for (; !demand.Eof(); demand.MoveNext()) {
-        volumes += (volumes.empty() ? "" : "; ") + Format(demand.Number("Volume"), "#,##0");
-    }
-    return volumes;
+FixedDemandRequest RequestOf(const FixedDemandAnswers& answers) {
+    FixedDemandOrder order;
+    TakeStationLimit(answers.StationLimit, order);
+    return {TextToDouble(answers.Demand, "Fixed Demand"), answers.Shifts,
+            order.Request.StationLimit};
 }
 
-/// An empty text is no answer.
-void RequireStationLimit(const SolveRequest& request) {
-    if (request.StationLimit && request.StationLimit->empty()) {
-        throw RunTimeError(ErrorKind::TypeMismatch,
-                           "--station-limit is empty. Give a number of stations, or leave the "
-                           "option out for no limit.");
-    }
-}
+/// A design of one of the two kinds.
+class Design {
+  public:
+    Design(OpenedModel& model, const SolveRequest& request)
+        : m_form(model.Form()), m_format(model.Format()), m_request(request) {}
 
-/// The demand that is given, or the only row's volume as the demand list shows it; "" for none.
-std::string DemandOf(BatchForm& form, const SolveRequest& request) {
-    if (request.Demand) {
-        return *request.Demand;
+    SolveOutcome Run() {
+        SolveOutcome outcome = m_request.Stochastic ? Stochastic() : FixedDemand();
+        if (m_request.Format == PrintFormat::Json) {
+            outcome.Report = JsonLine(outcome.Report.empty()
+                                          ? NoResultJson(JsonHead(m_request), outcome.Messages)
+                                          : m_json);
+        }
+        return outcome;
     }
-    if (form.DemandCount() != 1) {
-        return {};
-    }
-    form.SelectDemand(0);
-    return form.Text(TextBox::txtVolume);
-}
 
-FixedDemandAnswers AnswersOf(BatchForm& form, const SolveRequest& request) {
-    const std::string demand = DemandOf(form, request);
-    if (demand.empty()) {
-        const std::string volumes = VolumesOf(form.OpenWorkingCopy());
-        throw RunTimeError(ErrorKind::TypeMismatch,
-                           PathText(request.Model) +
-                               (volumes.empty() ? " has no demand row."
-                                                : " has these demand volumes: " + volumes + ".") +
-                               " Say which annual demand to design for with --demand.");
-    }
-    return {request.Shifts, demand, request.StationLimit.value_or("")};
-}
+  private:
+    [[nodiscard]] LineModel Model() const { return LoadLineModel(m_form.OpenWorkingCopy()); }
+    [[nodiscard]] bool WantsJson() const { return m_request.Format == PrintFormat::Json; }
 
-/// What a solve has printed, and the report file that it has left.
-struct Printed {
-    std::string Text;
-    const char* ReportFile;
+    SolveOutcome FixedDemand() {
+        const FixedDemandAnswers answers = AnswersOf(m_form, m_request);
+        SolveFixedDemand(m_form, answers);
+        SolveOutcome outcome = TakeOutcome(m_form, m_request, kRunReport, m_format);
+        if (WantsJson() && !outcome.Report.empty()) {
+            m_json = FixedDesignJson(JsonHead(m_request), Model(), RequestOf(answers));
+        }
+        if (!outcome.Messages.empty()) {
+            outcome.WhyNot = WhyNotLine(answers);
+        }
+        return outcome;
+    }
+
+    [[nodiscard]] std::string WhyNotLine(const FixedDemandAnswers& answers) const {
+        try {
+            const PreparedLine line = Prepare(Model());
+            const FixedDemandRequest request = RequestOf(answers);
+            return line.Model.TaskCount() == 0 ? ""
+                                               : WhyNotText(ExplainNoLine(line, request), request);
+        } catch (const RunTimeError&) {  // of a model that is not complete; the message says so
+            return {};
+        }
+    }
+
+    SolveOutcome Stochastic() {
+        MakeRunFileDirectory(m_request);
+        const StochasticOutcome design = cmdStoch_Click(m_form, m_request.KeepRunFiles);
+        SolveOutcome outcome = TakeOutcome(m_form, m_request, kProductionReport, m_format);
+        if (!outcome.Report.empty()) {
+            outcome.Report.insert(0, design.Summary + "\n");
+        }
+        if (WantsJson() && design.Line) {
+            m_json = StochasticDesignJson(JsonHead(m_request), Model(), *design.Line);
+        }
+        if (design.End == StochasticEnd::ImpossibleTask) {
+            outcome.WhyNot = WhyNotExpected();
+        }
+        return outcome;
+    }
+
+    [[nodiscard]] std::string WhyNotExpected() const {
+        const PreparedLine line = Prepare(Model());
+        const FixedDemandRequest least = LeastExpectedRequest(line.Model);
+        return ExpectedWhyNotText(ExplainNoLine(line, least), least);
+    }
+
+    BatchForm& m_form;
+    ModelFormat m_format;  ///< of the model file
+    const SolveRequest& m_request;
+    Json m_json;  ///< of a line
 };
-
-Printed SolveFixedDemand(BatchForm& form, const SolveRequest& request) {
-    SolveFixedDemand(form, AnswersOf(form, request));
-    return {"", kRunReport};
-}
-
-Printed SolveStochastic(BatchForm& form, const SolveRequest& request) {
-    MakeRunFileDirectory(request);
-    const StochasticOutcome outcome = cmdStoch_Click(form, request.KeepRunFiles);
-    return {outcome.Summary + "\n", kProductionReport};
-}
 
 }  // namespace
 
 SolveOutcome SolveFile(const SolveRequest& request) {
     RequireModelSpared(request);
     RequireStationLimit(request);
-    const ScratchDirectory application;
-    BatchForm form(application.Path(), request.Progress);
-    const ModelFormat format =
-        ReadModel(request.Model, form.Copy().Path(), PathText(request.Model));
-
-    LoadModel(form);
-    ListDemand(form.Copy(), form);
-    const Printed printed =
-        request.Stochastic ? SolveStochastic(form, request) : SolveFixedDemand(form, request);
-    SolveOutcome outcome = TakeOutcome(form, request, printed.ReportFile, format);
-    if (!outcome.Report.empty()) {
-        outcome.Report.insert(0, printed.Text);
-    }
-    return outcome;
+    OpenedModel opened(request.Model, request.Progress);
+    return Design(opened, request).Run();
 }
 
 }  // namespace quarnel02

@@ -18,15 +18,6 @@ namespace quarnel02 {
 
 namespace {
 
-/// An answer below 1 is no limit.
-void TakeStationLimit(const std::string& answer, FixedDemandOrder& order) {
-    if (answer.empty() || TextToDouble(answer, "Station Limit") < 1) {
-        return;
-    }
-    order.Request.StationLimit = TextToInteger(answer, "Station Limit");
-    order.LimitText = answer;
-}
-
 void DrawNetwork(MainForm& form, const Database& database) {
     DrawLinks(database, form, form.picArc);
 }
@@ -91,6 +82,14 @@ void ShowLine(MainForm& form, const Database& database, const LineModel& model,
 }
 
 }  // namespace
+
+void TakeStationLimit(const std::string& answer, FixedDemandOrder& order) {
+    if (answer.empty() || TextToDouble(answer, "Station Limit") < 1) {
+        return;
+    }
+    order.Request.StationLimit = TextToInteger(answer, "Station Limit");
+    order.LimitText = answer;
+}
 
 void ReportLine(MainForm& form, const Database& database, const LineModel& model,
                 const FixedDemandOrder& order) {

@@ -16,6 +16,10 @@ struct FixedDemandAnswers {
     std::string StationLimit;  ///< most parallel stations; "", or a number below 1, for no limit
 };
 
+/// Takes a station limit as it is typed; a number below 1, or "", is none. Throws TypeMismatch and
+/// Overflow.
+void TakeStationLimit(const std::string& answer, FixedDemandOrder& order);
+
 /// Designs and reports the line of the working copy: removes the report of an earlier solve, checks
 /// the model, before anything else is touched (one without tasks or resources gets a message),
 /// regenerates and costs the pathways, searches the cheapest line and reports it (DesignLine).

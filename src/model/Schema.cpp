@@ -72,6 +72,11 @@ const std::vector<TableSchema>& ModelSchema() {
     return schema;
 }
 
+const TableSchema& ScenariosSchema() {
+    static const TableSchema schema = {"Scenarios", {{"Name", kText}, {"Differences", kText}}};
+    return schema;
+}
+
 std::vector<std::string_view> NamesOf(const TableSchema& table) {
     std::vector<std::string_view> names;
     for (const ColumnSchema& column : table.Columns) {
@@ -85,7 +90,10 @@ const TableSchema* FindTable(std::string_view name) {
     const auto table = std::find_if(schema.begin(), schema.end(), [&](const TableSchema& each) {
         return SameName(each.Name, name);
     });
-    return table == schema.end() ? nullptr : &*table;
+    if (table != schema.end()) {
+        return &*table;
+    }
+    return SameName(ScenariosSchema().Name, name) ? &ScenariosSchema() : nullptr;
 }
 
 FieldType TypeOfColumn(const TableSchema* table, std::string_view column) {

@@ -24,7 +24,11 @@ std::vector<std::string_view> NamesOf(const TableSchema& table);
 /// reals are singles, which SQL cannot say.
 const std::vector<TableSchema>& ModelSchema();
 
-/// The table of that name, letter case aside; nullptr when a model has none such.
+/// The table of scenarios, which a file may lack; the ninth of our own.
+const TableSchema& ScenariosSchema();
+
+/// The table of that name, that of scenarios included, letter case aside; nullptr when a model has
+/// none such.
 const TableSchema* FindTable(std::string_view name);
 
 /// Type of a column; Text for a column that a model does not know.

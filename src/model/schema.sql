@@ -76,6 +76,12 @@ CREATE TABLE BestPaths (
     PathCost REAL DEFAULT 0           -- dollars per year
 ) STRICT;
 
+-- Beside the eight tables: files may lack it, and older programs pass it over.
+CREATE TABLE Scenarios (
+    Name        TEXT,
+    Differences TEXT                  -- "Demand = 80000; LaborCost +10%"
+) STRICT;
+
 CREATE INDEX ResourcesById ON Resources (ResourceId);
 CREATE INDEX MatrixByPair ON Matrix (ResourceId, TaskId, TaskTime, ToolNum, ToolCost);
 CREATE INDEX ArcsById ON Arcs (ArcId);

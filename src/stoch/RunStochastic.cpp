@@ -46,11 +46,11 @@ class Solve {
     StochasticOutcome Run() {
         const std::optional<StochasticLine> line = BuildTables();
         if (!line) {
-            return {StochasticEnd::ImpossibleTask, {}, {}};
+            return {StochasticEnd::ImpossibleTask, {}, {}, {}};
         }
         std::string summary = WriteProductionReport(*line, m_model, m_database,
                                                     m_request.ApplicationDirectory, m_pictures);
-        return {StochasticEnd::Designed, std::move(summary), CapacityText(*line)};
+        return {StochasticEnd::Designed, std::move(summary), CapacityText(*line), line};
     }
 
   private:

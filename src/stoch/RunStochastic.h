@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "line/StochasticLine.h"
 #include "model/Database.h"
 #include "shell/Dialogs.h"
 #include "shell/PictureBoxes.h"
@@ -31,6 +32,7 @@ struct StochasticOutcome {
     StochasticEnd End = StochasticEnd::NotStarted;
     std::string Summary;       ///< lines of the summary
     std::string CapacityText;  ///< of the line: "84,000"
+    std::optional<StochasticLine> Line;
 };
 
 /// Whether each resource that Gen counts has a row.

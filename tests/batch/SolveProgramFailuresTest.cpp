@@ -34,11 +34,12 @@ void ExpectError(const ProgramResult& result, const Lines& words) {
     }
 }
 
-/// Status 2 and this message alone.
-void ExpectNotSolved(const ProgramResult& result, const std::string& message) {
+/// Status 2, this message, and behind it what would have a line.
+void ExpectNotSolved(const ProgramResult& result, const std::string& message,
+                     const std::string& whyNot = "") {
     EXPECT_EQ(result.Status, 2);
     EXPECT_EQ(result.Out, "");
-    EXPECT_EQ(result.Err, message + "\n");
+    EXPECT_EQ(result.Err, message + "\n" + whyNot);
 }
 
 ProgramResult Solve(const SolveRun& run, const std::string& model,
@@ -257,7 +258,10 @@ TEST(SolveProgramErrors, LeavesNoFilesWhenTheModelIsNotSolved) {
     ExpectNotSolved(
         run({model, "--shifts", "1", "--demand", "5000000", "--station-limit", "1", "--out",
              PathText(run.File("out")), "--pictures", "--save", PathText(old)}),
-        "There is not a feasible solution!");
+        "There is not a feasible solution!",
+        "Tasks 1 and 2: only the station limit of 1 forbids it.\n"
+        "There is a line with a station limit of 28 or more.\n"
+        "There is a line for up to 185,143 units per year.\n");
     EXPECT_EQ(ReadFile(old), "kept");
     EXPECT_EQ(NamesIn(run.File("")), (Lines{"line.mdb", "old.mdb", "tmp"}));
     EXPECT_TRUE(run.LeftNothing());
@@ -268,13 +272,16 @@ TEST(SolveProgramMessages, SaysThatTheModelIsNotComplete) {
     ExpectNotSolved(Solve(run, run.Make("empty.mdb", std::string())),
                     "Please complete the task and resource information tables first.");
     ExpectNotSolved(Solve(run, Spoilt(run, [](ModelScript& script) { script.Matrix.clear(); })),
-                    "Please complete the task and resource tables first.");
+                    "Please complete the task and resource tables first.",
+                    "Tasks 1 and 2: no resource can do them. Enter a task time in the matrix.\n");
 }
 
 TEST(SolveProgramMessages, TakesMoreStationsThanAnIntegerHoldsForInfeasible) {
     const SolveRun run;
     const auto model = run.Make("line.mdb", WorkedExample());
-    ExpectNotSolved(Solve(run, model, "1e12"), "There is not a feasible solution!");
+    ExpectNotSolved(Solve(run, model, "1e12"), "There is not a feasible solution!",
+                    "Tasks 1 and 2: even 32,767 parallel stations are not enough for this volume.\n"
+                    "There is a line for up to 2,000,000,000 units per year.\n");
 }
 
 /// One resource that can do these tasks of four.
@@ -297,19 +304,23 @@ TEST(SolveProgramMessages, ReportsALineThatEndsEarlyAndSaysWhere) {
     EXPECT_EQ(result.Status, 2);
     EXPECT_TRUE(result.Out.starts_with("Solution\n")) << result.Out;
     EXPECT_EQ(result.Err,
-              "This line ends after task 1: no resource can do tasks 2 to 2 within the limits.\n");
+              "This line ends after task 1: no resource can do tasks 2 to 2 within the limits.\n"
+              "Task 2: no resource can do it. Enter a task time in the matrix.\n");
 }
 
 TEST(SolveProgramMessages, SaysThatANodeIsNotReached) {
     // Nothing ends at node 3, where the station for task 3 starts.
     const SolveRun run;
-    ExpectNotSolved(Solve(run, WithTasks(run, {1, 3, 4})), "There is no feasible solution.");
+    ExpectNotSolved(Solve(run, WithTasks(run, {1, 3, 4})), "There is no feasible solution.",
+                    "Task 2: no resource can do it. Enter a task time in the matrix.\n");
 }
 
 TEST(SolveProgramMessages, SaysThatNoStationStartsTheLine) {
     // The only station starts at node 2; no label leads back to node 1.
     const SolveRun run;
-    ExpectNotSolved(Solve(run, WithTasks(run, {2})), "There is no feasible solution!");
+    ExpectNotSolved(
+        Solve(run, WithTasks(run, {2})), "There is no feasible solution!",
+        "Tasks 1, 3 and 4: no resource can do them. Enter a task time in the matrix.\n");
 }
 
 TEST(SolveProgramUsage, HasStatusesOfItsOwn) {

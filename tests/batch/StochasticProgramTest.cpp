@@ -232,7 +232,8 @@ TEST_F(StochasticProgram, EndsOnATaskThatNoResourceCanDo) {
     EXPECT_EQ(result.Out, "");
     EXPECT_EQ(result.Err,
               "Error creating intermediate task table\n\nNo resource can do task 2: none has a "
-              "time for it. Enter one in the task-resource matrix.\n");
+              "time for it. Enter one in the task-resource matrix.\n"
+              "Task 2: no resource can do it. Enter a task time in the matrix.\n");
     EXPECT_EQ(NamesIn(Run.File("")), (Lines{"gap.mdb", "line.mdb", "tmp"}));
 }
 
