@@ -8,6 +8,7 @@
 #include "basic/RunTimeError.h"
 #include "commands/ModelPath.h"
 #include "commands/Template.h"
+#include "files/ModelFile.h"
 #include "files/ReadModel.h"
 #include "model/InputDigest.h"
 
@@ -143,6 +144,7 @@ void FileCommands::LoadTemplate() {
     RepairTemplate(Template());
     IncomingModel incoming(m_form);
     CopyPrivate(Template(), incoming.Path());
+    CompleteModelFile(incoming.Path());
     incoming.TakePlace();
     m_current.Changed = false;
     m_history.Restart();

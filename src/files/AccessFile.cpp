@@ -125,7 +125,8 @@ void AccessFile::AddForeignColumns(const std::string& table,
 std::vector<std::string> AccessFile::ObjectsBeyondModel() const {
     std::vector<std::string> objects;
     for (const jet::DatabaseObject& object : m_reader.Objects()) {
-        if (object.Kind == jet::ObjectKind::Table && FindTable(object.Name) != nullptr) {
+        if (object.Kind == jet::ObjectKind::Table && FindTable(object.Name) != nullptr &&
+            FindTable(object.Name) != &ScenariosSchema()) {
             AddForeignColumns(object.Name, objects);
         } else {
             objects.push_back(KindText(object.Kind) + object.Name);

@@ -193,6 +193,19 @@ std::int64_t ForeignFile::ReadRows(const TableSchema& table, const RowAction& ac
     });
 }
 
+bool ForeignFile::HasScenarios() const {
+    return Guarded([&] {
+        const TableSchema& table = ScenariosSchema();
+        std::string columns =
+            "SELECT COUNT(*) FROM pragma_table_xinfo('Scenarios') WHERE hidden = 0";
+        columns += " AND name COLLATE NOCASE IN ('Name', 'Differences')";
+        return WholeNumber(Handle(),
+                           "SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND rootpage > "
+                           "0 AND name = 'Scenarios' COLLATE NOCASE") == 1 &&
+               WholeNumber(Handle(), columns) == std::ssize(table.Columns);
+    });
+}
+
 std::vector<std::string> ForeignFile::ObjectsBeyondModel() const {
     return Guarded([&] {
         std::vector<std::string> objects;
@@ -203,7 +216,9 @@ std::vector<std::string> ForeignFile::ObjectsBeyondModel() const {
                  .All) {
             const auto& type = std::get<std::string>(row.Fields[0]);
             const auto& name = std::get<std::string>(row.Fields[1]);
-            if (type != "table" || FindTable(name) == nullptr) {
+            const bool ours = FindTable(name) != nullptr &&
+                              (!SameName(name, ScenariosSchema().Name) || HasScenarios());
+            if (type != "table" || !ours) {
                 objects.emplace_back(type).append(" ").append(name);
             }
         }

@@ -37,6 +37,8 @@ class ForeignFile : public ModelSource {
 
     std::int64_t ReadRows(const TableSchema& table, const RowAction& action) override;
 
+    [[nodiscard]] bool HasScenarios() const override;
+
     [[nodiscard]] std::vector<std::string> ObjectsBeyondModel() const override;
 
   private:

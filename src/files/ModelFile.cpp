@@ -34,6 +34,13 @@ void MakeModelFile(const fs::path& path, std::string_view script) {
     });
 }
 
+void CompleteModelFile(const fs::path& path) {
+    Translating(PathText(path), [&] {
+        SQLite::Database database(PathText(path), SQLite::OPEN_READWRITE);
+        database.exec("CREATE TABLE IF NOT EXISTS Scenarios (Name TEXT, Differences TEXT) STRICT");
+    });
+}
+
 void MakeEmptyModel(const fs::path& path) {
     MakeModelFile(path, SchemaScript());
 }

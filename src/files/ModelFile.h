@@ -17,6 +17,10 @@ void CheckModelFile(const std::filesystem::path& path, std::string_view name);
 /// with the store's words for the statement that failed.
 void MakeModelFile(const std::filesystem::path& path, std::string_view script);
 
+/// Gives a model of an older version, of the program's own, the table of scenarios that it lacks.
+/// Throws FileAccess or DatabaseFailure.
+void CompleteModelFile(const std::filesystem::path& path);
+
 /// Makes the empty model, as the template has it, at `path`. Throws like MakeModelFile.
 void MakeEmptyModel(const std::filesystem::path& path);
 

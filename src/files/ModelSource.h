@@ -32,6 +32,10 @@ class ModelSource {
     using RowAction = std::function<void(const std::vector<Value>&)>;
     virtual std::int64_t ReadRows(const TableSchema& table, const RowAction& action) = 0;
 
+    /// Whether there is a table of scenarios as the program itself makes it; another one of that
+    /// name is none of a model. Access databases have none.
+    [[nodiscard]] virtual bool HasScenarios() const { return false; }
+
     /// What users made in the file that a model does not have: "table Suppliers".
     [[nodiscard]] virtual std::vector<std::string> ObjectsBeyondModel() const = 0;
 };

@@ -21,6 +21,10 @@ void CopyRows(ModelSource& file, ModelImage& image, std::string_view name) {
             }
         });
     }
+    if (file.HasScenarios()) {
+        image.Fill(ScenariosSchema(),
+                   [&](const ModelImage::AddRow& add) { file.ReadRows(ScenariosSchema(), add); });
+    }
 }
 
 }  // namespace

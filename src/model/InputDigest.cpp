@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "basic/Digest.h"
+#include "model/ScenariosTable.h"
 #include "model/Schema.h"
 
 namespace quarnel02 {
@@ -24,17 +25,27 @@ void Add(Digest& digest, const Value& value) {
     }
 }
 
+void AddRows(Digest& digest, RecordSet& rows, const TableSchema& table) {
+    digest.Add(static_cast<std::uint64_t>(rows.RecordCount()));
+    for (; !rows.Eof(); rows.MoveNext()) {
+        for (int column = 0; column < std::ssize(table.Columns); ++column) {
+            Add(digest, rows.Field(column));
+        }
+    }
+}
+
 }  // namespace
 
 std::uint64_t InputDigest(const Database& database) {
     Digest digest;
     for (const std::string table : {"Gen", "Tasks", "Resources", "Matrix", "Demand"}) {
         RecordSet rows = database.OpenRecordSet("SELECT * FROM " + table + ";");
-        digest.Add(static_cast<std::uint64_t>(rows.RecordCount()));
-        for (; !rows.Eof(); rows.MoveNext()) {
-            for (int column = 0; column < std::ssize(FindTable(table)->Columns); ++column) {
-                Add(digest, rows.Field(column));
-            }
+        AddRows(digest, rows, *FindTable(table));
+    }
+    if (HasScenarios(database)) {
+        RecordSet rows = database.OpenRecordSet("SELECT * FROM Scenarios;");
+        if (!rows.Eof()) {  // without any the digest is that of older versions
+            AddRows(digest, rows, ScenariosSchema());
         }
     }
     return digest.Result();

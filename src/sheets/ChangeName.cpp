@@ -26,7 +26,8 @@ struct NamedTable {
 constexpr std::array kTables = {NamedTable{&InputTables::Tasks, "task", true},
                                 NamedTable{&InputTables::Resources, "resource", true},
                                 NamedTable{&InputTables::Matrix, "matrix cell", false},
-                                NamedTable{&InputTables::Demand, "demand row", false}};
+                                NamedTable{&InputTables::Demand, "demand row", false},
+                                NamedTable{&InputTables::Scenarios, "scenario", false}};
 
 /// The rows that are not the same from the front nor from the back.
 struct ChangedRows {

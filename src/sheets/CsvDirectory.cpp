@@ -16,7 +16,7 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::array kSheets = {"General", "Tasks", "Resources", "Matrix", "Demand"};
+constexpr std::array kSheets = {"General", "Tasks", "Resources", "Matrix", "Demand", "Scenarios"};
 
 /// The shortest decimal that reads back to the number.
 std::string ExactText(double number) {

@@ -140,6 +140,7 @@ ImportPreview Comparison::Result() {
     CompareRows("Resource", ResourceColumns(), description, &InputTables::Resources);
     CompareMatrix();
     CompareRows("Demand row", DemandColumns(), 0, &InputTables::Demand);
+    CompareRows("Scenario", ScenarioColumns(), 0, &InputTables::Scenarios);
     return std::move(m_preview);
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/RowWriter.h"
+#include "model/ScenariosTable.h"
 #include "model/Schema.h"
 
 namespace quarnel02 {
@@ -20,6 +21,9 @@ InputRow ReadRow(const RecordSet& set, std::size_t columns) {
 }
 
 TableRows ReadTable(const Database& database, std::string_view name) {
+    if (name == ScenariosSchema().Name && !HasScenarios(database)) {
+        return {};
+    }
     const std::size_t columns = FindTable(name)->Columns.size();
     RecordSet set = database.OpenRecordSet("SELECT * FROM " + std::string(name) + ";");
     TableRows rows;
@@ -63,7 +67,8 @@ const std::vector<InputTable>& AllInputTables() {
                                                    {"Tasks", &InputTables::Tasks},
                                                    {"Resources", &InputTables::Resources},
                                                    {"Matrix", &InputTables::Matrix},
-                                                   {"Demand", &InputTables::Demand}};
+                                                   {"Demand", &InputTables::Demand},
+                                                   {"Scenarios", &InputTables::Scenarios}};
     return tables;
 }
 

@@ -13,15 +13,16 @@ namespace quarnel02 {
 using InputRow = std::vector<Value>;
 using TableRows = std::vector<InputRow>;
 
-/// What the planner enters, whole: the rows of Gen, Tasks, Resources, Matrix and Demand as they
-/// stand in the tables, in their order. The other tables are made of these. Equal values are equal
-/// tables, row for row and bit for bit.
+/// What the planner enters, whole: the rows of Gen, Tasks, Resources, Matrix, Demand and Scenarios
+/// as they stand in the tables, in their order. The other tables are made of these. Equal values
+/// are equal tables, row for row and bit for bit.
 struct InputTables {
     TableRows Gen;
     TableRows Tasks;
     TableRows Resources;
     TableRows Matrix;
     TableRows Demand;
+    TableRows Scenarios;
 
     bool operator==(const InputTables&) const = default;
 };
@@ -62,14 +63,17 @@ struct MatrixColumn {
 struct DemandColumn {
     enum : std::size_t { Volume, Prob };
 };
+struct ScenarioColumn {
+    enum : std::size_t { Name, Differences };
+};
 
-/// Reads all rows. Throws what the store reports.
+/// Reads all rows; of a table of scenarios that is missing, none. Throws what the store reports.
 InputTables ReadInputTables(const Database& database);
 
 /// Makes the database hold exactly these rows, in a transaction of its own.
 /// Tables that hold them already are not written; the rows of all others are new ones, so that
-/// record sets on them are to be opened again. Throws what the store reports; nothing is then
-/// changed.
+/// record sets on them are to be opened again. Scenarios need their table. Throws what the store
+/// reports; nothing is then changed.
 void WriteInputTables(const Database& database, const InputTables& tables);
 
 }  // namespace quarnel02

@@ -59,9 +59,14 @@ Sheet GeneralSheet(const InputTables& tables) {
 }  // namespace
 
 Workbook SheetsOf(const InputTables& tables) {
-    return {GeneralSheet(tables), TableSheet("Tasks", TaskColumns(), tables.Tasks),
-            TableSheet("Resources", ResourceColumns(), tables.Resources), MatrixSheetOf(tables),
-            TableSheet("Demand", DemandColumns(), tables.Demand)};
+    Workbook workbook = {GeneralSheet(tables), TableSheet("Tasks", TaskColumns(), tables.Tasks),
+                         TableSheet("Resources", ResourceColumns(), tables.Resources),
+                         MatrixSheetOf(tables),
+                         TableSheet("Demand", DemandColumns(), tables.Demand)};
+    if (!tables.Scenarios.empty()) {
+        workbook.push_back(TableSheet("Scenarios", ScenarioColumns(), tables.Scenarios));
+    }
+    return workbook;
 }
 
 }  // namespace quarnel02

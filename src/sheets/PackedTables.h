@@ -25,7 +25,7 @@ class PackedTables {
     [[nodiscard]] std::size_t BytesBeside(const PackedTables* like) const;
 
   private:
-    static constexpr std::size_t kTables = 5;
+    static constexpr std::size_t kTables = 6;
     std::array<std::shared_ptr<const std::string>, kTables> m_tables;
 };
 

@@ -44,6 +44,10 @@ constexpr std::array kDemand = {
     SheetColumn{"Demand", "Volume", DemandColumn::Volume, "Volume (units/year)"},
     SheetColumn{"Demand", "Prob", DemandColumn::Prob, "Probability (%)"}};
 
+constexpr std::array kScenarios = {
+    SheetColumn{"Scenarios", "Name", ScenarioColumn::Name, "Name"},
+    SheetColumn{"Scenarios", "Differences", ScenarioColumn::Differences, "Differences"}};
+
 constexpr std::array<std::string_view, 4> kTypes = {"MNL", "FXD", "PGM", "AUT"};
 
 bool IsType(const SheetColumn& column) {
@@ -78,6 +82,10 @@ std::span<const SheetColumn> DemandColumns() {
 
 std::span<const std::string_view> TypeLabels() {
     return kTypes;
+}
+
+std::span<const SheetColumn> ScenarioColumns() {
+    return kScenarios;
 }
 
 std::string_view NameOf(RecordKind kind) {

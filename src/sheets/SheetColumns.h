@@ -29,6 +29,7 @@ std::span<const SheetColumn> ColumnsOf(RecordKind kind);
 /// Time, tool number and tool cost.
 std::span<const SheetColumn> FigureColumns();
 std::span<const SheetColumn> DemandColumns();
+std::span<const SheetColumn> ScenarioColumns();
 
 /// "task", "resource".
 std::string_view NameOf(RecordKind kind);

@@ -120,6 +120,10 @@ ModelOfSheets TablesOf(const Workbook& workbook, const InputTables& standing) {
     tables.Matrix = MatrixRowsOf(matrix, standing.Matrix, matrix_cells);
     tables.Demand =
         RowsIn(RequiredSheet(workbook, "Demand"), DemandColumns(), standing.Demand, model.Refused);
+    const Sheet* const scenarios = FindSheet(workbook, "Scenarios");
+    tables.Scenarios = scenarios == nullptr ? standing.Scenarios
+                                            : RowsIn(*scenarios, ScenarioColumns(),
+                                                     standing.Scenarios, model.Refused);
     tables.Gen = {GeneralRow(general, tables, standing.Gen, model.Refused)};
     return model;
 }

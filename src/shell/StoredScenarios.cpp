@@ -1,12 +1,16 @@
 #include "shell/StoredScenarios.h"
 
 #include "model/RowWriter.h"
+#include "model/ScenariosTable.h"
 
 namespace quarnel02 {
 
 std::vector<Scenario> ReadScenarios(const Database& database) {
-    RecordSet rows = database.OpenRecordSet("SELECT * FROM Scenarios;");
     std::vector<Scenario> scenarios;
+    if (!HasScenarios(database)) {
+        return scenarios;
+    }
+    RecordSet rows = database.OpenRecordSet("SELECT * FROM Scenarios;");
     for (; !rows.Eof(); rows.MoveNext()) {
         scenarios.push_back({rows.Text("Name"), rows.Text("Differences")});
     }

@@ -122,7 +122,7 @@ void DesignFixed(ScenarioOutcome& outcome, const StudyWatch& watch) {
     const std::vector<StationGroup> groups = GroupsOf(*line);
     outcome.HasLine = true;
     outcome.Table = TableOf(model, groups, BasisOf(request, model.Parameters()));
-    outcome.Cost = DecimalOfSingle(line->Cost);
+    outcome.Cost = line->Cost;
     outcome.Capacity = CapacityOf(model, groups, request.Shifts);
     outcome.CapacityShifts = request.Shifts;
 }
@@ -138,7 +138,7 @@ void DesignExpected(ScenarioOutcome& outcome, const StudyWatch& watch) {
     constexpr double all_shifts = 3;
     outcome.HasLine = true;
     outcome.Table = TableOf(model, *line);
-    outcome.Cost = DecimalOfSingle(line->ExpectedCost);
+    outcome.Cost = line->ExpectedCost;
     outcome.Penalty = line->ExpectedPenalty;
     outcome.Capacity = DecimalOfSingle(line->Capacity);
     outcome.CapacityShifts = all_shifts;
@@ -163,7 +163,7 @@ ScenarioOutcome OutcomeOf(const Scenario& scenario, const ScenarioOutcome& base,
         return outcome;
     }
     if (outcome.HasLine && base.HasLine) {
-        outcome.Difference = outcome.Cost - base.Cost;
+        outcome.Difference = static_cast<double>(outcome.Cost) - static_cast<double>(base.Cost);
     }
     outcome.LineChanges = outcome.HasLine != base.HasLine || !SameLine(outcome.Table, base.Table);
     return outcome;

@@ -45,7 +45,7 @@ struct ScenarioOutcome {
     bool HasLine = false;       ///< all below is about the line
     LineTable Table;            ///< with figures by station and in all, penalty not included
     double Penalty = 0;         ///< expected dollars per year, of a design for a distribution
-    double Cost = 0;            ///< dollars per year, penalty included
+    float Cost = 0;             ///< dollars per year, penalty included
     double Capacity = 0;        ///< units per year in the shifts of CapacityShifts, whole
     double CapacityShifts = 0;  ///< per day
     std::optional<double>

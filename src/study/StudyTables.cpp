@@ -57,9 +57,10 @@ std::vector<StudyCell> LineCells(const ScenarioOutcome& outcome) {
         return std::vector<StudyCell>(7);
     }
     const CostFigures& totals = outcome.Table.Totals;
-    return {
-        outcome.Cost,    CellOf(outcome.Difference), totals.Capital, totals.Machine, totals.Labour,
-        outcome.Penalty, totals.Investment};
+    return {Dollars(outcome.Cost), CellOf(outcome.Difference),
+            totals.Capital,        totals.Machine,
+            totals.Labour,         outcome.Penalty,
+            totals.Investment};
 }
 
 std::vector<StudyCell> RequestCells(const std::optional<FixedDemandRequest>& request) {

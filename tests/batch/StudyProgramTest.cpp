@@ -294,5 +294,66 @@ TEST(JsonProgram, LeavesTheReportAsItIs) {
     EXPECT_TRUE(ReadFile(run.File("out/RunRpt.txt")).starts_with("Solution\n"));
 }
 
+const Lines kScenarios = {"--study", "scenarios", "--shifts", "1", "--demand", "100000"};
+
+TEST(StudyProgram, SolvesTheScenariosOfTheModel) {
+    const SolveRun run;
+    const std::string model = run.Make(
+        "line.mdb", WorkedExample().Sql() +
+                        "INSERT INTO Scenarios VALUES ('Wages', 'LaborCost +10%'),"
+                        "('Night', 'Shifts = 2; Demand = 200000'), ('Gone', 'Oven.ICF = 2'),"
+                        "('Much', 'StationLimit = 1; Demand = 900000');");
+    Lines words = {model};
+    words.insert(words.end(), kScenarios.begin(), kScenarios.end());
+    words.insert(words.end(), {"--format", "csv"});
+    const ProgramResult result = run(words);
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_EQ(result.Err, "");
+    const Lines expected = {
+        "scenario,cost,difference,capital,machine,labour,penalty,investment,shifts,volume,"
+        "station_limit,capacity,changes,line,problem",
+        "Base,64335.555,0,3780,30555.5553436279,30000,0,12600,1,100000,,117818,0,Press 1-2,",
+        "Wages,67335.555,3000,3780,30555.5553436279,33000,0,12600,1,100000,,117818,0,Press 1-2,",
+        "Night,124891.11,60555.555,3780,61111.1106872559,60000,0,12600,2,200000,,235636,0,"
+        "Press 1-2,",
+        "Gone,,,,,,,,1,100000,,,,,\"\"\"Oven.ICF = 2\"\": the model has no resource "
+        "\"\"Oven\"\".\"",
+        "Much,,,,,,,,1,900000,1,,,,"};
+    std::string all;
+    for (const std::string& line : expected) {
+        all += line + "\n";
+    }
+    EXPECT_EQ(result.Out, all);
+}
+
+TEST(StudyProgram, SolvesTheBaseOfAModelWithoutScenarios) {
+    const SolveRun run;
+    const std::string model = run.Make("old.mdb", WorkedExample().Sql() + "DROP TABLE Scenarios;");
+    Lines words = {model};
+    words.insert(words.end(), kScenarios.begin(), kScenarios.end());
+    words.insert(words.end(), {"--format", "json"});
+    const json study = OneLine(run(words).Out);
+    ASSERT_EQ(study["rows"].size(), 1U);
+    EXPECT_EQ(study["rows"][0]["scenario"], "Base");
+    EXPECT_EQ(study["rows"][0]["station_limit"], nullptr);
+}
+
+TEST(StudyProgram, SolvesScenariosForADistribution) {
+    const SolveRun run;
+    const std::string model = run.Make(
+        "line.mdb",
+        WorkedExample().Sql() +
+            "DELETE FROM Demand; INSERT INTO Demand VALUES (100000, 50), (200000, 50);"
+            "INSERT INTO Scenarios VALUES ('More', 'Demand +100%'), ('Bad', 'Shifts = 2');");
+    const ProgramResult result =
+        run({model, "--study", "scenarios", "--stochastic", "--format", "json"});
+    const json study = OneLine(result.Out);
+    EXPECT_EQ(study["rows"][0]["cost"], 90476.664);
+    EXPECT_EQ(study["rows"][0]["capacity"], 600000);
+    EXPECT_GT(study["rows"][1]["difference"], 0);
+    EXPECT_NE(study["rows"][2]["problem"].get<std::string>().find("is not asked for it"),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace quarnel02

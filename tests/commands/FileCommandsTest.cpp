@@ -9,6 +9,7 @@
 
 #include "support/CommandDesk.h"
 #include "support/DemandLines.h"
+#include "support/RawStore.h"
 #include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
@@ -430,6 +431,18 @@ TEST(OpenRecent, OpensACutPath) {
     EXPECT_EQ(desk.Commands.Current().File, "pump");
     EXPECT_EQ(desk.RecentText(), PathText(desk.UserFile("pump")) + "\n");
     EXPECT_EQ(desk.WorkingDays(), "240");
+}
+
+TEST(New, GivesAModelOfAnOlderTemplateItsScenarios) {
+    CommandDesk desk(kTwoVolumes);
+    { test::RawStore(desk.Application.File("blank.seq")).Run("DROP TABLE Scenarios"); }
+    desk.Commands.New();
+    EXPECT_EQ(test::RawStore(desk.Application.File("working.seq"))
+                  .Rows("SELECT name FROM pragma_table_info('Scenarios')"),
+              (Lines{"Name", "Differences"}));
+    EXPECT_TRUE(test::RawStore(desk.Application.File("blank.seq"))
+                    .Rows("SELECT name FROM pragma_table_info('Scenarios')")
+                    .empty());
 }
 
 }  // namespace

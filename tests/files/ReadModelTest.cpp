@@ -184,5 +184,41 @@ TEST_F(ReadModelTest, ConvertsValuesToTheTypesOfTheFields) {
               (Texts{"1|integer|12.5|text", "2|integer||null"}));
 }
 
+Texts ScenariosIn(const fs::path& file) {
+    return RawStore(file).Rows("SELECT Name, Differences FROM Scenarios ORDER BY rowid");
+}
+
+TEST_F(ReadModelTest, TakesScenariosInTheirOrder) {
+    Make(
+        "INSERT INTO Scenarios VALUES ('Wages', 'LaborCost +10%'), ('', NULL), ('A', 'Days = 1');");
+    ExpectRead(AllRows(File));
+    EXPECT_EQ(ScenariosIn(Copy), (Texts{"Wages|LaborCost +10%", "|", "A|Days = 1"}));
+}
+
+TEST_F(ReadModelTest, ReadsAFileWithoutScenarios) {
+    Make("DROP TABLE Scenarios;");
+    ExpectRead(AllRows(File));
+    EXPECT_TRUE(ScenariosIn(Copy).empty());
+}
+
+TEST_F(ReadModelTest, PassesOverScenariosOfAnotherProgram) {
+    for (const char* other :
+         {"CREATE TABLE Scenarios (Name TEXT, Year INTEGER); INSERT INTO Scenarios VALUES ('a', 1)",
+          "CREATE VIEW Scenarios AS SELECT 'a' AS Name, 'b' AS Differences",
+          "CREATE TABLE Scenarios (Name TEXT, Differences TEXT AS (Name))"}) {
+        SCOPED_TRACE(other);
+        Make("DROP TABLE Scenarios;" + std::string(other) + ";");
+        ExpectRead(AllRows(File));
+        EXPECT_TRUE(ScenariosIn(Copy).empty());
+    }
+}
+
+TEST_F(ReadModelTest, RefusesAScenarioThatIsNoText) {
+    Make(
+        "DROP TABLE Scenarios; CREATE TABLE Scenarios (Name, Differences);"
+        "INSERT INTO Scenarios VALUES ('a', x'00FF');");
+    ExpectRefusedFor("wrong value in row 1 of table Scenarios: Differences");
+}
+
 }  // namespace
 }  // namespace quarnel02

@@ -185,5 +185,23 @@ TEST_F(SaveModelTest, FindsNothingToNameInAFileThatIsNoDatabase) {
     ExpectRunTimeError(ErrorKind::DatabaseLocked, [&] { (void)ForeignObjects(Copy); });
 }
 
+TEST_F(SaveModelTest, WritesScenarios) {
+    RawStore(Copy).Run("INSERT INTO Scenarios VALUES ('Wages', 'LaborCost +10%')");
+    SaveModel(Copy, File);
+    EXPECT_EQ(RawStore(File).Rows("SELECT Name, Differences FROM Scenarios"),
+              Texts{"Wages|LaborCost +10%"});
+}
+
+TEST_F(SaveModelTest, NamesATableThatIsCalledLikeScenarios) {
+    RawStore(Copy).Run("DROP TABLE Scenarios; CREATE TABLE Scenarios (Name TEXT, Year INTEGER)");
+    EXPECT_EQ(ForeignObjects(Copy), Texts{"table Scenarios"});
+}
+
+TEST_F(SaveModelTest, SavesACopyWithoutScenarios) {
+    RawStore(Copy).Run("DROP TABLE Scenarios");
+    SaveModel(Copy, File);
+    EXPECT_EQ(TasksOf(File), TasksOf(Copy));
+}
+
 }  // namespace
 }  // namespace quarnel02

@@ -39,7 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "UPDATE Resources SET UpTime = 91;", "UPDATE Matrix SET ToolCost = 401;",
                     "DELETE FROM Matrix;", "UPDATE Demand SET Prob = 99;",
                     "INSERT INTO Demand VALUES (1000, 100);",
-                    "INSERT INTO Tasks VALUES (2, 'Glue');"));
+                    "INSERT INTO Tasks VALUES (2, 'Glue');",
+                    "INSERT INTO Scenarios VALUES ('More', 'Demand +10%');"));
 
 TEST(InputDigest, TellsNullFromEmptyText) {
     EXPECT_NE(DigestAfter("UPDATE Gen SET Product = NULL;"),
@@ -51,6 +52,15 @@ TEST(InputDigest, DoesNotSeeDerivedTables) {
                           "INSERT INTO BestPaths VALUES (2, 1, 1, 5);"
                           "INSERT INTO Pathways (PathId) VALUES (1);"),
               DigestAfter(""));
+}
+
+TEST(InputDigest, WithoutScenariosIsThatOfAModelWithoutTheirTable) {
+    EXPECT_EQ(DigestAfter("DROP TABLE Scenarios;"), DigestAfter(""));
+}
+
+TEST(InputDigest, SeesWhatScenariosSay) {
+    EXPECT_NE(DigestAfter("INSERT INTO Scenarios VALUES ('More', 'Demand +10%');"),
+              DigestAfter("INSERT INTO Scenarios VALUES ('More', 'Demand +11%');"));
 }
 
 }  // namespace

@@ -50,9 +50,11 @@ TEST(Schema, NamesAllTablesOfTheTemplate) {
     for (const TableSchema& table : ModelSchema()) {
         names.emplace_back(table.Name);
     }
+    EXPECT_EQ(names.size(), 8U);
+    names.emplace_back(ScenariosSchema().Name);
     std::sort(names.begin(), names.end());
     EXPECT_EQ(names, (Texts{"Arcs", "BestPaths", "Demand", "Gen", "Matrix", "Pathways", "Resources",
-                            "Tasks"}));
+                            "Scenarios", "Tasks"}));
     EXPECT_EQ(RawStore(model.File())
                   .Rows("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"),
               names);
@@ -63,7 +65,7 @@ TEST(Schema, TablesOfTheTemplateAreStrictAndTakeEqualRows) {
     RawStore store(model.File());
     EXPECT_EQ(store.Rows("SELECT COUNT(*) FROM pragma_table_list WHERE schema = 'main' AND "
                          "strict = 1"),
-              Texts{"8"});
+              Texts{"9"});
     EXPECT_EQ(store.Rows("SELECT COUNT(*) FROM sqlite_master WHERE sql LIKE '%UNIQUE%' OR "
                          "sql LIKE '%PRIMARY%'"),
               Texts{"0"});
@@ -82,6 +84,14 @@ TEST(Schema, OnlyDemandHoldsSingles) {
             EXPECT_EQ(column.Type == FieldType::Single, table.Name == "Demand") << column.Name;
         }
     }
+}
+
+TEST(Schema, SaysTheSameOfScenariosAsTheTemplate) {
+    const TestModel model;
+    EXPECT_EQ(RawStore(model.File()).Rows("SELECT name, type FROM pragma_table_info('Scenarios')"),
+              (Texts{"Name|TEXT", "Differences|TEXT"}));
+    EXPECT_EQ(NamesOf(ScenariosSchema()), (std::vector<std::string_view>{"Name", "Differences"}));
+    EXPECT_EQ(FindTable("scenarios"), &ScenariosSchema());
 }
 
 TEST(FindTable, IgnoresLetterCase) {

@@ -54,6 +54,10 @@ inline rc::Gen<InputTables> AnyModel() {
             tables.Demand.push_back({DecimalOfSingle(*rc::gen::element(0.F, 33.3F, 1e7F, 0.1F)),
                                      static_cast<double>(*rc::gen::inRange(0, 101))});
         }
+        const int scenarios = *rc::gen::inRange(0, 3);
+        for (int scenario = 0; scenario < scenarios; ++scenario) {
+            tables.Scenarios.push_back({std::string("S" + std::to_string(scenario)), *AnyName()});
+        }
         return tables;
     });
 }

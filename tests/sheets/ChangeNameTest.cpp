@@ -63,5 +63,11 @@ TEST(ChangeName, RecordsNameAChangeOfSeveralTables) {
               "Delete task 2");
 }
 
+TEST(ChangeName, NamesScenarios) {
+    EXPECT_EQ(
+        NameOfChange([](auto& t) { t.Scenarios = {test::ScenarioRow("Wages", "LaborCost +10%")}; }),
+        "Add scenario");
+}
+
 }  // namespace
 }  // namespace quarnel02

@@ -17,7 +17,8 @@ constexpr const char* kOddRows =
     "INSERT INTO Resources (ResourceId, ShortName) VALUES (3, 'z');"
     "INSERT INTO Matrix VALUES (9, 1, NULL, 4, 0.1), (1, 2, 3.5, 4, 0.30000000000000004),"
     " (1, 1, 5, 6, 7), (1, 1, 8, 9, 10);"
-    "INSERT INTO Demand VALUES (33.3, 40), (12, 60);";
+    "INSERT INTO Demand VALUES (33.3, 40), (12, 60);"
+    "INSERT INTO Scenarios VALUES ('b', 'Days = 5'), (NULL, 'ACF +1%');";
 
 TEST(InputTables, AreReadInTheOrderOfTheRows) {
     const test::TestModel model(kOddRows);
@@ -30,6 +31,8 @@ TEST(InputTables, AreReadInTheOrderOfTheRows) {
     EXPECT_EQ(tables.Resources.size(), 1U);
     EXPECT_EQ(tables.Demand[0], (InputRow{33.3, 40.0}));
     EXPECT_EQ(tables.Gen[0][GenColumn::Product], Value(std::string("Untitled")));
+    EXPECT_EQ(tables.Scenarios[0], test::ScenarioRow("b", "Days = 5"));
+    EXPECT_EQ(tables.Scenarios[1], (InputRow{{}, std::string("ACF +1%")}));
 }
 
 TEST(InputTables, WrittenAreReadBackTheSame) {
@@ -78,8 +81,8 @@ TEST(InputTables, ATableThatIsRightIsNotWritten) {
 }
 
 TEST(SheetColumns, StandWhereTheSchemaHasThem) {
-    for (const auto& columns :
-         {GeneralColumns(), TaskColumns(), ResourceColumns(), FigureColumns(), DemandColumns()}) {
+    for (const auto& columns : {GeneralColumns(), TaskColumns(), ResourceColumns(), FigureColumns(),
+                                DemandColumns(), ScenarioColumns()}) {
         for (const SheetColumn& column : columns) {
             const TableSchema* table = FindTable(column.Table);
             ASSERT_NE(table, nullptr);
@@ -102,6 +105,16 @@ TEST(SheetColumns, ShowTypesByTheirLabels) {
     EXPECT_EQ(TypeCode(""), std::nullopt);
     EXPECT_EQ(TypeCode("MNLX"), std::nullopt);
     EXPECT_EQ(TypeCode("4"), std::nullopt);
+}
+
+TEST(InputTables, HaveNoScenariosWithoutTheirTable) {
+    const test::TestModel model(std::string(kOddRows) + "DROP TABLE Scenarios;");
+    const Database database = model.Open();
+    InputTables tables = ReadInputTables(database);
+    EXPECT_TRUE(tables.Scenarios.empty());
+    tables.Gen[0][GenColumn::Days] = 7.0;
+    WriteInputTables(database, tables);
+    EXPECT_EQ(ReadInputTables(database), tables);
 }
 
 }  // namespace

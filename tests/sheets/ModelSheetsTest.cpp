@@ -212,5 +212,29 @@ TEST(ImportPreview, KnowsWhenNothingChangesAndWhenOnlyTheOrderDoes) {
     EXPECT_TRUE(emptied.Text().ends_with("And 32 more differences.\n"));
 }
 
+TEST(ModelSheets, HaveASheetOfScenariosWhereThereAreAny) {
+    InputTables tables = SmallModel();
+    EXPECT_EQ(FindSheet(SheetsOf(tables), "Scenarios"), nullptr);
+    tables.Scenarios = {test::ScenarioRow("Wages", "LaborCost +10%")};
+    const Workbook workbook = SheetsOf(tables);
+    EXPECT_EQ(
+        SheetIn(workbook, "Scenarios").Cells,
+        (TableRows{{Text("Name"), Text("Differences")}, {Text("Wages"), Text("LaborCost +10%")}}));
+    EXPECT_EQ(TablesOf(workbook).Tables.Scenarios, tables.Scenarios);
+}
+
+TEST(ModelSheets, WithoutScenariosLeaveThoseOfTheModel) {
+    InputTables standing = SmallModel();
+    standing.Scenarios = {test::ScenarioRow("Wages", "LaborCost +10%")};
+    EXPECT_EQ(TablesOf(SheetsOf(SmallModel()), standing).Tables.Scenarios, standing.Scenarios);
+}
+
+TEST(ImportPreview, NamesScenarios) {
+    InputTables after = SmallModel();
+    after.Scenarios = {test::ScenarioRow("Wages", "LaborCost +10%")};
+    EXPECT_NE(PreviewOf(SmallModel(), after).Text().find("Scenario 1 is new: \"Wages\"."),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace quarnel02

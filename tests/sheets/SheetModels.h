@@ -35,6 +35,10 @@ inline InputTables EmptyMatrixModel(int tasks, int resources) {
     return tables;
 }
 
+inline InputRow ScenarioRow(const std::string& name, const std::string& differences) {
+    return {name, differences};
+}
+
 /// Three tasks and two resources; no row of task 3 on resource 1, and none of task 1 on 2.
 inline InputTables SmallModel() {
     InputTables tables = EmptyMatrixModel(3, 2);

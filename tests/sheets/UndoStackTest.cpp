@@ -199,5 +199,16 @@ TEST_F(UndoStackTest, AnExtendedStepLeadsToTheNewTables) {
     EXPECT_EQ(Now(), WithTime(2));
 }
 
+TEST_F(UndoStackTest, TakesScenariosBack) {
+    InputTables more = SmallModel();
+    more.Scenarios = {test::ScenarioRow("Wages", "LaborCost +10%")};
+    Step("Add scenario", more);
+    EXPECT_EQ(Now(), more);
+    Stack.Undo(Store);
+    EXPECT_TRUE(Now().Scenarios.empty());
+    Stack.Redo(Store);
+    EXPECT_EQ(Now(), more);
+}
+
 }  // namespace
 }  // namespace quarnel02
