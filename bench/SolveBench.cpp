@@ -10,6 +10,7 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Command.h"
@@ -20,6 +21,9 @@
 #include "line/ReportedChain.h"
 #include "line/StochasticDesign.h"
 #include "shell/LoadLineModel.h"
+#include "study/Alternatives.h"
+#include "study/Sensitivity.h"
+#include "study/VolumeRanges.h"
 
 namespace fs = std::filesystem;
 
@@ -174,6 +178,47 @@ void TimeOneMoreVolume(const Place& disk) {
     }
 }
 
+/// A study of a model, and how often one bare solve would fit into its time.
+struct StudyTime {
+    double Milliseconds = 0;
+    double Multiple = 0;
+};
+
+void PrintStudies(const std::string& size, double bare, const std::vector<StudyTime>& times) {
+    std::cout << std::left << std::setw(8) << size << std::right << std::fixed
+              << std::setprecision(2) << std::setw(9) << bare;
+    for (const StudyTime& time : times) {
+        std::cout << std::setprecision(1) << std::setw(11) << time.Milliseconds << std::setw(7)
+                  << time.Multiple;
+    }
+    std::cout << '\n';
+}
+
+/// What the windows of the studies wait for.
+void TimeStudies(const Place& disk, int runs) {
+    constexpr int last_volume = 200000;
+    const FixedDemandRequest request{60000, 2, {}};
+    std::cout << "\nStudies of a prepared model, in memory, and multiples of the bare solve\n"
+                 "Size     Bare/ms   Ten best      x    Volumes      x  Sensitiv.      x\n";
+    for (const auto& [tasks, resources] :
+         {std::pair(10, 5), std::pair(25, 10), std::pair(50, 25)}) {
+        const Case size{false, tasks, resources};
+        const LineModel model = LineOf(disk.Model(size));
+        const PreparedLine line = Prepare(model);
+        const double bare =
+            MedianOf(runs, [&] { return MillisecondsOf([&] { DesignForVolume(model); }); });
+        const auto timed = [&](const auto& study) {
+            const double time = MedianOf(runs, [&] { return MillisecondsOf(study); });
+            return StudyTime{time, time / bare};
+        };
+        PrintStudies(SizeText(size), bare,
+                     {timed([&] { AlternativesFor(line, request); }), timed([&] {
+                          VolumeRanges(line, {1, last_volume, {}});
+                      }),
+                      timed([&] { SensitivityOf(line, request); })});
+    }
+}
+
 int Main(int argc, char* argv[]) {
     CLI::App app("Times whole designs beside the bare ones in memory.", "quarnel02-bench");
     Options options;
@@ -187,6 +232,7 @@ int Main(int argc, char* argv[]) {
     const Place tmpfs(options.Tmpfs);
     CompareCommands(options, disk, tmpfs);
     TimeOneMoreVolume(disk);
+    TimeStudies(disk, options.Runs);
     TimeModelFiles(disk.Path(), options.Runs);
     return 0;
 }
