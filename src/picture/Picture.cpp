@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <numbers>
 #include <utility>
+
+#include "basic/ScopeGuard.h"
 
 namespace quarnel02 {
 
@@ -11,54 +14,83 @@ namespace {
 
 constexpr double kMargin = 60;  ///< between the paper's edge and a line printer's text, twips
 
-void Grow(Extent& extent, double left, double top, double right, double bottom) {
-    extent.Left = std::min(extent.Left, left);
-    extent.Top = std::min(extent.Top, top);
-    extent.Right = std::max(extent.Right, right);
-    extent.Bottom = std::max(extent.Bottom, bottom);
-}
-
-void GrowBy(Extent& extent, const LineFigure& line) {
-    Grow(extent, std::min(line.X1, line.X2), std::min(line.Y1, line.Y2), std::max(line.X1, line.X2),
-         std::max(line.Y1, line.Y2));
-}
-
-/// The half of an ellipse that is not drawn does not count.
-void GrowBy(Extent& extent, const CircleFigure& circle) {
-    const double height = circle.Radius * circle.Aspect;
-    const double pen = circle.Width * kTwipsPerPixel / 2;
-    constexpr double almost_pi = std::numbers::pi - 0.001;
-    const bool lower_half = circle.Start >= almost_pi;
-    const bool upper_half = circle.Start >= 0 && circle.End <= std::numbers::pi + 0.001;
-    Grow(extent, circle.X - circle.Radius - pen, circle.Y - (lower_half ? 0 : height) - pen,
-         circle.X + circle.Radius + pen, circle.Y + (upper_half ? 0 : height) + pen);
-}
-
-void GrowBy(Extent& extent, const TextFigure& text) {
-    Grow(extent, text.X, text.Y, text.X + TextWidth(text.Text, text.Face),
-         text.Y + LineHeight(text.Face));
-}
-
-void GrowBy(Extent& extent, const IconFigure& icon) {
-    Grow(extent, icon.X, icon.Y, icon.X + icon.Size, icon.Y + icon.Size);
+Extent Union(const Extent& a, const Extent& b) {
+    return {std::min(a.Left, b.Left), std::min(a.Top, b.Top), std::max(a.Right, b.Right),
+            std::max(a.Bottom, b.Bottom)};
 }
 
 }  // namespace
 
+Picture::Picture(double width, double height) : Picture(Page{width, height}) {}
+
+Picture::Picture(const Page& page) : m_page(page), m_width(page.Width), m_height(page.Height) {}
+
+std::size_t Picture::FirstFixed() const {
+    return m_firstFixed.value_or(m_figures.size());
+}
+
 void Picture::Clear() {
     m_figures.clear();
+    m_hotSpots.clear();
+    m_firstFixed.reset();
+    m_recipe = nullptr;
+    m_width = m_page.Width;
+    m_height = m_page.Height;
+    Sheet = {};
     CurrentX = 0;
     CurrentY = 0;
-    if (OnChange) {
+    Changed();
+}
+
+void Picture::Compose(Recipe recipe) {
+    Clear();
+    m_recipe = std::move(recipe);
+    Redraw();
+    Changed();
+}
+
+void Picture::LayOut(const Page& page) {
+    if (page == m_page) {
+        return;
+    }
+    m_page = page;
+    m_width = page.Width;
+    m_height = page.Height;
+    if (IsComposed()) {
+        Redraw();
+        Changed();
+    }
+}
+
+/// A recipe starts from the same pen whatever was drawn before.
+void Picture::Redraw() {
+    m_figures.clear();
+    m_hotSpots.clear();
+    m_firstFixed.reset();
+    CurrentX = 0;
+    CurrentY = 0;
+    DrawWidth = 1;
+    Fill = FillStyle::Transparent;
+    TextFont = {};
+    m_composing = true;
+    const ScopeGuard composed([this] { m_composing = false; });
+    m_recipe(*this);
+}
+
+void Picture::SetPaper(double width, double height) {
+    m_width = width;
+    m_height = height;
+}
+
+void Picture::Changed() const {
+    if (OnChange && !m_composing) {
         OnChange();
     }
 }
 
 void Picture::Add(PictureFigure figure) {
     m_figures.push_back(std::move(figure));
-    if (OnChange) {
-        OnChange();
-    }
+    Changed();
 }
 
 void Picture::Line(double x1, double y1, double x2, double y2, Colour colour) {
@@ -77,9 +109,13 @@ void Picture::Circle(double x, double y, double radius, Colour colour) {
     Circle(x, y, radius, colour, 0, 2 * std::numbers::pi, 1);
 }
 
+void Picture::Text(double x, double y, std::string_view text, const Font& font, Colour colour) {
+    Add(TextFigure{x, y, WithoutControls(text), font, colour});
+}
+
 void Picture::Print(std::string_view text, Colour colour) {
-    Add(TextFigure{CurrentX, CurrentY, WithoutControls(text), TextFont, colour});
-    CurrentX += TextWidth(text, TextFont);
+    Text(CurrentX, CurrentY, text, TextFont, colour);
+    CurrentX += WidthOf(text, TextFont);
 }
 
 void Picture::PrintNumber(double number) {
@@ -88,6 +124,27 @@ void Picture::PrintNumber(double number) {
 
 void Picture::Icon(ResourceType type, double x, double y, double size) {
     Add(IconFigure{x, y, size, type});
+}
+
+void Picture::Describe(std::string words, std::optional<Reading> ends) {
+    m_hotSpots.push_back({m_figures.size() - 1, std::move(words), ends});
+}
+
+const HotSpot* Picture::HotSpotAt(double x, double y, double reach) const {
+    const HotSpot* nearest = nullptr;
+    double shortest = reach;
+    for (const HotSpot& spot : m_hotSpots) {
+        const double distance = DistanceTo(m_figures[spot.Figure], x, y, *m_page.Measure);
+        if (distance <= shortest) {
+            shortest = distance;
+            nearest = &spot;
+        }
+    }
+    return nearest;
+}
+
+Font Picture::PageFont(double more, bool bold) const {
+    return {FontFamily::Proportional, std::max(m_page.Points + more, Page::kSmallestPoints), bold};
 }
 
 Extent Picture::Bounds() const {
@@ -100,23 +157,9 @@ Extent Picture::Drawn() const {
 
 Extent Picture::GrownByFigures(Extent extent) const {
     for (const PictureFigure& figure : m_figures) {
-        std::visit([&](const auto& each) { GrowBy(extent, each); }, figure);
+        extent = Union(extent, ExtentOf(figure, *m_page.Measure));
     }
     return extent;
-}
-
-double LineHeight(const Font& font) {
-    return std::round(font.Points * kTwipsPerPoint * 1.25);
-}
-
-double CharacterWidth(const Font& font) {
-    return font.Points * kTwipsPerPoint * 0.6;
-}
-
-double TextWidth(std::string_view text, const Font& font) {
-    constexpr double proportional_share = 0.85;
-    const double width = CharacterCount(text) * CharacterWidth(font);
-    return font.Family == FontFamily::FixedPitch ? width : width * proportional_share;
 }
 
 PictureLines::PictureLines(Picture& picture)
@@ -137,6 +180,28 @@ void PictureLines::EndLine() {
     m_top += LineHeight(m_picture.TextFont);
     m_picture.CurrentX = m_left;
     m_picture.CurrentY = m_top;
+}
+
+std::optional<std::string> TextOf(const Picture& picture) {
+    std::map<long, std::string> lines;
+    for (const PictureFigure& figure : picture.Figures()) {
+        const auto* text = std::get_if<TextFigure>(&figure);
+        if (text == nullptr || text->Face.Family != FontFamily::FixedPitch) {
+            return std::nullopt;
+        }
+        std::string& line = lines[std::lround((text->Y - kMargin) / LineHeight(text->Face))];
+        const long column = std::lround((text->X - kMargin) / CharacterWidth(text->Face));
+        line.append(static_cast<std::size_t>(std::max(0L, column - CharacterCount(line))), ' ');
+        line += text->Text;
+    }
+    if (lines.empty()) {
+        return std::nullopt;
+    }
+    std::string all;
+    for (long line = 0; line <= lines.rbegin()->first; ++line) {
+        all += lines[line] + "\n";
+    }
+    return all;
 }
 
 }  // namespace quarnel02

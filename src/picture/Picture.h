@@ -1,120 +1,84 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "basic/LinePrinter.h"
+#include "picture/Figures.h"
+#include "picture/HotSpot.h"
+#include "picture/TextMeasure.h"
+#include "picture/Units.h"
 
 namespace quarnel02 {
 
-/// Twips per inch, per point of 72 and per screen pixel of 96 to the inch: the unit of all picture
-/// coordinates.
-constexpr double kTwipsPerInch = 1440.0;
-constexpr double kTwipsPerPoint = 20.0;
-constexpr double kTwipsPerPixel = 15.0;
-
-struct Colour {
-    std::uint8_t Red = 0;
-    std::uint8_t Green = 0;
-    std::uint8_t Blue = 0;
-    bool operator==(const Colour&) const = default;
-};
-
-/// Equipment classes, with the codes that Resources.Type stores.
-enum class ResourceType : std::int8_t { Manual = 0, Fixed = 1, Programmable = 2, Automated = 3 };
-
 enum class FillStyle { Solid = 0, Transparent = 1 };
 
-/// A fixed-pitch font puts the columns of a line printer under one another.
-enum class FontFamily { Proportional, FixedPitch };
+/// What a picture is laid out for: paper or box, and the letters that will be used.
+struct Page {
+    static constexpr double kUsualPoints = 9;
+    static constexpr double kSmallestPoints = 8;
 
-struct Font {
-    FontFamily Family = FontFamily::Proportional;
-    double Points = 8;
-    bool operator==(const Font&) const = default;
+    double Width = 0;   ///< twips
+    double Height = 0;  ///< twips
+    double Points = kUsualPoints;
+    double Zoom = 1;  ///< how much larger than the page a drawing that can be enlarged shall be
+    const TextMeasure* Measure = &FileMeasure();  ///< outlives the picture
+    bool operator==(const Page&) const = default;
 };
 
-/// What a picture shows: figures in drawing order, later ones over earlier ones. Coordinates and
-/// sizes in twips, x to the right, y downwards; line widths in pixels of 15 twips.
-struct LineFigure {
-    double X1;
-    double Y1;
-    double X2;
-    double Y2;
-    int Width;
-    Colour Pen;
-    bool operator==(const LineFigure&) const = default;
-};
-
-/// Part of an ellipse round (X, Y), from angle Start to angle End in radians, counter-clockwise
-/// from the right. Radius is the half width, Radius x Aspect the half height. A filled one is
-/// closed and filled with the colour of its line.
-struct CircleFigure {
-    double X;
-    double Y;
-    double Radius;
-    double Start;
-    double End;
-    double Aspect;
-    int Width;
-    Colour Pen;
-    bool Filled;
-    bool operator==(const CircleFigure&) const = default;
-};
-
-/// A text whose upper left corner is at (X, Y).
-struct TextFigure {
-    double X;
-    double Y;
-    std::string Text;
-    Font Face;
-    Colour Pen;
-    bool operator==(const TextFigure&) const = default;
-};
-
-/// The drawing of an equipment class in the square of side Size whose upper left corner is at
-/// (X, Y).
-struct IconFigure {
-    double X;
-    double Y;
-    double Size;
-    ResourceType Type;
-    bool operator==(const IconFigure&) const = default;
-};
-
-using PictureFigure = std::variant<LineFigure, CircleFigure, TextFigure, IconFigure>;
-
-/// Smallest upright rectangle round something.
-struct Extent {
-    double Left;
-    double Top;
-    double Right;
-    double Bottom;
+/// Where the units of a drawing that is made on a fixed sheet stand on the paper.
+struct Placement {
+    double Scale = 1;
+    double Left = 0;  ///< twips
+    double Top = 0;   ///< twips
+    bool operator==(const Placement&) const = default;
 };
 
 /// A drawing as data: a list of figures that a window paints, a file writer writes and a test
-/// reads. Its size is that of the paper drawn for; figures may reach beyond it.
+/// reads, with the words behind them. Its size is that of the paper drawn for; figures may reach
+/// beyond it.
+///
+/// A picture that was composed can be laid out anew for another page: what it shows stays, how it
+/// fills the page follows.
 class Picture {
   public:
-    Picture(double width, double height) : m_width(width), m_height(height) {}
+    using Recipe = std::function<void(Picture&)>;
+
+    Picture(double width, double height);
+    explicit Picture(const Page& page);
 
     [[nodiscard]] double Width() const { return m_width; }
     [[nodiscard]] double Height() const { return m_height; }
     [[nodiscard]] const std::vector<PictureFigure>& Figures() const { return m_figures; }
+    [[nodiscard]] std::span<const HotSpot> HotSpots() const { return m_hotSpots; }
+    [[nodiscard]] const Page& LaidOutFor() const { return m_page; }
+    [[nodiscard]] bool IsComposed() const { return m_recipe != nullptr; }
+    /// Figures from this one on stay where they are when the paper is moved under its window.
+    [[nodiscard]] std::size_t FirstFixed() const;
 
-    /// Removes every figure and puts the text position at the upper left corner. Line width, fill
-    /// style and font stay as they are.
+    /// Removes every figure and recipe and puts the text position at the upper left corner. Line
+    /// width, fill style and font stay as they are.
     void Clear();
+    /// Clears the picture and draws it by a recipe, which owns all that it needs; it is run again
+    /// for every other page.
+    void Compose(Recipe recipe);
+    /// Draws a composed picture anew for a page; of any other one only the page changes.
+    void LayOut(const Page& page);
+    /// Another size of the paper, for a recipe that needs more than the page or less.
+    void SetPaper(double width, double height);
+    /// All further figures are fixed.
+    void BeginFixed() { m_firstFixed = m_figures.size(); }
 
     int DrawWidth = 1;  ///< line width of further lines and circles, pixels
     FillStyle Fill = FillStyle::Transparent;
     Font TextFont;
-    /// Told of every change, right after it: of each further figure, and of Clear, after which
-    /// there are no figures.
+    Placement Sheet;
+    /// Told of every change, right after it: of each further figure, of a whole composition, and of
+    /// Clear, after which there are no figures.
     std::function<void()> OnChange;
     double CurrentX = 0;  ///< text position
     double CurrentY = 0;
@@ -131,6 +95,22 @@ class Picture {
     /// Writes a number as a line printer does, with a blank on either side.
     void PrintNumber(double number);
     void Icon(ResourceType type, double x, double y, double size);
+    /// Adds a figure as it is.
+    void Add(PictureFigure figure);
+    /// Writes a text, with a blank for every control character; the text position stays.
+    void Text(double x, double y, std::string_view text, const Font& font, Colour colour);
+
+    /// Puts words behind the figure that was added last.
+    void Describe(std::string words, std::optional<Reading> ends = {});
+    /// The hot spot whose figure is nearest to a point and at most `reach` away, of equally near
+    /// ones the topmost; null when there is none.
+    [[nodiscard]] const HotSpot* HotSpotAt(double x, double y, double reach) const;
+
+    /// A font of the page: its size plus `more` points.
+    [[nodiscard]] Font PageFont(double more = 0, bool bold = false) const;
+    [[nodiscard]] double WidthOf(std::string_view text, const Font& font) const {
+        return m_page.Measure->Width(text, font);
+    }
 
     /// The paper and everything drawn beyond it.
     [[nodiscard]] Extent Bounds() const;
@@ -138,19 +118,19 @@ class Picture {
     [[nodiscard]] Extent Drawn() const;
 
   private:
-    void Add(PictureFigure figure);
+    void Redraw();
+    void Changed() const;
     [[nodiscard]] Extent GrownByFigures(Extent extent) const;
 
+    Page m_page;
     double m_width;
     double m_height;
     std::vector<PictureFigure> m_figures;
+    std::vector<HotSpot> m_hotSpots;
+    std::optional<std::size_t> m_firstFixed;
+    Recipe m_recipe;
+    bool m_composing = false;
 };
-
-/// Height of a line of text and width of a fixed-pitch character, twips.
-double LineHeight(const Font& font);
-double CharacterWidth(const Font& font);
-/// Width of a text, twips: exact in fixed pitch, else an estimate for laying out labels.
-double TextWidth(std::string_view text, const Font& font);
 
 /// Lets a line printer write on a picture in fixed pitch, from the upper left corner down.
 class PictureLines : public LineSink {
@@ -164,5 +144,9 @@ class PictureLines : public LineSink {
     double m_left;
     double m_top;
 };
+
+/// The lines of a picture on which there is nothing but what PictureLines wrote from its corner;
+/// none for any other picture and for an empty one.
+std::optional<std::string> TextOf(const Picture& picture);
 
 }  // namespace quarnel02

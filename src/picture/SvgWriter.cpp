@@ -16,6 +16,9 @@ namespace quarnel02 {
 
 namespace {
 
+constexpr double kDash = 90;     ///< twips
+constexpr double kDashGap = 60;  ///< twips
+
 /// A list of families for a style sheet; names of several words in quotes.
 std::string FontList(std::span<const char* const> families) {
     std::string list;
@@ -63,6 +66,10 @@ class Element {
     Element& Fill(const CircleFigure& circle) {
         return Set("fill", circle.Filled ? ColourText(circle.Pen) : "none");
     }
+    /// Nothing is said of what is not faded.
+    Element& Fade(double opacity) {
+        return opacity < 1 ? Set("opacity", UnitMeasure(opacity)) : *this;
+    }
     void Text(const std::string& text) { m_node.text().set(text.c_str()); }
     [[nodiscard]] pugi::xml_node Node() const { return m_node; }
 
@@ -70,59 +77,91 @@ class Element {
     pugi::xml_node m_node;
 };
 
-void Append(pugi::xml_node svg, const LineFigure& line) {
-    Element(svg, "line")
-        .Set("x1", line.X1)
+pugi::xml_node Append(pugi::xml_node svg, const LineFigure& line) {
+    Element element(svg, "line");
+    element.Set("x1", line.X1)
         .Set("y1", line.Y1)
         .Set("x2", line.X2)
         .Set("y2", line.Y2)
         .Stroke(line.Pen, line.Width);
+    if (line.Dashed) {
+        element.Set("stroke-dasharray", Coordinate(kDash) + " " + Coordinate(kDashGap));
+    }
+    return element.Node();
 }
 
-void AppendFullEllipse(pugi::xml_node svg, const CircleFigure& circle) {
-    Element(svg, "ellipse")
+pugi::xml_node Append(pugi::xml_node svg, const BoxFigure& box) {
+    Element element(svg, "rect");
+    element.Set("x", box.X)
+        .Set("y", box.Y)
+        .Set("width", box.Width)
+        .Set("height", box.Height)
+        .Set("fill", ColourText(box.Fill));
+    if (box.Rounding > 0) {
+        element.Set("rx", box.Rounding);
+    }
+    if (box.FrameWidth > 0) {
+        element.Stroke(box.Frame, box.FrameWidth);
+    }
+    return element.Node();
+}
+
+pugi::xml_node AppendFullEllipse(pugi::xml_node svg, const CircleFigure& circle) {
+    return Element(svg, "ellipse")
         .Set("cx", circle.X)
         .Set("cy", circle.Y)
         .Set("rx", circle.Radius)
         .Set("ry", circle.Radius * circle.Aspect)
         .Fill(circle)
-        .Stroke(circle.Pen, circle.Width);
+        .Stroke(circle.Pen, circle.Width)
+        .Fade(circle.Opacity)
+        .Node();
 }
 
-void Append(pugi::xml_node svg, const CircleFigure& circle) {
+pugi::xml_node Append(pugi::xml_node svg, const CircleFigure& circle) {
     const double sweep = circle.End - circle.Start;
     if (sweep >= 2 * std::numbers::pi - 1e-3) {
-        AppendFullEllipse(svg, circle);
-        return;
+        return AppendFullEllipse(svg, circle);
     }
     const double height = circle.Radius * circle.Aspect;
     const auto point = [&](double angle) {
         return Coordinate(circle.X + circle.Radius * std::cos(angle)) + " " +
                Coordinate(circle.Y - height * std::sin(angle));
     };
-    Element(svg, "path")
+    return Element(svg, "path")
         .Set("d", "M " + point(circle.Start) + " A " + Coordinate(circle.Radius) + " " +
                       Coordinate(height) + " 0 " + (sweep > std::numbers::pi ? "1" : "0") + " 0 " +
                       point(circle.End))
         .Fill(circle)
-        .Stroke(circle.Pen, circle.Width);
+        .Stroke(circle.Pen, circle.Width)
+        .Fade(circle.Opacity)
+        .Node();
 }
 
-void Append(pugi::xml_node svg, const TextFigure& text) {
-    constexpr double ascent = 0.95;
+pugi::xml_node Append(pugi::xml_node svg, const TextFigure& text) {
     const double size = text.Face.Points * kTwipsPerPoint;
     const bool fixed = text.Face.Family == FontFamily::FixedPitch;
     Element element(svg, "text");
     element.Set("xml:space", "preserve")
-        .Set("x", text.X)
-        .Set("y", text.Y + size * ascent)
+        .Set("x", text.Turned ? text.X + LineHeight(text.Face) - Baseline(text.Face) : text.X)
+        .Set("y", text.Turned ? text.Y : text.Y + Baseline(text.Face))
         .Set("font-size", size)
         .Set("class", fixed ? "fixed" : "label")
         .Set("fill", ColourText(text.Pen));
     if (fixed) {
         element.Set("textLength", TextWidth(text.Text, text.Face));
     }
+    if (text.Face.Bold) {
+        element.Set("font-weight", "bold");
+    }
+    if (text.Turned) {
+        element.Set("transform",
+                    "rotate(90 " +
+                        Coordinate(text.X + LineHeight(text.Face) - Baseline(text.Face)) + " " +
+                        Coordinate(text.Y) + ")");
+    }
     element.Text(Printable(text.Text));
+    return element.Node();
 }
 
 void AppendShape(pugi::xml_node icon, const IconShape& shape) {
@@ -141,13 +180,19 @@ void AppendShape(pugi::xml_node icon, const IconShape& shape) {
     Element(icon, "polygon").Set("points", points).Set("fill", ColourText(shape.Fill));
 }
 
-void Append(pugi::xml_node svg, const IconFigure& icon) {
+pugi::xml_node Append(pugi::xml_node svg, const IconFigure& icon) {
     Element group(svg, "g");
     group.Set("transform", "translate(" + Coordinate(icon.X) + " " + Coordinate(icon.Y) +
                                ") scale(" + Coordinate(icon.Size) + ")");
     for (const IconShape& shape : IconShapes(icon.Type)) {
         AppendShape(group.Node(), shape);
     }
+    return group.Node();
+}
+
+/// What a viewer shows when the pointer rests on the figure.
+void AppendTitle(pugi::xml_node figure, const std::string& words) {
+    figure.prepend_child("title").text().set(Printable(words).c_str());
 }
 
 void EndLine(pugi::xml_node svg) {
@@ -184,8 +229,13 @@ pugi::xml_node AppendPaper(pugi::xml_document& document, const Extent& extent) {
 std::string ToSvg(const Picture& picture) {
     pugi::xml_document document;
     const pugi::xml_node svg = AppendPaper(document, picture.Bounds());
-    for (const PictureFigure& figure : picture.Figures()) {
-        std::visit([&](const auto& each) { Append(svg, each); }, figure);
+    auto spot = picture.HotSpots().begin();
+    for (std::size_t place = 0; place < picture.Figures().size(); ++place) {
+        pugi::xml_node node = std::visit([&](const auto& each) { return Append(svg, each); },
+                                         picture.Figures()[place]);
+        for (; spot != picture.HotSpots().end() && spot->Figure == place; ++spot) {
+            AppendTitle(node, WordsOf(*spot));
+        }
         EndLine(svg);
     }
     std::ostringstream text;

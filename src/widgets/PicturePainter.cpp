@@ -73,6 +73,13 @@ void Paint(QPainter& painter, const CircleFigure& circle) {
     painter.drawPath(path);
 }
 
+void Paint(QPainter& painter, const BoxFigure& box) {
+    painter.setPen(box.FrameWidth > 0 ? ToPen(box.Frame, box.FrameWidth) : QPen(Qt::NoPen));
+    painter.setBrush(ToColor(box.Fill));
+    painter.drawRoundedRect(QRectF(box.X, box.Y, box.Width, box.Height), box.Rounding,
+                            box.Rounding);
+}
+
 /// Fixed pitch is stretched to the width that the columns are laid out for.
 void Paint(QPainter& painter, const TextFigure& text) {
     constexpr double ascent = 0.95;

@@ -30,6 +30,11 @@ inline std::string FigureText(const CircleFigure& circle) {
            (circle.Filled ? " filled" : "");
 }
 
+inline std::string FigureText(const BoxFigure& box) {
+    return "box " + PairText(box.X, box.Y) + " size " + PairText(box.Width, box.Height) +
+           PenText(box.FrameWidth, box.Fill);
+}
+
 inline std::string FigureText(const TextFigure& text) {
     return "text " + PairText(text.X, text.Y) + " [" + text.Text + "]";
 }
