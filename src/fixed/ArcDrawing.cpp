@@ -13,9 +13,11 @@ double NodeSpacing(std::int16_t nodes) {
     return ToInteger(kNetworkWidth / (nodes + 1), "Spacing");
 }
 
-void DrawArc(Picture& picture, const Arc& arc, Colour colour) {
-    constexpr double aspect = 0.25;
-    picture.Circle(arc.Midpoint, kNetworkAxis, arc.Radius, colour, arc.Start, arc.End, aspect);
+void DrawArc(Picture& picture, const Arc& arc, Colour colour, double opacity) {
+    const auto& [scale, left, top] = picture.Sheet;
+    picture.Add(CircleFigure{left + scale * arc.Midpoint, top + scale * kNetworkAxis,
+                             scale * arc.Radius, arc.Start, arc.End, kArcAspect, picture.DrawWidth,
+                             colour, false, opacity});
 }
 
 }  // namespace quarnel02

@@ -1,117 +1,82 @@
 #include "fixed/DrawLinks.h"
 
-#include <array>
+#include <algorithm>
 #include <span>
-#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "basic/Numbers.h"
 #include "fixed/ArcDrawing.h"
-#include "line/CheapestLine.h"
+#include "fixed/NetworkPicture.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr Colour kGrey{125, 125, 125};
-constexpr Colour kDarkBlue{0, 0, 127};
-constexpr Colour kRed{200, 0, 0};
-constexpr Colour kBrightRed{250, 0, 50};
-constexpr Colour kYellow{250, 250, 0};
-constexpr Colour kBlack{0, 0, 0};
-
-void DrawAllArcs(Picture& picture, const Arcs& arcs) {
-    if (arcs.All().empty()) {
-        return;
-    }
-    picture.DrawWidth = 1;
-    for (const Arc& arc : arcs.All()) {
-        DrawArc(picture, arc, kGrey);
-    }
-}
-
-/// The arcs by the states of their pathways, each in the order of its first pathway.
-class ArcsByState {
+/// Reads what the picture of the network shows.
+class NetworkReader {
   public:
-    explicit ArcsByState(const Database& database);
+    NetworkReader(const Database& database, PathwayCosts costs)
+        : m_database(database), m_costs(costs), m_arcs(database) {}
 
-    /// Arcs that have a pathway in the state.
-    [[nodiscard]] std::span<const int> In(PathwayState state) const {
-        return m_arcs.at(static_cast<std::size_t>(state));
+    NetworkValues Read(std::int16_t nodes) {
+        m_values.Nodes = nodes;
+        m_values.Spacing = NodeSpacing(nodes);
+        m_values.Arcs.assign(m_arcs.All().begin(), m_arcs.All().end());
+        m_ways.resize(m_values.Arcs.size());
+        ReadPathways();
+        NameArcs();
+        return std::move(m_values);
     }
 
   private:
-    static constexpr std::size_t kStates = 5;  ///< with 0, which is none
+    void ReadPathways() {
+        RecordSet rows =
+            m_database.OpenRecordSet("SELECT ArcId, Feasible, ResourceId, Cost FROM Pathways;");
+        for (; !rows.Eof(); rows.MoveNext()) {
+            const auto place =
+                static_cast<std::size_t>(&m_arcs.WithId(rows.Integer(0)) - m_arcs.All().data());
+            const bool costed = m_costs == PathwayCosts::Known && !IsNull(rows.Field(3));
+            const ArcWay way{rows.Integer(2), rows.Integer(1), costed ? rows.Number(3) : 0};
+            NoteState(place, static_cast<std::size_t>(way.State));
+            m_ways[place].push_back(way);
+        }
+    }
 
-    std::array<std::vector<int>, kStates> m_arcs;
+    /// Dearer ways are no layer of their own.
+    void NoteState(std::size_t place, std::size_t state) {
+        constexpr std::size_t dearer = 3;
+        const bool first = std::none_of(
+            m_ways[place].begin(), m_ways[place].end(),
+            [&](const ArcWay& way) { return static_cast<std::size_t>(way.State) == state; });
+        if (state < NetworkValues::kStates && state != dearer && first) {
+            m_values.InState.at(state).push_back(place);
+        }
+    }
+
+    void NameArcs() {
+        const auto names = ResourceNames(m_database);
+        for (std::size_t place = 0; place < m_ways.size(); ++place) {
+            const Arc& arc = m_values.Arcs[place];
+            m_values.Words.push_back(ArcWords(arc.TaskStart, arc.TaskEnd, m_ways[place], names));
+        }
+    }
+
+    const Database& m_database;
+    PathwayCosts m_costs;
+    Arcs m_arcs;
+    NetworkValues m_values;
+    std::vector<std::vector<ArcWay>> m_ways;  ///< by place of the arc
 };
-
-ArcsByState::ArcsByState(const Database& database) {
-    std::array<std::unordered_set<int>, kStates> known;
-    RecordSet pathways =
-        database.OpenRecordSet("SELECT ArcId, Feasible FROM Pathways WHERE Feasible <> 3;");
-    for (; !pathways.Eof(); pathways.MoveNext()) {
-        const auto state = static_cast<std::size_t>(pathways.Integer(1));
-        const int arc = pathways.Integer(0);
-        if (state < kStates && known[state].insert(arc).second) {
-            m_arcs[state].push_back(arc);
-        }
-    }
-}
-
-void DrawArcsInState(Picture& picture, const Arcs& arcs, std::span<const int> found,
-                     Colour colour) {
-    if (found.empty()) {
-        return;
-    }
-    picture.DrawWidth = 2;
-    for (const int arc : found) {
-        DrawArc(picture, arcs.WithId(arc), colour);
-    }
-}
-
-void DrawChosenArcs(Picture& picture, const Arcs& arcs, std::span<const int> chosen) {
-    for (const int number : chosen) {
-        const Arc& arc = arcs.WithId(number);
-        picture.DrawWidth = 4;
-        DrawArc(picture, arc, kBrightRed);
-        picture.DrawWidth = 2;
-        DrawArc(picture, arc, kYellow);
-    }
-}
-
-/// The last node stays without a label: labels number the tasks, each between two nodes.
-void DrawNodes(Picture& picture, std::int16_t nodes) {
-    constexpr double radius = 50;
-    constexpr double half_line = 85;
-    constexpr double half_digit = 85;
-    constexpr double half_two_digits = 120;
-    const double spacing = NodeSpacing(nodes);
-    picture.Fill = FillStyle::Solid;
-    picture.DrawWidth = 1;
-    for (int node = 1; node <= nodes; ++node) {
-        picture.Circle(node * spacing, kNetworkAxis, radius, kBlack);
-        picture.CurrentX += spacing * 0.5 - (node < 10 ? half_digit : half_two_digits);
-        picture.CurrentY -= half_line;
-        if (node < nodes) {
-            picture.PrintNumber(node);
-        }
-    }
-    picture.Fill = FillStyle::Transparent;
-}
 
 }  // namespace
 
-void DrawLinks(const Database& database, const TextBoxes& boxes, Picture& network) {
+void DrawLinks(const Database& database, const TextBoxes& boxes, Picture& network,
+               PathwayCosts costs) {
     network.Clear();
-    const Arcs arcs(database);
-    DrawAllArcs(network, arcs);
-    const ArcsByState states(database);
-    DrawArcsInState(network, arcs, states.In(PathwayState::Feasible), kDarkBlue);
-    DrawArcsInState(network, arcs, states.In(PathwayState::OverLimit), kRed);
-    DrawChosenArcs(network, arcs, states.In(PathwayState::Chosen));
     const double tasks = TextToDouble(boxes.Text(TextBox::txtTasks), "Number of tasks");
-    DrawNodes(network, ToInteger(tasks + 1, "Number of tasks"));
+    const std::int16_t nodes = ToInteger(tasks + 1, "Number of tasks");
+    ComposeNetwork(network, NetworkReader(database, costs).Read(nodes));
 }
 
 }  // namespace quarnel02

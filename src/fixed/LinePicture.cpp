@@ -1,109 +1,226 @@
 #include "fixed/LinePicture.h"
 
 #include <algorithm>
-#include <string>
+#include <utility>
 
+#include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
+#include "fixed/LineLayout.h"
+#include "fixed/ToolsText.h"
+#include "picture/Inks.h"
 
 namespace quarnel02 {
 
 namespace {
 
-// Measures of a figure of full size, twips.
-constexpr double kStep = 1000;       ///< from one figure to the next
-constexpr double kIcon = 900;        ///< side of an icon
-constexpr double kLabelDown = 1000;  ///< from a figure's top to its label
-constexpr double kLabelRight = 330;  ///< from a figure's left edge to its label
-constexpr double kRow = 1250;        ///< figure and label
-
-// Tops of the rows as shares of the paper's height.
-constexpr double kUpperRow = 0.15;
-constexpr double kOnlyRow = 0.26;
-constexpr double kLowerRow = 0.55;
-
-int RowsNeeded(int stations, double scale, double width) {
-    const int per_row = std::max(1, static_cast<int>(width / (kStep * scale)));
-    return (stations + per_row - 1) / per_row;
-}
-
-std::string QuantityText(int quantity) {
-    return "Qty: " + NumberText(quantity);
-}
-
-/// At full size a label of one digit stands at kLabelRight; longer and smaller ones keep its
-/// centre.
-void PrintQuantity(Picture& picture, double left, double top, double scale, int quantity) {
-    const std::string label = QuantityText(quantity);
-    const double centre = kLabelRight + TextWidth(QuantityText(1), Font{}) / 2;
-    picture.CurrentX = left + centre * scale - TextWidth(label, picture.TextFont) / 2;
-    picture.CurrentY = top + kLabelDown * scale;
-    picture.Print(label);
-}
-
-/// Labels as large as fits between neighbouring figures and rows, at most 8 points.
-Font LabelFont(std::span<const StationFigure> stations, const LineLayout& layout) {
-    constexpr double share_of_step = 0.8;
-    Font font;
-    double widest = 0;
-    for (const StationFigure& station : stations) {
-        widest = std::max(widest, TextWidth(QuantityText(station.Quantity), font));
-    }
-    const double width = share_of_step * kStep * layout.Scale;
-    const double height = layout.RowStep - kLabelDown * layout.Scale;
-    font.Points *= std::min({1.0, width / widest, height / LineHeight(font)});
-    return font;
-}
+constexpr const char* kHeading = "Graphical Representation";
+constexpr const char* kRule = "------------------------------------";
+constexpr double kMargin = 60;
+constexpr Colour kFlow{110, 120, 132};
 
 bool IsResourceType(int type) {
     return type >= 0 && type <= static_cast<int>(ResourceType::Automated);
 }
 
-}  // namespace
-
-LineLayout LayOutLine(int stations, double width, double height) {
-    const int at_full_size = RowsNeeded(stations, 1, width);
-    const int per_row = std::max(1, static_cast<int>(width / kStep));
-    if (at_full_size <= 1) {
-        return {1, per_row, 1, kOnlyRow * height, kRow};
-    }
-    if (at_full_size == 2 && (1 - kLowerRow) * height >= kRow) {
-        return {1, (stations + 1) / 2, 2, kUpperRow * height, (kLowerRow - kUpperRow) * height};
-    }
-    const double room = (1 - kUpperRow) * height;
-    double scale = 1;
-    while (scale > 0.1 && RowsNeeded(stations, scale, width) * kRow * scale > room) {
-        scale -= 0.05;
-    }
-    const int rows = RowsNeeded(stations, scale, width);
-    return {scale, (stations + rows - 1) / rows, rows, kUpperRow * height, room / rows};
+std::string QuantityText(const StationFigure& station) {
+    return "Qty: " + NumberText(station.Quantity);
 }
 
-void DrawLine(Picture& picture, std::span<const StationFigure> stations) {
-    picture.Clear();
-    picture.TextFont = {};
-    PictureLines lines(picture);
-    LinePrinter printer(lines);
-    printer.Print("Graphical Representation");
-    printer.Print("------------------------------------");
+std::string RangeText(const StationFigure& station) {
+    return TasksText(station.FirstTask, station.LastTask + 1);
+}
 
-    const int count = static_cast<int>(stations.size());
-    const LineLayout layout = LayOutLine(count, picture.Width(), picture.Height());
-    picture.TextFont = LabelFont(stations, layout);
-    for (int place = 0; place < count; ++place) {
-        const int row = place / layout.PerRow;
-        const int in_row = std::min(layout.PerRow, count - row * layout.PerRow);
-        const double step = kStep * layout.Scale;
-        const double left =
-            picture.Width() / 2 - in_row * step / 2 + (place % layout.PerRow) * step;
-        const double top = layout.FirstTop + row * layout.RowStep;
-        const auto& [type, quantity] = stations[static_cast<std::size_t>(place)];
-        if (IsResourceType(type)) {
-            picture.Icon(static_cast<ResourceType>(type), left + (kStep - kIcon) / 2 * layout.Scale,
-                         top, kIcon * layout.Scale);
-        }
-        PrintQuantity(picture, left, top, layout.Scale, quantity);
+std::string TaskLine(const StationFigure& station) {
+    return (station.FirstTask == station.LastTask ? "Task " : "Tasks ") + RangeText(station);
+}
+
+/// Draws the cards of one line.
+class LineDrawing {
+  public:
+    LineDrawing(Picture& picture, const std::vector<StationFigure>& stations)
+        : m_picture(picture),
+          m_stations(stations),
+          m_font(picture.PageFont()),
+          m_bold(picture.PageFont(0, true)),
+          m_line(LineHeight(m_font)) {}
+
+    void Draw();
+
+  private:
+    [[nodiscard]] CardTexts WidestTexts() const;
+    void DrawHeading();
+    void DrawCard(std::size_t place, const Extent& card);
+    void FillFullCard(std::size_t place, const Extent& card);
+    void FillFlatCard(std::size_t place, const Extent& card);
+    void PrintCentred(const Extent& card, double top, const std::string& text, const Font& font,
+                      Colour colour);
+    void DrawFlow(std::size_t place);
+    void DrawStroke(double x1, double y1, double x2, double y2);
+    void DrawArrow(double x1, double y1, double x2, double y2);
+    void DrawTurn(const Extent& from, const Extent& to);
+    [[nodiscard]] std::string Shortened(const std::string& text, double room,
+                                        const Font& font) const {
+        return Elided(text, room, font, *m_picture.LaidOutFor().Measure);
     }
-    picture.TextFont = {};
+
+    Picture& m_picture;
+    const std::vector<StationFigure>& m_stations;
+    Font m_font;
+    Font m_bold;
+    double m_line;
+    LineLayout m_layout;
+};
+
+CardTexts LineDrawing::WidestTexts() const {
+    constexpr double longest_name = 9;  // in lines
+    CardTexts texts{};
+    int number = 0;
+    for (const StationFigure& station : m_stations) {
+        const auto width = [&](const std::string& text) { return m_picture.WidthOf(text, m_font); };
+        const std::string mark = NumberText(++number);
+        const double name =
+            std::min(m_picture.WidthOf(station.Name, m_bold), longest_name * m_line);
+        texts.Full = std::max({texts.Full, name, width("Station " + mark),
+                               width(QuantityText(station)), width(TaskLine(station))});
+        texts.Flat = std::max({texts.Flat, name + m_picture.WidthOf(mark + " ", m_bold),
+                               width(QuantityText(station) + "  " + RangeText(station))});
+    }
+    return texts;
+}
+
+void LineDrawing::Draw() {
+    const Page& page = m_picture.LaidOutFor();
+    m_picture.SetPaper(
+        std::max(page.Width, 2 * kMargin + TextWidth(kRule, {FontFamily::FixedPitch})),
+        page.Height);
+    DrawHeading();
+    if (m_stations.empty()) {
+        return;
+    }
+    const Extent area{kMargin, m_picture.CurrentY, m_picture.Width() - kMargin,
+                      m_picture.Height() - kMargin};
+    m_layout = LayOutLine(static_cast<int>(m_stations.size()), area, WidestTexts(), m_line);
+    m_picture.SetPaper(std::max(m_picture.Width(), m_layout.Right + kMargin),
+                       std::max(m_picture.Height(), m_layout.Bottom + kMargin));
+    for (std::size_t place = 0; place < m_stations.size(); ++place) {
+        DrawCard(place, m_layout.Cards[place]);
+        if (place > 0) {
+            DrawFlow(place);
+        }
+    }
+}
+
+void LineDrawing::DrawHeading() {
+    m_picture.TextFont = {};
+    PictureLines lines(m_picture);
+    LinePrinter printer(lines);
+    printer.Print(kHeading);
+    printer.Print(kRule);
+}
+
+void LineDrawing::DrawCard(std::size_t place, const Extent& card) {
+    constexpr double rounding = 75;
+    const StationFigure& station = m_stations[place];
+    m_picture.Add(BoxFigure{card.Left, card.Top, card.Right - card.Left, card.Bottom - card.Top,
+                            rounding, kCard, 1, kCardFrame});
+    const std::string number = NumberText(static_cast<int>(place) + 1);
+    const std::string tasks = (station.FirstTask == station.LastTask ? ", task " : ", tasks ");
+    m_picture.Describe(
+        "Station " + number + ": " + station.Name + ", " + QuantityText(station) + tasks +
+        RangeText(station) +
+        (station.Cost > 0 ? ", " + Format(station.Cost, "$#,##0") + " a year" : std::string()));
+    m_layout.IsFlat ? FillFlatCard(place, card) : FillFullCard(place, card);
+}
+
+void LineDrawing::PrintCentred(const Extent& card, double top, const std::string& text,
+                               const Font& font, Colour colour) {
+    const std::string shown = Shortened(text, card.Right - card.Left - kCardPadding, font);
+    const double width = m_picture.WidthOf(shown, font);
+    m_picture.Text((card.Left + card.Right - width) / 2, top, shown, font, colour);
+}
+
+void LineDrawing::FillFullCard(std::size_t place, const Extent& card) {
+    const StationFigure& station = m_stations[place];
+    double top = card.Top + kCardPadding / 2;
+    PrintCentred(card, top, "Station " + NumberText(static_cast<int>(place) + 1), m_font, kSoftInk);
+    top += m_line;
+    if (IsResourceType(station.Type)) {
+        m_picture.Icon(static_cast<ResourceType>(station.Type),
+                       (card.Left + card.Right - m_layout.Icon) / 2, top, m_layout.Icon);
+    }
+    top += m_layout.Icon;
+    PrintCentred(card, top, station.Name, m_bold, kInk);
+    PrintCentred(card, top + m_line, QuantityText(station), m_font, kInk);
+    PrintCentred(card, top + 2 * m_line, TaskLine(station), m_font, kInk);
+}
+
+/// The icon to the left of two lines.
+void LineDrawing::FillFlatCard(std::size_t place, const Extent& card) {
+    const StationFigure& station = m_stations[place];
+    const double top = card.Top + kCardPadding / 2;
+    const double left = card.Left + kCardPadding + m_layout.Icon;
+    const double room = card.Right - left - kCardPadding / 2;
+    if (IsResourceType(station.Type)) {
+        m_picture.Icon(static_cast<ResourceType>(station.Type), card.Left + kCardPadding / 2, top,
+                       m_layout.Icon);
+    }
+    m_picture.Text(
+        left, top,
+        Shortened(NumberText(static_cast<int>(place) + 1) + " " + station.Name, room, m_bold),
+        m_bold, kInk);
+    m_picture.Text(left, top + m_line, QuantityText(station), m_font, kInk);
+    m_picture.Text(left + m_picture.WidthOf(QuantityText(station) + "  ", m_font), top + m_line,
+                   RangeText(station), m_font, kInk);
+}
+
+void LineDrawing::DrawStroke(double x1, double y1, double x2, double y2) {
+    m_picture.DrawWidth = 2;
+    m_picture.Line(x1, y1, x2, y2, kFlow);
+}
+
+/// To the right or downwards.
+void LineDrawing::DrawArrow(double x1, double y1, double x2, double y2) {
+    constexpr double head = 75;
+    DrawStroke(x1, y1, x2, y2);
+    if (y1 == y2) {
+        DrawStroke(x2 - head, y2 - head, x2, y2);
+        DrawStroke(x2 - head, y2 + head, x2, y2);
+    } else {
+        DrawStroke(x2 - head, y2 - head, x2, y2);
+        DrawStroke(x2 + head, y2 - head, x2, y2);
+    }
+}
+
+void LineDrawing::DrawFlow(std::size_t place) {
+    constexpr double clear = 30;
+    const Extent& from = m_layout.Cards[place - 1];
+    const Extent& to = m_layout.Cards[place];
+    const double middle = (to.Top + to.Bottom) / 2;
+    if (from.Top == to.Top) {
+        DrawArrow(from.Right + clear, middle, to.Left - clear, middle);
+    } else if (m_layout.PerRow == 1) {
+        const double centre = (to.Left + to.Right) / 2;
+        DrawArrow(centre, from.Bottom + clear, centre, to.Top - clear);
+    } else {
+        DrawTurn(from, to);
+    }
+}
+
+/// From under the last card of a row to over the first one of the next.
+void LineDrawing::DrawTurn(const Extent& from, const Extent& to) {
+    constexpr double clear = 30;
+    const double between = (from.Bottom + to.Top) / 2;
+    const double start = (from.Left + from.Right) / 2;
+    const double end = (to.Left + to.Right) / 2;
+    DrawStroke(start, from.Bottom + clear, start, between);
+    DrawStroke(start, between, end, between);
+    DrawArrow(end, between, end, to.Top - clear);
+}
+
+}  // namespace
+
+void DrawLine(Picture& picture, std::vector<StationFigure> stations) {
+    picture.Compose([all = std::move(stations)](Picture& each) { LineDrawing(each, all).Draw(); });
 }
 
 }  // namespace quarnel02

@@ -1,33 +1,26 @@
 #pragma once
 
-#include <span>
+#include <string>
+#include <vector>
 
 #include "picture/Picture.h"
 
 namespace quarnel02 {
 
-/// A station of the drawn line: its equipment class as Resources.Type stores it, and the number
-/// of parallel units.
+/// A station of the drawn line.
 struct StationFigure {
-    int Type;
-    int Quantity;
+    int Type = 0;  ///< equipment class as Resources.Type stores it; others draw no icon
+    int Quantity = 1;
+    std::string Name;  ///< of the resource
+    int FirstTask = 1;
+    int LastTask = 1;
+    double Cost = 0;  ///< dollars per year
 };
 
-/// Where the figures of a line stand on the paper.
-struct LineLayout {
-    double Scale;  ///< 1 for figures of full size
-    int PerRow;    ///< figures in a full row
-    int Rows;
-    double FirstTop;  ///< top of the first row, twips
-    double RowStep;   ///< distance of the rows, twips
-};
-
-/// Largest figures with which `stations` stations fit on paper of that size, twips: one row in
-/// the upper middle, two rows, or more and smaller ones.
-LineLayout LayOutLine(int stations, double width, double height);
-
-/// Draws the line under the heading "Graphical Representation": an icon per station in line
-/// order, rows centred, "Qty: n" under each. The picture is cleared first.
-void DrawLine(Picture& picture, std::span<const StationFigure> stations);
+/// Draws the line under the heading "Graphical Representation" as large as fits the paper: a card
+/// per station in line order with number, icon, resource, "Qty: n" and tasks, and the flow from
+/// card to card. Cards that would be too small for that are flat ones; for more of them than the
+/// paper holds it grows downwards.
+void DrawLine(Picture& picture, std::vector<StationFigure> stations);
 
 }  // namespace quarnel02

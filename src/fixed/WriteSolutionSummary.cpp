@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "basic/Files.h"
@@ -182,9 +183,11 @@ void DrawChosenLine(Picture& picture, const LineModel& model,
     std::vector<StationFigure> figures;
     figures.reserve(stations.size());
     for (const Station& station : stations) {
-        figures.push_back({model.ResourceOf(station.Resource).Type, station.Quantity});
+        const Resource& resource = model.ResourceOf(station.Resource);
+        figures.push_back({resource.Type, station.Quantity, resource.ShortName, station.TaskStart,
+                           station.TaskEnd - 1, station.Cost});
     }
-    DrawLine(picture, figures);
+    DrawLine(picture, std::move(figures));
 }
 
 }  // namespace

@@ -1,167 +1,182 @@
 #include "picture/Chart.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
-#include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
+#include "picture/Inks.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr Colour kInk{40, 40, 40};
-constexpr Colour kGridLine{225, 225, 225};
 constexpr double kTickLength = 60;
-constexpr double kGap = 60;
+constexpr double kGap = 75;
+constexpr int kMostSteps = 10;
 
-// Margins of the plot as shares of the paper.
-constexpr double kLeftShare = 0.16;
-constexpr double kRightShare = 0.96;
-constexpr double kTopShare = 0.16;
-constexpr double kBottomShare = 0.80;
+/// As many steps as texts of that size have room for.
+int StepsIn(double room, double size) {
+    return std::clamp(static_cast<int>(room / size), 2, kMostSteps);
+}
 
 }  // namespace
 
-AxisScale RoundScale(double low, double high, int most) {
-    const double span = high > low ? high - low : std::max(std::fabs(high), 1.0);
-    const double power = std::pow(10, std::floor(std::log10(span / most)));
-    double step = power;
-    for (const double factor : {1.0, 2.0, 2.5, 5.0, 10.0, 20.0}) {
-        step = factor * power;
-        if (std::ceil(high / step) - std::floor(low / step) <= most) {
-            break;
-        }
-    }
-    const double first = std::floor(low / step) * step;
-    return {first, std::max(std::ceil(high / step) * step, first + step), step};
-}
-
-std::string ThousandsText(double volume) {
-    const double thousands = volume / 1000;
-    const bool whole = std::fabs(thousands - std::round(thousands)) < 0.0005;
-    return (whole ? Format(thousands, "###0") : NumberText(std::round(thousands * 1000) / 1000)) +
-           "K";
-}
-
-Chart::Chart(Picture& picture, const std::string& title, Axis x, Axis y)
+Chart::Chart(Picture& picture, ChartFrame frame)
     : m_picture(picture),
-      m_x(std::move(x)),
-      m_y(std::move(y)),
-      m_left(picture.Width() * kLeftShare),
-      m_right(picture.Width() * kRightShare),
-      m_top(picture.Height() * kTopShare),
-      m_bottom(picture.Height() * kBottomShare) {
-    m_picture.Clear();
-    m_picture.DrawWidth = 1;
-    m_picture.TextFont = {FontFamily::Proportional, 10};
-    PrintAt((picture.Width() - TextWidth(title, picture.TextFont)) / 2, kGap, title, kInk);
-    m_picture.TextFont = {FontFamily::Proportional, 8};
+      m_frame(std::move(frame)),
+      m_font(picture.PageFont()),
+      m_line(LineHeight(m_font)),
+      m_labels({0, 0, 0, 0}) {
+    LayOutPlot();
+    m_labels = LabelPlaces(m_plot);
+    DrawHead();
     DrawYTicks();
-    DrawXTicks();
+    m_frame.Places.empty() ? DrawXTicks() : DrawPlaces();
     DrawAxes();
 }
 
+/// As many ticks as have room for their texts.
+AxisScale Chart::WidestScale(double width) const {
+    constexpr double spacing = 1.3;
+    AxisScale scale{};
+    for (int most = kMostSteps; most >= 1; --most) {
+        scale = RoundScale(m_frame.X.Low, m_frame.X.High, most);
+        const double widest = WidestTick(m_frame.X, scale, m_font, *m_picture.LaidOutFor().Measure);
+        const double steps = std::round((scale.High - scale.Low) / scale.Step);
+        if (steps * widest * spacing <= width) {
+            break;
+        }
+    }
+    return scale;
+}
+
+void Chart::LayOutPlot() {
+    constexpr double least_columns = 16;
+    constexpr double least_lines = 11;
+    constexpr double lines_per_step = 1.7;
+    const Page& page = m_picture.LaidOutFor();
+    m_picture.SetPaper(std::max(page.Width, least_columns * m_line),
+                       std::max(page.Height, least_lines * m_line + LegendHeight()));
+    const double head = LineHeight(m_picture.PageFont(1, true)) + LegendHeight() + 1.5 * m_line;
+    m_plot.Top = 2 * kGap + head;
+    m_plot.Bottom = m_picture.Height() - 2 * kGap - 2.5 * m_line;
+    m_yScale = RoundScale(m_frame.Y.Low, m_frame.Y.High,
+                          StepsIn(m_plot.Bottom - m_plot.Top, lines_per_step * m_line));
+    m_plot.Left = 2 * kGap + kTickLength + WidestTick(m_frame.Y, m_yScale, m_font, *page.Measure);
+    m_plot.Right = m_picture.Width() - 2 * kGap;
+    if (!m_frame.Places.empty()) {
+        m_xScale = {0, static_cast<double>(m_frame.Places.size()), 1};
+        return;
+    }
+    m_xScale = WidestScale(m_plot.Right - m_plot.Left);
+    m_plot.Right -= WidestTick(m_frame.X, m_xScale, m_font, *page.Measure) / 2;
+}
+
 double Chart::ToX(double x) const {
-    return m_left + (x - m_x.Scale.Low) / (m_x.Scale.High - m_x.Scale.Low) * PlotWidth();
+    return m_plot.Left +
+           (x - m_xScale.Low) / (m_xScale.High - m_xScale.Low) * (m_plot.Right - m_plot.Left);
 }
 
 double Chart::ToY(double y) const {
-    return m_bottom - (y - m_y.Scale.Low) / (m_y.Scale.High - m_y.Scale.Low) * (m_bottom - m_top);
+    return m_plot.Bottom -
+           (y - m_yScale.Low) / (m_yScale.High - m_yScale.Low) * (m_plot.Bottom - m_plot.Top);
 }
 
-void Chart::PrintAt(double x, double y, const std::string& text, Colour colour) {
-    m_picture.CurrentX = x;
-    m_picture.CurrentY = y;
-    m_picture.Print(text, colour);
+void Chart::PrintCentred(double x, double top, const std::string& text, const Font& font,
+                         Colour colour) {
+    const std::string shown =
+        Elided(text, m_picture.Width() - 2 * kGap, font, *m_picture.LaidOutFor().Measure);
+    const double width = m_picture.WidthOf(shown, font);
+    m_picture.Text(
+        std::clamp(x - width / 2, kGap, std::max(kGap, m_picture.Width() - width - kGap)), top,
+        shown, font, colour);
 }
 
-std::string Chart::TickText(const Axis& axis, double value) {
-    if (axis.InThousands) {
-        return ThousandsText(value);
-    }
-    if (axis.Money) {
-        return value == 0 ? "$0" : Format(value, "$#,###");
-    }
-    return NumberText(std::round(value * 1e6) / 1e6);
+void Chart::DrawHead() {
+    const Font bold = m_picture.PageFont(1, true);
+    PrintCentred(m_picture.Width() / 2, kGap, m_frame.Title, bold, kInk);
+    DrawLegend(m_picture, m_frame.Legend, kGap, kGap + LineHeight(bold), m_picture.Width() - kGap);
+    const double right = m_picture.Width() - 2 * kGap;
+    m_picture.Text(kGap, m_plot.Top - 1.5 * m_line - kGap,
+                   Elided(m_frame.Y.Title, right, m_font, *m_picture.LaidOutFor().Measure), m_font,
+                   kSoftInk);
+}
+
+double Chart::LegendHeight() const {
+    Picture probe(m_picture.LaidOutFor());
+    return DrawLegend(probe, m_frame.Legend, kGap, 0, probe.Width() - kGap);
 }
 
 void Chart::DrawAxes() {
-    m_picture.Line(m_left, m_top, m_left, m_bottom, kInk);
-    m_picture.Line(m_left, m_bottom, m_right, m_bottom, kInk);
-    const Font& font = m_picture.TextFont;
-    PrintAt(m_left + (PlotWidth() - TextWidth(m_x.Title, font)) / 2,
-            m_picture.Height() - LineHeight(font) - kGap, m_x.Title, kInk);
-    PrintAt(kGap, m_top - LineHeight(font) - 2 * kGap, m_y.Title, kInk);
+    m_picture.DrawWidth = 1;
+    m_picture.Line(m_plot.Left, m_plot.Top, m_plot.Left, m_plot.Bottom, kInk);
+    m_picture.Line(m_plot.Left, m_plot.Bottom, m_plot.Right, m_plot.Bottom, kInk);
+    if (m_yScale.Low > 0) {
+        DrawBreak();
+    }
+    PrintCentred((m_plot.Left + m_plot.Right) / 2, m_picture.Height() - m_line - kGap,
+                 m_frame.X.Title, m_font, kSoftInk);
+}
+
+/// Two strokes across the lower end of the axis: it does not begin at 0.
+void Chart::DrawBreak() {
+    constexpr double half = 75;
+    constexpr double rise = 45;
+    constexpr double distance = 60;
+    const double foot = m_plot.Bottom - 2 * distance;
+    m_picture.Add(BoxFigure{m_plot.Left - kTwipsPerPixel, foot - distance, 2 * kTwipsPerPixel,
+                            distance, 0, kPaper});
+    for (const double y : {foot, foot - distance}) {
+        m_picture.Line(m_plot.Left - half, y + rise, m_plot.Left + half, y - rise, kInk);
+        m_picture.Describe("This axis does not begin at 0.");
+    }
 }
 
 void Chart::DrawXTicks() {
-    const auto& [low, high, step] = m_x.Scale;
     double free_from = 0;
-    const auto ticks = static_cast<int>(std::lround((high - low) / step));
-    for (int tick = 0; tick <= ticks; ++tick) {
-        const double value = low + tick * step;
+    for (const double value : TicksOf(m_xScale)) {
         const double x = ToX(value);
-        m_picture.Line(x, m_bottom, x, m_bottom + kTickLength, kInk);
-        const std::string text = TickText(m_x, value);
-        const double width = TextWidth(text, m_picture.TextFont);
-        if (x - width / 2 >= free_from) {
-            PrintAt(x - width / 2, m_bottom + kTickLength + kGap, text, kInk);
-            free_from = x + width / 2 + kGap;
+        m_picture.Line(x, m_plot.Bottom, x, m_plot.Bottom + kTickLength, kInk);
+        const std::string text = TickText(m_frame.X, m_xScale, value);
+        const double left = x - m_picture.WidthOf(text, m_font) / 2;
+        if (left >= free_from) {
+            m_picture.Text(left, m_plot.Bottom + m_line / 2, text, m_font, kSoftInk);
+            free_from = x + m_picture.WidthOf(text, m_font) / 2 + kGap / 2;
+        }
+    }
+}
+
+/// Whole names where all have room, else numbers, as many as have room.
+void Chart::DrawPlaces() {
+    const double room = ToX(1) - ToX(0) - kGap / 2;
+    const bool whole = std::all_of(
+        m_frame.Places.begin(), m_frame.Places.end(),
+        [&](const std::string& name) { return m_picture.WidthOf(name, m_font) <= room; });
+    double free_from = 0;
+    for (std::size_t place = 0; place < m_frame.Places.size(); ++place) {
+        const double middle = ToX(static_cast<double>(place) + 0.5);
+        const std::string text =
+            whole ? m_frame.Places[place] : NumberText(static_cast<int>(place) + 1);
+        const double width = m_picture.WidthOf(text, m_font);
+        if (middle - width / 2 >= free_from) {
+            m_picture.Text(middle - width / 2, m_plot.Bottom + m_line / 2, text, m_font, kInk);
+            m_picture.Describe(m_frame.Places[place]);
+            free_from = middle + width / 2 + kGap / 2;
         }
     }
 }
 
 void Chart::DrawYTicks() {
-    const auto& [low, high, step] = m_y.Scale;
-    const auto ticks = static_cast<int>(std::lround((high - low) / step));
-    for (int tick = 0; tick <= ticks; ++tick) {
-        const double value = low + tick * step;
+    for (const double value : TicksOf(m_yScale)) {
         const double y = ToY(value);
-        m_picture.Line(m_left, y, m_right, y, kGridLine);
-        m_picture.Line(m_left - kTickLength, y, m_left, y, kInk);
-        const std::string text = TickText(m_y, value);
-        PrintAt(m_left - kTickLength - kGap / 2 - TextWidth(text, m_picture.TextFont),
-                y - LineHeight(m_picture.TextFont) / 2, text, kInk);
+        m_picture.Line(m_plot.Left, y, m_plot.Right, y, kGridLine);
+        m_picture.Line(m_plot.Left - kTickLength, y, m_plot.Left, y, kInk);
+        const std::string text = TickText(m_frame.Y, m_yScale, value);
+        m_picture.Text(m_plot.Left - kTickLength - kGap / 2 - m_picture.WidthOf(text, m_font),
+                       y - m_line / 2, text, m_font, kSoftInk);
     }
-}
-
-void Chart::Line(double x1, double y1, double x2, double y2, Colour colour, int width) {
-    m_picture.DrawWidth = width;
-    m_picture.Line(ToX(x1), ToY(y1), ToX(x2), ToY(y2), colour);
-    m_picture.DrawWidth = 1;
-}
-
-void Chart::Bar(double x, double y, double width, Colour colour) {
-    m_picture.DrawWidth = std::max(1, static_cast<int>(width / kTwipsPerPixel));
-    m_picture.Line(ToX(x), m_bottom, ToX(x), ToY(y), colour);
-    m_picture.DrawWidth = 1;
-}
-
-void Chart::Guide(double x, Colour colour) {
-    m_picture.Line(ToX(x), m_top, ToX(x), m_bottom, colour);
-}
-
-void Chart::Mark(double x, double y, Colour colour) {
-    constexpr double radius = 70;
-    m_picture.Fill = FillStyle::Solid;
-    m_picture.Circle(ToX(x), ToY(y), radius, colour);
-    m_picture.Fill = FillStyle::Transparent;
-}
-
-void Chart::PrintCentred(double x, double top, const std::string& text, Colour colour) {
-    const double width = TextWidth(text, m_picture.TextFont);
-    PrintAt(std::clamp(ToX(x) - width / 2, m_left, std::max(m_left, m_right - width)), top, text,
-            colour);
-}
-
-void Chart::LabelAbove(double x, double y, const std::string& text, Colour colour) {
-    PrintCentred(x, ToY(y) - LineHeight(m_picture.TextFont) - kGap, text, colour);
-}
-
-void Chart::LabelBelow(double x, double y, const std::string& text, Colour colour) {
-    PrintCentred(x, ToY(y) + 2 * kGap, text, colour);
 }
 
 }  // namespace quarnel02

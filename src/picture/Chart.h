@@ -1,68 +1,91 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "picture/Axis.h"
+#include "picture/LabelPlaces.h"
 #include "picture/Picture.h"
 
 namespace quarnel02 {
 
-/// Range of an axis and the distance of its ticks.
-struct AxisScale {
-    double Low;
-    double High;
-    double Step;
+/// A curve or a kind of bar in the legend of a drawing.
+struct LegendEntry {
+    std::string Text;
+    Colour Pen;
+    bool Dashed = false;
+    std::optional<Colour> Core = {};  ///< of a thinner line inside
 };
 
-/// A range that holds `low` to `high` in round steps, of which there are at most `most`.
-AxisScale RoundScale(double low, double high, int most);
+/// What stands round the plot of a chart.
+struct ChartFrame {
+    std::string Title;
+    Axis X;
+    Axis Y;
+    std::vector<LegendEntry> Legend;
+    /// Names of the places along x instead of a scale: place i reaches from i to i + 1. Their
+    /// numbers stand alone where the names have no room.
+    std::vector<std::string> Places;
+};
 
-/// A volume in thousands: "12.5K".
-std::string ThousandsText(double volume);
+/// Writes a legend in rows from (left, top) to `right` and returns the height of the rows.
+double DrawLegend(Picture& picture, std::span<const LegendEntry> legend, double left, double top,
+                  double right);
 
-/// A chart on a picture: title, axes with ticks and labels, and lines or bars in data units.
-/// The picture is cleared first.
+/// A chart that fills the paper: title, legend, axes with ticks and labels, and lines or bars in
+/// data units. Paper that is too small for it grows. To be drawn by a recipe.
 class Chart {
   public:
-    struct Axis {
-        AxisScale Scale;
-        std::string Title;
-        bool InThousands = false;  ///< labels such as "20K"
-        bool Money = false;        ///< labels such as "$1,200"
-    };
+    Chart(Picture& picture, ChartFrame frame);
 
-    Chart(Picture& picture, const std::string& title, Axis x, Axis y);
-
-    void Line(double x1, double y1, double x2, double y2, Colour colour, int width = 1);
-    /// A bar from the x axis up to `y`, `width` in twips.
-    void Bar(double x, double y, double width, Colour colour);
-    /// A full height line behind a value of x.
-    void Guide(double x, Colour colour);
-    /// A disc on a point of the curve.
-    void Mark(double x, double y, Colour colour);
-    /// A text centred over or under a place in the plot, kept between its left and right ends.
-    void LabelAbove(double x, double y, const std::string& text, Colour colour);
-    void LabelBelow(double x, double y, const std::string& text, Colour colour);
+    /// A line, as far as it lies within the y axis; false when nothing of it does.
+    bool Line(double x1, double y1, double x2, double y2, Colour colour, int width = 1,
+              bool dashed = false);
+    /// A dashed line across the plot at a value of y.
+    void Limit(double y, Colour colour);
+    /// A bar between two places on the paper and two values of y.
+    void Bar(double left, double right, double from, double to, Colour colour);
+    /// A full height line behind a value of x with its name along it, where that has room, else a
+    /// shorter one; the name is also behind the line.
+    void Guide(double x, const std::string& name, const std::string& shorter, Colour colour);
+    /// A ring round a point of the curve, which stays visible in it.
+    void Ring(double x, double y, Colour colour);
+    /// An arrow to what lies above the plot at a value of x, with a text beside it.
+    void ArrowUp(double x, const std::string& text, Colour colour);
+    /// A text beside a point, where there is room for it.
+    bool Label(double x, double y, const std::string& text, Colour colour, bool bold = false);
+    /// A text centred over a point, at most two lines higher than that, where there is room.
+    bool LabelAbove(double paperX, double y, const std::string& text, Colour colour);
 
     [[nodiscard]] double ToX(double x) const;
     [[nodiscard]] double ToY(double y) const;
-    [[nodiscard]] double PlotWidth() const { return m_right - m_left; }
+    [[nodiscard]] const Extent& Plot() const { return m_plot; }
+    [[nodiscard]] double Highest() const { return m_yScale.High; }
+    [[nodiscard]] double Lowest() const { return m_yScale.Low; }
 
   private:
+    void LayOutPlot();
+    void DrawHead();
     void DrawAxes();
+    void DrawBreak();
     void DrawXTicks();
+    void DrawPlaces();
     void DrawYTicks();
-    void PrintCentred(double x, double top, const std::string& text, Colour colour);
-    void PrintAt(double x, double y, const std::string& text, Colour colour);
-    [[nodiscard]] static std::string TickText(const Axis& axis, double value);
+    void PrintCentred(double x, double top, const std::string& text, const Font& font,
+                      Colour colour);
+    [[nodiscard]] AxisScale WidestScale(double width) const;
+    [[nodiscard]] double LegendHeight() const;
 
     Picture& m_picture;
-    Axis m_x;
-    Axis m_y;
-    double m_left;
-    double m_right;
-    double m_top;
-    double m_bottom;
+    ChartFrame m_frame;
+    Font m_font;
+    double m_line;  ///< height of a line of text
+    AxisScale m_xScale{0, 1, 1};
+    AxisScale m_yScale{0, 1, 1};
+    Extent m_plot{0, 0, 0, 0};
+    LabelPlaces m_labels;
 };
 
 }  // namespace quarnel02

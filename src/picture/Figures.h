@@ -58,7 +58,7 @@ struct BoxFigure {
     double Rounding;  ///< radius of the corners
     Colour Fill;
     int FrameWidth = 0;
-    Colour Frame;
+    Colour Frame = {};
     bool operator==(const BoxFigure&) const = default;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <map>
 #include <numbers>
 #include <utility>
@@ -25,20 +26,22 @@ Picture::Picture(double width, double height) : Picture(Page{width, height}) {}
 
 Picture::Picture(const Page& page) : m_page(page), m_width(page.Width), m_height(page.Height) {}
 
-std::size_t Picture::FirstFixed() const {
-    return m_firstFixed.value_or(m_figures.size());
+void Picture::Empty() {
+    ++m_revision;
+    m_figures.clear();
+    m_hotSpots.clear();
+    m_firstFixed = 0;
+    m_endFixed = 0;
+    m_width = m_page.Width;
+    m_height = m_page.Height;
+    CurrentX = 0;
+    CurrentY = 0;
 }
 
 void Picture::Clear() {
-    m_figures.clear();
-    m_hotSpots.clear();
-    m_firstFixed.reset();
+    Empty();
     m_recipe = nullptr;
-    m_width = m_page.Width;
-    m_height = m_page.Height;
     Sheet = {};
-    CurrentX = 0;
-    CurrentY = 0;
     Changed();
 }
 
@@ -64,17 +67,15 @@ void Picture::LayOut(const Page& page) {
 
 /// A recipe starts from the same pen whatever was drawn before.
 void Picture::Redraw() {
-    m_figures.clear();
-    m_hotSpots.clear();
-    m_firstFixed.reset();
-    CurrentX = 0;
-    CurrentY = 0;
+    Empty();
     DrawWidth = 1;
     Fill = FillStyle::Transparent;
     TextFont = {};
     m_composing = true;
     const ScopeGuard composed([this] { m_composing = false; });
+    m_firstFixed = std::numeric_limits<std::size_t>::max();
     m_recipe(*this);
+    m_endFixed = m_figures.size();
 }
 
 void Picture::SetPaper(double width, double height) {

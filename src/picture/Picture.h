@@ -57,8 +57,13 @@ class Picture {
     [[nodiscard]] std::span<const HotSpot> HotSpots() const { return m_hotSpots; }
     [[nodiscard]] const Page& LaidOutFor() const { return m_page; }
     [[nodiscard]] bool IsComposed() const { return m_recipe != nullptr; }
-    /// Figures from this one on stay where they are when the paper is moved under its window.
-    [[nodiscard]] std::size_t FirstFixed() const;
+    /// Whether a figure stays where it is when the paper is moved under its window.
+    [[nodiscard]] bool IsFixed(std::size_t figure) const {
+        return figure >= m_firstFixed && figure < m_endFixed;
+    }
+    /// Another one after Clear and after every composition: figures of one revision are only added
+    /// to.
+    [[nodiscard]] int Revision() const { return m_revision; }
 
     /// Removes every figure and recipe and puts the text position at the upper left corner. Line
     /// width, fill style and font stay as they are.
@@ -70,7 +75,7 @@ class Picture {
     void LayOut(const Page& page);
     /// Another size of the paper, for a recipe that needs more than the page or less.
     void SetPaper(double width, double height);
-    /// All further figures are fixed.
+    /// All further figures of the recipe are fixed.
     void BeginFixed() { m_firstFixed = m_figures.size(); }
 
     int DrawWidth = 1;  ///< line width of further lines and circles, pixels
@@ -118,6 +123,7 @@ class Picture {
     [[nodiscard]] Extent Drawn() const;
 
   private:
+    void Empty();
     void Redraw();
     void Changed() const;
     [[nodiscard]] Extent GrownByFigures(Extent extent) const;
@@ -127,7 +133,9 @@ class Picture {
     double m_height;
     std::vector<PictureFigure> m_figures;
     std::vector<HotSpot> m_hotSpots;
-    std::optional<std::size_t> m_firstFixed;
+    std::size_t m_firstFixed = 0;
+    std::size_t m_endFixed = 0;
+    int m_revision = 0;
     Recipe m_recipe;
     bool m_composing = false;
 };

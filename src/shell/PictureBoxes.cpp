@@ -12,7 +12,7 @@ Picture GraphPicture() {
 
 Picture ArcPicture() {
     constexpr double width = 15000;
-    constexpr double height = 3600;
+    constexpr double height = 4400;
     return {width, height};
 }
 

@@ -1,32 +1,45 @@
 #include "stoch/BuildShiftTable.h"
 
+#include <vector>
+
 #include "picture/Chart.h"
+#include "picture/Inks.h"
 #include "stoch/RunRecords.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr Colour kStep{21, 101, 192};
+/// The capacities that a chart shows.
+struct DemandRange {
+    double First;
+    double Last;
+};
 
-void DrawShifts(const DemandDistribution& demand, Picture& picture) {
-    constexpr int most_ticks = 8;
-    const auto steps = demand.Shifts().Steps();
-    const auto last = static_cast<double>(demand.LastVolume());
+void DrawSteps(Picture& picture, const std::vector<ShiftStep>& steps, const DemandRange& range) {
     const auto most = static_cast<double>(steps.front().Shifts);
-    Chart chart(picture, "Expected Shifts",
-                {RoundScale(static_cast<double>(demand.FirstVolume()), last, most_ticks),
-                 "Capacity", true, false},
-                {RoundScale(0, most, 6), "Shifts per day", false, false});
+    Chart chart(picture, {"Expected Shifts",
+                          {range.First, range.Last, "Capacity (units/year)", true, false},
+                          {0, most, "Shifts per day", false, false},
+                          {},
+                          {}});
     double before = most;
     for (const ShiftStep& step : steps) {
         const auto low = static_cast<double>(step.Low);
-        const double high = step.High == kNoUpperEnd ? last : static_cast<double>(step.High);
+        const double high = step.High == kNoUpperEnd ? range.Last : static_cast<double>(step.High);
         const auto level = static_cast<double>(step.Shifts);
-        chart.Line(low, before, low, level, kStep, 2);
-        chart.Line(low, level, high, level, kStep, 2);
+        chart.Line(low, before, low, level, kBlueInk, 2);
+        chart.Line(low, level, high, level, kBlueInk, 2);
         before = level;
     }
+}
+
+void DrawShifts(const DemandDistribution& demand, Picture& picture) {
+    const auto steps = demand.Shifts().Steps();
+    const DemandRange range{static_cast<double>(demand.FirstVolume()),
+                            static_cast<double>(demand.LastVolume())};
+    picture.Compose([all = std::vector<ShiftStep>(steps.begin(), steps.end()),
+                     range](Picture& each) { DrawSteps(each, all, range); });
 }
 
 }  // namespace

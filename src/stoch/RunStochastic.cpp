@@ -14,7 +14,9 @@
 #include "stoch/ExtractStochasticSolution.h"
 #include "stoch/Notices.h"
 #include "stoch/StageTables.h"
+#include "stoch/StationsOnCurve.h"
 #include "stoch/WriteProductionReport.h"
+#include "study/LineText.h"
 
 namespace quarnel02 {
 
@@ -72,7 +74,10 @@ class Solve {
             return std::nullopt;
         }
         const StochasticLine& line = ExtractStochasticSolution(result);
-        DrawStochasticCosts(line, result.ExpectedCosts, demand, m_pictures.picGraph[3]);
+        DrawStochasticCosts(line, result.ExpectedCosts, demand, m_pictures.picGraph[3],
+                            [&](const CurveSegment& segment) {
+                                return LineText(m_model, StationsOn(segment, tables.Prefixes()));
+                            });
         m_status.HideStatus();
         return line;
     }

@@ -52,6 +52,7 @@ void StageTables::Made(const CurveName& name, const CostCurve& curve) {
             return MergeIntermediateTable(name, curve);
         case CurveStage::Prefix:
             BuildFinalTable(name, curve);
+            m_prefixes.push_back(curve);
             return m_status.SetStatus(NumberText(name.LastTask) + " of " + NumberText(m_tasks) +
                                       " Tasks Completed");
         case CurveStage::WithPenalties:

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+#include <vector>
+
 #include "line/CurveListener.h"
 #include "shell/SolveStatus.h"
 #include "stoch/RunFiles.h"
@@ -18,6 +21,9 @@ class StageTables : public CurveListener {
     void Begin(const CurveName& stage) override;
     void Made(const CurveName& name, const CostCurve& curve) override;
     void EndsEarly(const EarlyEnd& end) override;
+
+    /// Curves of the cheapest lines of the first task, the first two tasks and so on.
+    [[nodiscard]] std::span<const CostCurve> Prefixes() const { return m_prefixes; }
 
   private:
     /// "F.. T.. .R..": the curve of a resource that can do all tasks of an arc; none that is empty.
@@ -39,6 +45,7 @@ class StageTables : public CurveListener {
     const RunFiles& m_files;
     SolveStatus& m_status;
     int m_tasks;
+    std::vector<CostCurve> m_prefixes;
     bool m_firstOfArc = false;  ///< no resource table of the arc in hand so far
 };
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "basic/Files.h"
@@ -173,9 +174,12 @@ void MarkDesign(const Database& database, const StochasticLine& line) {
 void DrawChosenLine(Picture& picture, const StochasticLine& line, const LineModel& model) {
     std::vector<StationFigure> stations;
     for (const ExpectedGroup& each : line.Groups) {
-        stations.push_back({model.ResourceOf(each.Group.Resource).Type, each.Group.Stations});
+        const Resource& resource = model.ResourceOf(each.Group.Resource);
+        stations.push_back({resource.Type, each.Group.Stations, resource.ShortName,
+                            each.Group.FirstTask, each.Group.LastTask,
+                            static_cast<double>(each.Cost)});
     }
-    DrawLine(picture, stations);
+    DrawLine(picture, std::move(stations));
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ StochasticOutcome cmdStoch_Click(MainForm& form,
     Database database = form.OpenWorkingCopy();
     StochasticOutcome outcome = Design(form, database, keepRunFiles);
     if (outcome.End == StochasticEnd::Designed) {
-        DrawLinks(database, form, form.picArc);
+        DrawLinks(database, form, form.picArc, PathwayCosts::Unknown);
         form.LastDesign = NewDesign(database, "Capacity " + outcome.CapacityText + " units a year",
                                     form.Text(TextBox::txtProduct));
         OpenReport(form.Copy(), kProductionReport, form);

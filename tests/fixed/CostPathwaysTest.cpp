@@ -23,10 +23,10 @@ namespace quarnel02 {
 namespace {
 
 using test::ExpectRunTimeError;
-using test::FigureTexts;
 using test::kAllPathways;
 using test::LoadedModel;
 using test::ModelScript;
+using test::NetworkTexts;
 using test::ScriptedForm;
 using test::WorkedExample;
 
@@ -226,7 +226,7 @@ TEST(CostPathways, PassesOverCheaperAlternativesBeyondTheLimit) {
 struct DrawingLog {
     explicit DrawingLog(ScriptedForm& form) {
         form.picArc.OnChange = [this, &form] {
-            const Lines figures = FigureTexts(form.picArc);
+            const Lines figures = NetworkTexts(form.picArc);
             Drawn.push_back(figures.empty() ? "clear" : figures.back());
         };
     }
@@ -254,7 +254,7 @@ Lines NetworkOf(LoadedModel& model) {
     ScriptedForm fresh(model.Copy.Directory());
     fresh.SetText(TextBox::txtTasks, model.Form.Text(TextBox::txtTasks));
     DrawLinks(fresh.OpenWorkingCopy(), fresh, fresh.picArc);
-    return FigureTexts(fresh.picArc);
+    return NetworkTexts(fresh.picArc);
 }
 
 TEST(CostPathways, ShowsTheStatesBehindTheMessageThatNothingIsFeasible) {
@@ -262,7 +262,7 @@ TEST(CostPathways, ShowsTheStatesBehindTheMessageThatNothingIsFeasible) {
     model.Form.picArc.OnChange = [&] { model.Form.Events.emplace_back("drawn"); };
     Cost(model, 100000, 0);
     EXPECT_EQ(model.Form.Events.back(), kInfeasible);
-    EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
+    EXPECT_EQ(NetworkTexts(model.Form.picArc), NetworkOf(model));
 }
 
 TEST(CostPathways, ShowsTheStatesBehindTheMessageThatTablesAreMissing) {
@@ -274,7 +274,7 @@ TEST(CostPathways, ShowsTheStatesBehindTheMessageThatTablesAreMissing) {
     Cost(model, 720000);
     EXPECT_EQ(model.Form.Events.back(),
               "message[information]: Please complete the task and resource tables first.");
-    EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
+    EXPECT_EQ(NetworkTexts(model.Form.picArc), NetworkOf(model));
 }
 
 TEST(CostPathways, DesignsTheSameLineAgainAfterRegenerating) {
@@ -291,7 +291,7 @@ std::string ErrorOf(ErrorKind kind, LoadedModel& model) {
     const auto before = model.DerivedTables();
     const auto message = ExpectRunTimeError(kind, [&] { Cost(model, 72000); });
     EXPECT_EQ(model.DerivedTables(), before);
-    EXPECT_EQ(FigureTexts(model.Form.picArc), NetworkOf(model));
+    EXPECT_EQ(NetworkTexts(model.Form.picArc), NetworkOf(model));
     EXPECT_TRUE(model.Form.Events.empty());
     EXPECT_FALSE(model.HasReport());
     return message;

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/FigureText.h"
@@ -14,9 +16,9 @@ namespace {
 
 using test::ExpectRunTimeError;
 using test::FiguresOf;
-using test::FigureTexts;
 using test::LoadedModel;
 using test::ModelScript;
+using test::NetworkTexts;
 using test::ScriptedForm;
 using test::TestModel;
 
@@ -24,7 +26,11 @@ using Lines = std::vector<std::string>;
 
 std::string Node(int x) {
     return "circle (" + std::to_string(x) +
-           ", 1500) radius 50 from 0 to 6.28318530717959 aspect 1 width 1 rgb 0,0,0 filled";
+           ", 1500) radius 0 from 0 to 6.28318530717959 aspect 1 width 1 rgb 0,0,0 filled";
+}
+
+std::string Task(int number, double x) {
+    return "task " + std::to_string(number) + " at " + NumberText(x);
 }
 
 std::string Lower(const char* place, const char* pen) {
@@ -67,7 +73,7 @@ struct TwoTasks : LoadedModel {
 
 TEST(DrawLinks, DrawsOneNodeForNoTask) {
     const LoadedModel model(Network(0));
-    EXPECT_EQ(FigureTexts(model.Form.picArc), Lines{Node(7500)});
+    EXPECT_EQ(NetworkTexts(model.Form.picArc), Lines{Node(7500)});
 }
 
 TEST(DrawLinks, DrawsOnlyNodesWithoutArcs) {
@@ -75,35 +81,34 @@ TEST(DrawLinks, DrawsOnlyNodesWithoutArcs) {
     ScriptedForm form(copy.Directory());
     form.SetText(TextBox::txtTasks, "2");
     DrawLinks(form.OpenWorkingCopy(), form, form.picArc);
-    // Labels half a spacing of 3750 to the right, less 85, of the nodes at 3750 and 7500.
-    EXPECT_EQ(FigureTexts(form.picArc), (Lines{Node(3750), "text (5540, 1415) [ 1 ]", Node(7500),
-                                               "text (9290, 1415) [ 2 ]", Node(11250)}));
+    EXPECT_EQ(NetworkTexts(form.picArc),
+              (Lines{Node(3750), Node(7500), Node(11250), Task(1, 5625), Task(2, 9375)}));
 }
 
 TEST(DrawLinks, DrawsArcsInGreyUnderTheNodes) {
     const LoadedModel model(Network(2));
     EXPECT_EQ(
-        FigureTexts(model.Form.picArc),
+        NetworkTexts(model.Form.picArc),
         (Lines{Upper("(5625, 1500) radius 1875", kGrey), Upper("(9375, 1500) radius 1875", kGrey),
-               Lower("(7500, 1500) radius 3750", kGrey), Node(3750), "text (5540, 1415) [ 1 ]",
-               Node(7500), "text (9290, 1415) [ 2 ]", Node(11250)}));
+               Lower("(7500, 1500) radius 3750", kGrey), Node(3750), Node(7500), Node(11250),
+               Task(1, 5625), Task(2, 9375)}));
 }
 
 TEST(DrawLinks, LaysTheStatesOverOneAnother) {
     const TwoTasks model("124");
     EXPECT_EQ(
-        FigureTexts(model.Form.picArc),
+        NetworkTexts(model.Form.picArc),
         (Lines{Upper("(5625, 1500) radius 1875", kGrey), Upper("(9375, 1500) radius 1875", kGrey),
                Lower("(7500, 1500) radius 3750", kGrey), Upper("(5625, 1500) radius 1875", kBlue),
                Upper("(9375, 1500) radius 1875", kRed),
                Lower("(7500, 1500) radius 3750", kThickRed),
-               Lower("(7500, 1500) radius 3750", kThinYellow), Node(3750),
-               "text (5540, 1415) [ 1 ]", Node(7500), "text (9290, 1415) [ 2 ]", Node(11250)}));
+               Lower("(7500, 1500) radius 3750", kThinYellow), Node(3750), Node(7500), Node(11250),
+               Task(1, 5625), Task(2, 9375)}));
 }
 
 TEST(DrawLinks, DrawsTheChosenArcsOneAfterTheOther) {
     const TwoTasks model("44");
-    const Lines figures = FigureTexts(model.Form.picArc);
+    const Lines figures = NetworkTexts(model.Form.picArc);
     ASSERT_EQ(figures.size(), 3U + 4U + 5U);
     EXPECT_EQ(Lines(figures.begin() + 3, figures.begin() + 7),
               (Lines{Upper("(5625, 1500) radius 1875", kThickRed),
@@ -115,7 +120,7 @@ TEST(DrawLinks, DrawsTheChosenArcsOneAfterTheOther) {
 /// The layers drawn on the arc of the first task, in order.
 Lines LayersOfFirstArc(const LoadedModel& model) {
     Lines layers;
-    for (const std::string& figure : FigureTexts(model.Form.picArc)) {
+    for (const std::string& figure : NetworkTexts(model.Form.picArc)) {
         const auto pen = figure.find(" width");
         if (figure.starts_with("circle (5625")) {
             layers.push_back(figure.substr(pen + 1));
@@ -142,37 +147,20 @@ TEST(DrawLinks, DrawsOnlyGreyAndRedWithoutAFeasiblePathway) {
     EXPECT_EQ(LayersOfFirstArc(TwoTasks("222")), (Lines{kGrey, kRed}));
 }
 
-TEST(DrawLinks, LabelsNineTasksWithOneDigitAndTheLastNodeNot) {
-    const LoadedModel model(Network(9));
-    const auto labels = FiguresOf<TextFigure>(model.Form.picArc);
-    // 10 nodes, spacing 15000 / 11 = 1363.6, so 1364; label 9 at 9 x 1364 + 682 - 85.
-    ASSERT_EQ(labels.size(), 9U);
-    EXPECT_EQ(labels[0].Text, " 1 ");
-    EXPECT_EQ(labels[0].X, 1364 + 682 - 85);
-    EXPECT_EQ(labels[8].Text, " 9 ");
-    EXPECT_EQ(labels[8].X, 9 * 1364 + 682 - 85);
-    EXPECT_EQ(labels[8].Y, 1415);
-}
-
-TEST(DrawLinks, ShiftsLabelsOfTwoDigitsFurther) {
+TEST(DrawLinks, NumbersTheTasksBetweenTheNodes) {
     const LoadedModel model(Network(11));
-    const auto labels = FiguresOf<TextFigure>(model.Form.picArc);
-    // 12 nodes, spacing 15000 / 13 = 1153.8, so 1154.
-    ASSERT_EQ(labels.size(), 11U);
-    EXPECT_EQ(labels[8].X, 9 * 1154 + 577 - 85);
-    EXPECT_EQ(labels[9].Text, " 10 ");
-    EXPECT_EQ(labels[9].X, 10 * 1154 + 577 - 120);
-    EXPECT_EQ(labels[10].Text, " 11 ");
-    EXPECT_EQ(labels[10].X, 11 * 1154 + 577 - 120);
+    Lines texts = NetworkTexts(model.Form.picArc);
+    // 12 nodes, spacing 15000 / 13 = 1153.8, so 1154; the last node has no number.
+    ASSERT_GT(texts.size(), 11U);
+    EXPECT_EQ(texts[texts.size() - 11], Task(1, 1154 + 577));
+    EXPECT_EQ(texts[texts.size() - 2], Task(10, 10 * 1154 + 577));
+    EXPECT_EQ(texts.back(), Task(11, 11 * 1154 + 577));
 }
 
 TEST(DrawLinks, LeavesThePenThinAndTheFillTransparent) {
     const TwoTasks model("4");
     EXPECT_EQ(model.Form.picArc.DrawWidth, 1);
     EXPECT_EQ(model.Form.picArc.Fill, FillStyle::Transparent);
-    // Behind the label place of the last node, 11250 + 1875 - 85.
-    EXPECT_EQ(model.Form.picArc.CurrentX, 13040);
-    EXPECT_EQ(model.Form.picArc.CurrentY, 1415);
 }
 
 TEST(DrawLinks, GivesTheSamePictureWhenRunTwice) {
@@ -190,11 +178,140 @@ TEST(DrawLinks, OnlyReadsTheTables) {
     EXPECT_TRUE(model.Form.Events.empty());
 }
 
-TEST(DrawLinks, ReachesAbovePaperInALongNetwork) {
-    const LoadedModel model(Network(49));
-    // Spacing 15000 / 51 = 294; the arcs over 48 tasks lie above: 1500 - 0.25 x 24 x 294 < 0.
-    EXPECT_LT(model.Form.picArc.Bounds().Top, 1500 - 0.25 * 24 * 294 + 1);
-    EXPECT_LT(model.Form.picArc.Bounds().Top, 0);
+TEST(DrawLinks, FillsAPageOfAnyShape) {
+    LoadedModel model(Network(49));
+    Picture& network = model.Form.picArc;
+    for (const auto& [width, height] :
+         {std::pair{15000.0, 4400.0}, {6000.0, 6000.0}, {20000.0, 1500.0}}) {
+        network.LayOut({.Width = width, .Height = height});
+        const Extent drawn = network.Bounds();
+        EXPECT_EQ(drawn, (Extent{0, 0, width, height}));
+        double left = width;
+        double right = 0;
+        double top = height;
+        double bottom = 0;
+        for (const auto& circle : FiguresOf<CircleFigure>(network)) {
+            const Extent extent = ExtentOf(circle, FileMeasure());
+            left = std::min(left, extent.Left);
+            right = std::max(right, extent.Right);
+            top = std::min(top, extent.Top);
+            bottom = std::max(bottom, extent.Bottom);
+        }
+        EXPECT_NEAR(left + right, width, 2) << "in the middle";
+        EXPECT_TRUE(right - left > 0.9 * width || bottom - top > 0.55 * height) << width;
+    }
+}
+
+TEST(DrawLinks, GrowsWithTheZoomUnderALegendThatStays) {
+    LoadedModel model(Network(12));
+    Picture& network = model.Form.picArc;
+    const Page page{.Width = 12000, .Height = 4000};
+    network.LayOut(page);
+    const double scale = network.Sheet.Scale;
+    const auto fixed_texts = [&] {
+        Lines texts;
+        for (std::size_t place = 0; place < network.Figures().size(); ++place) {
+            const auto* text = std::get_if<TextFigure>(&network.Figures()[place]);
+            if (text != nullptr && network.IsFixed(place)) {
+                texts.push_back(text->Text + " at " + NumberText(text->X));
+            }
+        }
+        return texts;
+    };
+    const Lines legend = fixed_texts();
+    ASSERT_EQ(legend.size(), 4U);
+    EXPECT_TRUE(legend[0].starts_with("no resource at "));
+    EXPECT_TRUE(legend[3].starts_with("chosen at "));
+    Page enlarged = page;
+    enlarged.Zoom = 3;
+    network.LayOut(enlarged);
+    EXPECT_DOUBLE_EQ(network.Sheet.Scale, 3 * scale);
+    EXPECT_GT(network.Width(), 2.5 * page.Width);
+    EXPECT_EQ(fixed_texts(), legend);
+}
+
+std::vector<double> OpacitiesOf(const LoadedModel& model, Colour colour) {
+    std::vector<double> opacities;
+    for (const auto& circle : FiguresOf<CircleFigure>(model.Form.picArc)) {
+        if (circle.Pen == colour) {
+            opacities.push_back(circle.Opacity);
+        }
+    }
+    return opacities;
+}
+
+TEST(DrawLinks, FadesGreyArcsFromThirtyTasksOn) {
+    constexpr Colour grey{125, 125, 125};
+    for (const int tasks : {29, 30}) {
+        const auto opacities = OpacitiesOf(LoadedModel(Network(tasks)), grey);
+        ASSERT_FALSE(opacities.empty());
+        EXPECT_EQ(*std::max_element(opacities.begin(), opacities.end()) < 1, tasks == 30);
+    }
+}
+
+TEST(DrawLinks, LeavesOutTaskNumbersThatHaveNoRoom) {
+    LoadedModel model(Network(50));
+    Picture& network = model.Form.picArc;
+    const auto numbers = [&] {
+        Lines texts = NetworkTexts(network);
+        std::erase_if(texts, [](const std::string& text) { return !text.starts_with("task"); });
+        return texts;
+    };
+    EXPECT_EQ(numbers().size(), 50U);
+    network.LayOut({.Width = 6000, .Height = 3000});
+    ASSERT_EQ(numbers().size(), 10U);
+    EXPECT_TRUE(numbers()[0].starts_with("task 5 at "));
+}
+
+/// The words behind the arcs that lead from node to node, each once.
+Lines WordsBehind(const Picture& network) {
+    Lines words;
+    for (const HotSpot& spot : network.HotSpots()) {
+        if (std::find(words.begin(), words.end(), spot.Text) == words.end()) {
+            words.push_back(spot.Text);
+        }
+    }
+    return words;
+}
+
+TEST(DrawLinks, SaysWhatAnArcStandsFor) {
+    LoadedModel model(Network(2));
+    const Database database = model.Form.OpenWorkingCopy();
+    EXPECT_EQ(WordsBehind(model.Form.picArc),
+              (Lines{"1: no resource can do all of it", "2: no resource can do all of it",
+                     "1-2: no resource can do all of it"}));
+    RecordSet resources = database.OpenRecordSet("SELECT * FROM Resources;");
+    for (const char* name : {"Bench", " Robot ", ""}) {
+        resources.AddNew();
+        resources.Set("ResourceId", 1 + (name[0] == ' ' ? 1 : name[0] == 0 ? 2 : 0));
+        resources.Set("ShortName", name);
+        resources.Update();
+    }
+    RecordSet pathways = database.OpenRecordSet(test::kAllPathways);
+    int id = 0;
+    const auto add = [&](int arc, int resource, int state, double cost) {
+        pathways.AddNew();
+        pathways.Set("PathId", ++id);
+        pathways.Set("ArcId", arc);
+        pathways.Set("ResourceId", resource);
+        pathways.Set("Feasible", state);
+        pathways.Set("Cost", cost);
+        pathways.Update();
+    };
+    add(0, 1, 3, 120000);
+    add(0, 2, 1, 93442.6);
+    add(0, 3, 2, 5);
+    add(1, 3, 2, 70000);
+    add(2, 1, 4, 201000);
+    add(2, 2, 1, 200000);
+    DrawLinks(database, model.Form, model.Form.picArc);
+    EXPECT_EQ(WordsBehind(model.Form.picArc),
+              (Lines{"1: Robot 93,443, cheapest of 3", "2: over the station limit with Resource 3",
+                     "1-2: Bench 201,000, chosen"}));
+    DrawLinks(database, model.Form, model.Form.picArc, PathwayCosts::Unknown);
+    EXPECT_EQ(WordsBehind(model.Form.picArc),
+              (Lines{"1: possible with Bench, Robot", "2: over the station limit with Resource 3",
+                     "1-2: Bench, chosen"}));
 }
 
 TEST(DrawLinks, RefusesATaskCountThatIsNoNumber) {

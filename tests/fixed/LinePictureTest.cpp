@@ -3,11 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <string>
 #include <vector>
 
+#include "basic/Numbers.h"
+#include "picture/LabelPlaces.h"
 #include "support/FigureText.h"
 
 namespace quarnel02 {
@@ -15,163 +16,161 @@ namespace {
 
 using test::FiguresOf;
 
-constexpr double kWidth = 7200;
-constexpr double kHeight = 4200;
 constexpr double kTolerance = 1e-6;
 
-std::vector<StationFigure> Line(int count, int quantity) {
+std::vector<StationFigure> Line(int count, int quantity = 1, const std::string& name = "Bench") {
     std::vector<StationFigure> stations;
     for (int i = 0; i < count; ++i) {
-        stations.push_back({i % 4, quantity});
+        stations.push_back({i % 4, quantity, name, 2 * i + 1, 2 * i + 2, 1000.4});
     }
     return stations;
 }
 
-Picture Drawn(const std::vector<StationFigure>& stations) {
-    Picture picture(kWidth, kHeight);
+Picture Drawn(const std::vector<StationFigure>& stations, Page page = {7200, 4200}) {
+    Picture picture(page);
     DrawLine(picture, stations);
     return picture;
 }
 
-std::vector<TextFigure> Labels(const Picture& picture) {
-    auto texts = FiguresOf<TextFigure>(picture);
-    texts.erase(texts.begin(), texts.begin() + 2);
+std::vector<std::string> TextsOf(const Picture& picture) {
+    std::vector<std::string> texts;
+    for (const auto& text : FiguresOf<TextFigure>(picture)) {
+        texts.push_back(text.Text);
+    }
     return texts;
 }
 
-Extent Box(const IconFigure& icon) {
-    return {icon.X, icon.Y, icon.X + icon.Size, icon.Y + icon.Size};
+int Count(const Picture& picture, const std::string& text) {
+    const auto texts = TextsOf(picture);
+    return static_cast<int>(std::count(texts.begin(), texts.end(), text));
 }
 
-Extent Box(const TextFigure& text) {
-    return {text.X, text.Y, text.X + TextWidth(text.Text, text.Face),
-            text.Y + LineHeight(text.Face)};
+bool IsInside(const Extent& inner, const Extent& outer) {
+    return inner.Left >= outer.Left - kTolerance && inner.Top >= outer.Top - kTolerance &&
+           inner.Right <= outer.Right + kTolerance && inner.Bottom <= outer.Bottom + kTolerance;
 }
 
-std::vector<Extent> Boxes(const Picture& picture) {
-    std::vector<Extent> boxes;
-    for (const auto& icon : FiguresOf<IconFigure>(picture)) {
-        boxes.push_back(Box(icon));
+std::vector<Extent> Cards(const Picture& picture) {
+    std::vector<Extent> cards;
+    for (const auto& box : FiguresOf<BoxFigure>(picture)) {
+        cards.push_back(ExtentOf(box, FileMeasure()));
     }
-    for (const auto& text : FiguresOf<TextFigure>(picture)) {
-        boxes.push_back(Box(text));
-    }
-    return boxes;
+    return cards;
 }
 
-bool Overlap(const Extent& a, const Extent& b) {
-    return a.Left < b.Right - kTolerance && b.Left < a.Right - kTolerance &&
-           a.Top < b.Bottom - kTolerance && b.Top < a.Bottom - kTolerance;
-}
-
-bool OnPaper(const Extent& box) {
-    return box.Left >= -kTolerance && box.Top >= -kTolerance && box.Right <= kWidth + kTolerance &&
-           box.Bottom <= kHeight + kTolerance;
-}
-
-std::string Text(const Extent& box) {
-    return test::PairText(box.Left, box.Top) + "-" + test::PairText(box.Right, box.Bottom);
-}
-
+/// Texts and icons on their cards and apart from one another, cards apart and on the paper.
 void ExpectTidy(const Picture& picture) {
-    const auto boxes = Boxes(picture);
-    for (std::size_t i = 0; i < boxes.size(); ++i) {
-        EXPECT_TRUE(OnPaper(boxes[i])) << Text(boxes[i]);
-        for (std::size_t j = i + 1; j < boxes.size(); ++j) {
-            EXPECT_FALSE(Overlap(boxes[i], boxes[j])) << Text(boxes[i]) << " on " << Text(boxes[j]);
+    const auto cards = Cards(picture);
+    const Extent paper{0, 0, picture.Width(), picture.Height()};
+    std::vector<Extent> contents;
+    for (const PictureFigure& figure : picture.Figures()) {
+        if (std::holds_alternative<TextFigure>(figure) ||
+            std::holds_alternative<IconFigure>(figure)) {
+            contents.push_back(ExtentOf(figure, FileMeasure()));
         }
     }
-}
-
-/// Icons of each row, by their top.
-std::map<double, std::vector<IconFigure>> RowsOf(const Picture& picture) {
-    std::map<double, std::vector<IconFigure>> rows;
-    for (const auto& icon : FiguresOf<IconFigure>(picture)) {
-        rows[icon.Y].push_back(icon);
+    for (std::size_t i = 0; i < contents.size(); ++i) {
+        EXPECT_TRUE(IsInside(contents[i], paper));
+        for (std::size_t j = i + 1; j < contents.size(); ++j) {
+            EXPECT_FALSE(Overlap(contents[i], contents[j])) << i << " and " << j;
+        }
+        for (const Extent& card : cards) {
+            EXPECT_TRUE(!Overlap(contents[i], card) || IsInside(contents[i], card)) << i;
+        }
     }
-    return rows;
-}
-
-void ExpectCentredRows(const Picture& picture) {
-    for (const auto& [top, icons] : RowsOf(picture)) {
-        const double right = icons.back().X + icons.back().Size;
-        EXPECT_NEAR(icons.front().X + right, kWidth, 1e-6) << "row at " << top;
-    }
-}
-
-/// Every label stands under its icon and is centred to a few pixels.
-void ExpectLabelsUnderIcons(const Picture& picture, int quantity) {
-    const auto icons = FiguresOf<IconFigure>(picture);
-    const auto labels = Labels(picture);
-    ASSERT_EQ(labels.size(), icons.size());
-    for (std::size_t i = 0; i < icons.size(); ++i) {
-        EXPECT_EQ(labels[i].Text, "Qty: " + std::to_string(quantity));
-        EXPECT_GE(labels[i].Y, icons[i].Y + icons[i].Size);
-        const Extent label = Box(labels[i]);
-        const double off = (label.Left + label.Right) / 2 - (icons[i].X + icons[i].Size / 2);
-        EXPECT_LE(std::fabs(off), 100) << labels[i].Text << " of figure " << i;
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        EXPECT_TRUE(IsInside(cards[i], paper));
+        for (std::size_t j = i + 1; j < cards.size(); ++j) {
+            EXPECT_FALSE(Overlap(cards[i], cards[j])) << i << " and " << j;
+        }
     }
 }
 
 class LineOf : public testing::TestWithParam<int> {};
 
-TEST_P(LineOf, FitsThePaperWithoutOverlaps) {
-    for (const int quantity : {1, 9, 10, 99, 100}) {
-        SCOPED_TRACE("quantity " + std::to_string(quantity));
-        const Picture picture = Drawn(Line(GetParam(), quantity));
-        EXPECT_EQ(FiguresOf<IconFigure>(picture).size(), static_cast<std::size_t>(GetParam()));
-        ExpectTidy(picture);
-    }
-}
-
-TEST_P(LineOf, CentresItsRows) {
-    ExpectCentredRows(Drawn(Line(GetParam(), 1)));
-}
-
-TEST_P(LineOf, LabelsEveryFigure) {
-    ExpectLabelsUnderIcons(Drawn(Line(GetParam(), 1)), 1);
-    ExpectLabelsUnderIcons(Drawn(Line(GetParam(), 12)), 12);
-}
-
-TEST_P(LineOf, StandsInLineOrder) {
-    const auto icons = FiguresOf<IconFigure>(Drawn(Line(GetParam(), 1)));
-    for (std::size_t i = 0; i < icons.size(); ++i) {
-        EXPECT_EQ(static_cast<int>(icons[i].Type), static_cast<int>(i % 4));
-        if (i > 0) {
-            EXPECT_TRUE(icons[i].Y > icons[i - 1].Y || icons[i].X > icons[i - 1].X);
+TEST_P(LineOf, IsTidyOnPaperOfAnyShape) {
+    for (const Page& page : {Page{7200, 4200}, Page{15000, 2500}, Page{3900, 9000},
+                             Page{4000, 1800}, Page{30000, 15000, 12}}) {
+        for (const int quantity : {1, 99}) {
+            SCOPED_TRACE(test::PairText(page.Width, page.Height));
+            const Picture picture = Drawn(Line(GetParam(), quantity), page);
+            ExpectTidy(picture);
+            EXPECT_EQ(FiguresOf<IconFigure>(picture).size(), static_cast<std::size_t>(GetParam()));
+            EXPECT_EQ(Count(picture, "Qty: " + NumberText(quantity)), GetParam());
         }
     }
 }
 
-TEST_P(LineOf, BeginsAtTheHeightOfItsRows) {
-    const auto rows = RowsOf(Drawn(Line(GetParam(), 1)));
-    const double first = rows.begin()->first;
-    EXPECT_NEAR(first, (rows.size() == 1 ? 0.26 : 0.15) * kHeight, 1e-9);
-    if (rows.size() == 2) {
-        EXPECT_NEAR(rows.rbegin()->first, 0.55 * kHeight, 1e-9);
+TEST_P(LineOf, StandsInLineOrderAndCentred) {
+    const Picture picture = Drawn(Line(GetParam()));
+    std::map<double, std::vector<Extent>> rows;
+    const auto cards = Cards(picture);
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        rows[cards[i].Top].push_back(cards[i]);
+        EXPECT_TRUE(i == 0 || cards[i].Top > cards[i - 1].Top ||
+                    cards[i].Left > cards[i - 1].Right);
+    }
+    for (const auto& [top, row] : rows) {
+        EXPECT_NEAR(row.front().Left + row.back().Right, picture.Width(), 1e-6) << top;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Stations, LineOf, testing::Range(1, 31));
-INSTANTIATE_TEST_SUITE_P(ManyStations, LineOf, testing::Values(45, 60));
-
-TEST(DrawLine, KeepsFiguresAtFullSizeInUpToTwoRows) {
-    // 7 steps of 1000 fit into 7200.
-    for (const int stations : {1, 7, 8, 14}) {
-        const LineLayout layout = LayOutLine(stations, kWidth, kHeight);
-        EXPECT_EQ(layout.Scale, 1) << stations;
-        EXPECT_EQ(layout.Rows, stations <= 7 ? 1 : 2) << stations;
+TEST_P(LineOf, FlowsFromCardToCard) {
+    const Picture picture = Drawn(Line(GetParam()));
+    const auto cards = Cards(picture);
+    const auto lines = FiguresOf<LineFigure>(picture);
+    const auto reaches = [&](const Extent& card, bool leaves) {
+        return std::any_of(lines.begin(), lines.end(), [&](const LineFigure& line) {
+            const double x = leaves ? line.X1 : line.X2;
+            const double y = leaves ? line.Y1 : line.Y2;
+            return x > card.Left - 50 && x < card.Right + 50 && y > card.Top - 50 &&
+                   y < card.Bottom + 50;
+        });
+    };
+    for (std::size_t i = 0; i < cards.size(); ++i) {
+        EXPECT_TRUE(i + 1 == cards.size() || reaches(cards[i], true)) << i;
+        EXPECT_TRUE(i == 0 || reaches(cards[i], false)) << i;
     }
-    EXPECT_LT(LayOutLine(15, kWidth, kHeight).Scale, 1);
 }
 
-TEST(DrawLine, PlacesOneStationAroundTheMiddle) {
-    // Cell of 1000 round 3600, icon of 900 in it, top 0.26 x 4200; label 330 and 1000 further.
-    EXPECT_EQ(
-        test::FigureTexts(Drawn({{2, 3}})),
-        (std::vector<std::string>{"text (60, 60) [Graphical Representation]",
-                                  "text (60, 260) [------------------------------------]",
-                                  "icon 2 (3150, 1092) size 900", "text (3430, 2092) [Qty: 3]"}));
+INSTANTIATE_TEST_SUITE_P(Stations, LineOf, testing::Values(1, 2, 3, 5, 7, 8, 11, 14, 24, 31, 50));
+
+TEST(DrawLine, SaysOfAStationNumberResourceQuantityAndTasks) {
+    const Picture picture = Drawn({{2, 3, "Robot", 5, 9, 93442.6}, {0, 1, "Bench", 10, 10, 0}});
+    EXPECT_EQ(TextsOf(picture),
+              (std::vector<std::string>{
+                  "Graphical Representation", "------------------------------------", "Station 1",
+                  "Robot", "Qty: 3", "Tasks 5-9", "Station 2", "Bench", "Qty: 1", "Task 10"}));
+    ASSERT_EQ(picture.HotSpots().size(), 2U);
+    EXPECT_EQ(picture.HotSpots()[0].Text, "Station 1: Robot, Qty: 3, tasks 5-9, $93,443 a year");
+    EXPECT_EQ(picture.HotSpots()[1].Text, "Station 2: Bench, Qty: 1, task 10");
+}
+
+TEST(DrawLine, FillsItsBox) {
+    for (const Page& page : {Page{7200, 4200}, Page{15000, 3000}, Page{4500, 9000}}) {
+        const auto cards = Cards(Drawn(Line(4), page));
+        const double across = cards.back().Right - cards.front().Left;
+        const double down = cards.back().Bottom - cards.front().Top;
+        EXPECT_TRUE(across > 0.7 * page.Width || down > 0.6 * page.Height)
+            << across << " " << down << " of " << test::PairText(page.Width, page.Height);
+    }
+}
+
+TEST(DrawLine, ShortensALongNameWithAnEllipsis) {
+    const Picture picture = Drawn(Line(5, 1, "Vollautomatischer Bestückungsautomat mit Zuführung"));
+    ExpectTidy(picture);
+    const auto texts = TextsOf(picture);
+    EXPECT_EQ(std::count_if(texts.begin(), texts.end(),
+                            [](const std::string& text) { return text.ends_with("…"); }),
+              5);
+}
+
+TEST(DrawLine, GrowsDownwardsForMoreStationsThanThePaperHolds) {
+    const Picture picture = Drawn(Line(50), {4000, 1800});
+    EXPECT_EQ(picture.Width(), 4000);
+    EXPECT_GT(picture.Height(), 1800);
+    EXPECT_EQ(Cards(picture).size(), 50U);
+    EXPECT_EQ(Count(picture, "50 Bench"), 1);
 }
 
 TEST(DrawLine, DrawsTheHeadingAloneForNoStation) {
@@ -179,22 +178,19 @@ TEST(DrawLine, DrawsTheHeadingAloneForNoStation) {
 }
 
 TEST(DrawLine, LabelsAStationOfUnknownTypeWithoutIcon) {
-    const Picture picture = Drawn({{7, 2}, {-1, 3}, {1, 4}});
+    const Picture picture = Drawn({{7, 2, "A", 1, 1}, {-1, 3, "B", 2, 2}, {1, 4, "C", 3, 3}});
     EXPECT_EQ(FiguresOf<IconFigure>(picture).size(), 1U);
-    const auto labels = Labels(picture);
-    ASSERT_EQ(labels.size(), 3U);
-    EXPECT_EQ(labels[0].Text, "Qty: 2");
-    EXPECT_EQ(labels[1].Text, "Qty: 3");
-    EXPECT_EQ(labels[2].Text, "Qty: 4");
+    for (const char* quantity : {"Qty: 2", "Qty: 3", "Qty: 4"}) {
+        EXPECT_EQ(Count(picture, quantity), 1);
+    }
 }
 
 TEST(DrawLine, ClearsWhatThePictureHeld) {
-    Picture picture(kWidth, kHeight);
-    const std::vector<StationFigure> line = Line(3, 1);
-    DrawLine(picture, line);
+    Picture picture(7200, 4200);
+    DrawLine(picture, Line(3));
     const auto first = picture.Figures();
     picture.CurrentY = 700;
-    DrawLine(picture, line);
+    DrawLine(picture, Line(3));
     EXPECT_EQ(picture.Figures(), first);
 }
 

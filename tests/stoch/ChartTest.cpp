@@ -9,10 +9,15 @@
 #include <vector>
 
 #include "picture/Chart.h"
+#include "picture/Inks.h"
+#include "picture/LabelPlaces.h"
+#include "shell/LoadLineModel.h"
+#include "study/LineText.h"
 #include "support/FigureText.h"
 #include "support/StochBruteForce.h"
 #include "support/StochDesk.h"
 #include "support/StochModels.h"
+#include "support/StochSolve.h"
 
 namespace quarnel02 {
 namespace {
@@ -20,20 +25,8 @@ namespace {
 using test::ModelScript;
 using test::StochDesk;
 
-struct Box {
-    double Left;
-    double Top;
-    double Right;
-    double Bottom;
-};
-
-Box BoxOf(const TextFigure& text) {
-    return {text.X, text.Y, text.X + TextWidth(text.Text, text.Face),
-            text.Y + LineHeight(text.Face)};
-}
-
-bool Overlap(const Box& a, const Box& b) {
-    return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
+Extent BoxOf(const TextFigure& text) {
+    return ExtentOf(text, FileMeasure());
 }
 
 void ExpectReadable(const Picture& picture) {
@@ -58,13 +51,22 @@ bool HasText(const Picture& picture, const std::string& text) {
                        [&](const TextFigure& each) { return each.Text == text; });
 }
 
-/// Lines of the chart's blue on the demand picture: its bars.
-std::size_t Bars(const Picture& picture) {
-    const auto lines = test::FiguresOf<LineFigure>(picture);
-    return static_cast<std::size_t>(
-        std::count_if(lines.begin(), lines.end(), [](const LineFigure& each) {
-            return each.Pen == Colour{21, 101, 192};
-        }));
+std::vector<BoxFigure> Bars(const Picture& picture) {
+    std::vector<BoxFigure> bars = test::FiguresOf<BoxFigure>(picture);
+    std::erase_if(bars, [](const BoxFigure& each) { return !(each.Fill == kBlueInk); });
+    return bars;
+}
+
+/// How many demand points the words behind the bars name.
+std::size_t PointsNamed(const Picture& picture) {
+    std::size_t points = 0;
+    for (const HotSpot& spot : picture.HotSpots()) {
+        for (auto at = spot.Text.find(" units: "); at != std::string::npos;
+             at = spot.Text.find(" units: ", at + 1)) {
+            ++points;
+        }
+    }
+    return points;
 }
 
 class Charts : public testing::TestWithParam<int> {
@@ -91,7 +93,11 @@ TEST_P(Charts, AreReadable) {
         StochDesk desk(model, "3");
         desk.BuildDemandTables();
         ExpectReadable(desk.Form.picGraph[1]);
-        EXPECT_EQ(Bars(desk.Form.picGraph[1]), static_cast<std::size_t>(GetParam()));
+        EXPECT_EQ(PointsNamed(desk.Form.picGraph[1]), static_cast<std::size_t>(GetParam()));
+        const auto bars = Bars(desk.Form.picGraph[1]);
+        for (std::size_t bar = 1; bar < bars.size(); ++bar) {
+            EXPECT_GE(bars[bar].X - bars[bar - 1].X - bars[bar - 1].Width, 30) << bar;
+        }
         ExpectReadable(desk.Form.picGraph[3]);
         EXPECT_TRUE(HasText(desk.Form.picGraph[3], "Expected Shifts"));
         desk.Solve();
@@ -102,22 +108,30 @@ TEST_P(Charts, AreReadable) {
 
 INSTANTIATE_TEST_SUITE_P(Points, Charts, testing::Range(2, 11));
 
-TEST(ChartDrawings, LabelVolumesInThousands) {
+TEST(ChartDrawings, LabelVolumesInThousandsAndBarsWithTheirProbabilities) {
     StochDesk desk(test::StagesModel());
     desk.BuildDemandTables();
     EXPECT_TRUE(HasText(desk.Form.picGraph[1], "100K"));
     EXPECT_TRUE(HasText(desk.Form.picGraph[1], "200K"));
+    EXPECT_TRUE(HasText(desk.Form.picGraph[1], "60%"));
     EXPECT_TRUE(HasText(desk.Form.picGraph[3], "600K"));
 }
 
-TEST(ChartDrawings, MarkTheChosenCapacity) {
+/// Whether the words are behind a figure of the picture.
+bool Says(const Picture& picture, const std::string& words) {
+    const auto spots = picture.HotSpots();
+    return std::any_of(spots.begin(), spots.end(),
+                       [&](const HotSpot& spot) { return WordsOf(spot) == words; });
+}
+
+TEST(ChartDrawings, MarkTheChosenCapacityWithoutHidingIt) {
     StochDesk desk(test::StagesModel());
     desk.Solve();
-    const auto discs = test::FiguresOf<CircleFigure>(desk.Form.picGraph[3]);
-    ASSERT_EQ(discs.size(), 1U);
-    EXPECT_TRUE(discs[0].Filled);
-    EXPECT_EQ(discs[0].X, desk.Form.picGraph[3].Width() * 0.96);  // the last volume is on the edge
+    const auto rings = test::FiguresOf<CircleFigure>(desk.Form.picGraph[3]);
+    ASSERT_EQ(rings.size(), 1U);
+    EXPECT_FALSE(rings[0].Filled);
     EXPECT_TRUE(HasText(desk.Form.picGraph[3], "600K: $178,400"));
+    EXPECT_TRUE(Says(desk.Form.picGraph[3], "The cheapest capacity, 600,000: $178,400 a year"));
 }
 
 /// Lines of a colour, from left to right as they are drawn.
@@ -127,63 +141,122 @@ std::vector<LineFigure> LinesOf(const Picture& picture, Colour colour) {
     return lines;
 }
 
-/// The plot reaches from 16 to 96 % of the width and from 80 up to 16 % of the height.
-struct CostPlot {
-    explicit CostPlot(const Picture& paper) : Paper(paper) {}
-    [[nodiscard]] double X(double volume) const {
-        return Paper.Width() * (0.16 + 0.80 * (volume - 100000) / 500000);
-    }
-    [[nodiscard]] double Y(double cost, double low, double high) const {
-        return Paper.Height() * (0.80 - 0.64 * (cost - low) / (high - low));
-    }
-    const Picture& Paper;
-};
-
 TEST(ChartDrawings, DrawTheCostCurveSegmentBySegment) {
     StochDesk desk(test::StagesModel(), "2");
     desk.Solve();
-    const CostPlot plot(desk.Form.picGraph[3]);
-    const auto curve = LinesOf(plot.Paper, {0, 0, 127});
+    const Picture& picture = desk.Form.picGraph[3];
     const auto designs = desk.Result.ExpectedCosts.Segments();
     ASSERT_EQ(designs.size(), 10U);
+    std::vector<LineFigure> curve;
+    for (const HotSpot& spot : picture.HotSpots()) {
+        if (spot.Ends) {
+            curve.push_back(std::get<LineFigure>(picture.Figures()[spot.Figure]));
+        }
+    }
     ASSERT_EQ(curve.size(), designs.size());
-    // costs from 178,400 to 354,000, and a tenth of that below
-    const AxisScale scale = RoundScale(178400 - 17560, 354000, 6);
+    // Two places tell the scales; all other ends must agree with them.
+    const auto x = [&](float volume) {
+        const double from = static_cast<double>(designs.front().Start);
+        const double to = static_cast<double>(designs.back().End);
+        return curve.front().X1 + (static_cast<double>(volume) - from) / (to - from) *
+                                      (curve.back().X2 - curve.front().X1);
+    };
+    const auto ring = test::FiguresOf<CircleFigure>(picture).at(0);
+    const auto y = [&](float cost) {
+        const double from = static_cast<double>(designs.front().CostStart);
+        const double chosen = static_cast<double>(desk.Line().ExpectedCost);
+        return curve.front().Y1 +
+               (static_cast<double>(cost) - from) / (chosen - from) * (ring.Y - curve.front().Y1);
+    };
     for (std::size_t i = 0; i < designs.size(); ++i) {
-        const auto y = [&](float cost) {
-            return plot.Y(static_cast<double>(cost), scale.Low, scale.High);
-        };
         EXPECT_EQ(curve[i].Width, 2);
-        EXPECT_NEAR(curve[i].X1, plot.X(static_cast<double>(designs[i].Start)), 1) << i;
-        EXPECT_NEAR(curve[i].X2, plot.X(static_cast<double>(designs[i].End)), 1) << i;
+        EXPECT_NEAR(curve[i].X1, x(designs[i].Start), 1) << i;
+        EXPECT_NEAR(curve[i].X2, x(designs[i].End), 1) << i;
         EXPECT_NEAR(curve[i].Y1, y(designs[i].CostStart), 1) << i;
         EXPECT_NEAR(curve[i].Y2, y(designs[i].CostEnd), 1) << i;
     }
 }
 
-TEST(ChartDrawings, GuideToTheVolumesThatSaveAShift) {
+TEST(ChartDrawings, NameTheVolumesThatSaveAShift) {
     StochDesk desk(test::StagesModel(), "2");
     desk.Solve();
-    const CostPlot plot(desk.Form.picGraph[3]);
-    const auto guides = LinesOf(plot.Paper, {200, 215, 235});
-    const std::vector<double> volumes = {150000, 300000, 600000};
-    ASSERT_EQ(guides.size(), volumes.size());
-    for (std::size_t i = 0; i < volumes.size(); ++i) {
-        EXPECT_NEAR(guides[i].X1, plot.X(volumes[i]), 1);
-        EXPECT_EQ(guides[i].X1, guides[i].X2);
-        EXPECT_NEAR(std::min(guides[i].Y1, guides[i].Y2), plot.Paper.Height() * 0.16, 1);
-        EXPECT_NEAR(std::max(guides[i].Y1, guides[i].Y2), plot.Paper.Height() * 0.80, 1);
+    const auto guides = LinesOf(desk.Form.picGraph[3], {200, 215, 235});
+    ASSERT_EQ(guides.size(), 3U);
+    for (const LineFigure& guide : guides) {
+        EXPECT_EQ(guide.X1, guide.X2);
     }
+    // 150, 300 and 600 thousand units for demands of 100 and 200 thousand.
+    EXPECT_NEAR((guides[1].X1 - guides[0].X1) / (guides[2].X1 - guides[0].X1), 1 / 3.0, 1e-6);
+    EXPECT_TRUE(HasText(desk.Form.picGraph[3], "100K in two shifts"));
+    EXPECT_TRUE(Says(desk.Form.picGraph[3], "200K in two shifts, 100K in one shift"));
+    EXPECT_TRUE(Says(desk.Form.picGraph[3], "200K in one shift"));
 }
 
-TEST(ChartDrawings, EqualVolumesShareABar) {
+TEST(ChartDrawings, CutThePenaltyCliffOffAndBreakTheAxis) {
+    StochDesk desk(test::StagesModel(), "50");
+    desk.Solve();
+    const Picture& picture = desk.Form.picGraph[3];
+    float dearest = 0;
+    for (const CurveSegment& segment : desk.Result.ExpectedCosts.Segments()) {
+        dearest = std::max({dearest, segment.CostStart, segment.CostEnd});
+    }
+    ASSERT_GT(dearest, 10 * desk.Line().ExpectedCost);
+    EXPECT_TRUE(
+        Says(picture, "up to " + ShortDollars(static_cast<double>(dearest)) + " (penalty)"));
+    ExpectReadable(picture);
+}
+
+TEST(ChartDrawings, BreakTheAxisOnlyWhereItDoesNotBeginAtZero) {
+    constexpr const char* sign = "This axis does not begin at 0.";
+    Picture picture(7200, 4200);
+    const auto draw = [&](double low) {
+        picture.Compose([low](Picture& each) {
+            const Chart chart(each, {"T", {0, 10, "x"}, {low, 100, "y"}, {}, {}});
+        });
+    };
+    draw(0);
+    EXPECT_FALSE(Says(picture, sign));
+    draw(50);
+    EXPECT_TRUE(Says(picture, sign));
+}
+
+/// The stations that a solve has marked in its tables.
+std::vector<StationGroup> ChosenGroups(test::StochSolve& solve) {
+    RecordSet rows = solve.Copy.Open().OpenRecordSet(
+        "SELECT Pathways.ResourceId, Arcs.TaskStart, Arcs.TaskEnd FROM Pathways INNER JOIN Arcs ON "
+        "Pathways.ArcId = Arcs.ArcId WHERE Pathways.Feasible = 4 ORDER BY Arcs.TaskStart;");
+    std::vector<StationGroup> groups;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        groups.push_back({rows.Integer(0), rows.Integer(1), rows.Integer(2) - 1, 2});
+    }
+    return groups;
+}
+
+TEST(ChartDrawings, SegmentsTellCapacityCostAndStations) {
+    test::StochSolve solve(test::StagesModel(), "2");
+    solve.Press();
+    const Picture& picture = solve.Form.picGraph[3];
+    std::string words;
+    for (const HotSpot& spot : picture.HotSpots()) {
+        if (spot.Ends && spot.Ends->XEnd == 600000) {
+            words = WordsAt(spot, picture.Figures()[spot.Figure], picture.Width(), 0);
+        }
+    }
+    EXPECT_TRUE(words.starts_with("Capacity 600,000: $178,400 a year; ")) << words;
+    const std::string stations = words.substr(words.find("; ") + 2);
+    EXPECT_EQ(stations, LineText(LoadLineModel(solve.Copy.Open()), ChosenGroups(solve)));
+}
+
+TEST(ChartDrawings, EqualAndNearVolumesShareABar) {
     ModelScript model = test::StagesModel();
-    model.Demand = {{100000, 20}, {100000, 30}, {200000, 50}};
+    model.Demand = {{100000, 20}, {100000, 30}, {100010, 10}, {200000, 40}};
     StochDesk desk(model);
     desk.BuildDemandTables();
-    const auto bars = LinesOf(desk.Form.picGraph[1], {21, 101, 192});
-    ASSERT_EQ(bars.size(), 2U);
-    EXPECT_EQ(bars[0].Y2, bars[1].Y2);  // 50 % each
+    EXPECT_EQ(Bars(desk.Form.picGraph[1]).size(), 2U);
+    EXPECT_TRUE(HasText(desk.Form.picGraph[1], "3 points: 60%"));
+    EXPECT_TRUE(HasText(desk.Form.picGraph[1], "40%"));
+    EXPECT_TRUE(Says(desk.Form.picGraph[1],
+                     "3 points: 60% (100,000 units: 20%; 100,000 units: 30%; 100,010 units: 10%)"));
 }
 
 TEST(ChartDrawings, OfOneVolumeAlone) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <string>
 #include <variant>
 #include <vector>
@@ -49,6 +50,35 @@ inline std::vector<std::string> FigureTexts(const Picture& picture) {
     std::vector<std::string> texts;
     for (const PictureFigure& figure : picture.Figures()) {
         texts.push_back(std::visit([](const auto& each) { return FigureText(each); }, figure));
+    }
+    return texts;
+}
+
+/// A measure of a drawing, freed of the rounding of its placement.
+inline double Rounded(double value) {
+    return std::round(value * 1000) / 1000;
+}
+
+/// Arcs, nodes and task numbers of a network in the units of its sheet, in drawing order.
+inline std::vector<std::string> NetworkTexts(const Picture& picture) {
+    const auto& [scale, left, top] = picture.Sheet;
+    std::vector<std::string> texts;
+    for (std::size_t place = 0; place < picture.Figures().size(); ++place) {
+        if (picture.IsFixed(place)) {
+            continue;
+        }
+        const PictureFigure& figure = picture.Figures()[place];
+        if (const auto* circle = std::get_if<CircleFigure>(&figure)) {
+            CircleFigure on_sheet = *circle;
+            on_sheet.X = Rounded((circle->X - left) / scale);
+            on_sheet.Y = Rounded((circle->Y - top) / scale);
+            on_sheet.Radius = circle->Filled ? 0 : Rounded(circle->Radius / scale);
+            texts.push_back(FigureText(on_sheet));
+        } else if (const auto* text = std::get_if<TextFigure>(&figure)) {
+            const double middle = text->X + picture.WidthOf(text->Text, text->Face) / 2;
+            texts.push_back("task " + text->Text + " at " +
+                            NumberText(Rounded((middle - left) / scale)));
+        }
     }
     return texts;
 }

@@ -1,0 +1,152 @@
+// What stands in the plot of a chart.
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "picture/Chart.h"
+#include "picture/Inks.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr double kGap = 75;
+
+}  // namespace
+
+double DrawLegend(Picture& picture, std::span<const LegendEntry> legend, double left, double top,
+                  double right) {
+    constexpr double sample = 240;
+    if (legend.empty()) {
+        return 0;
+    }
+    const Font font = picture.PageFont();
+    const double line = LineHeight(font);
+    double x = left;
+    double y = top;
+    for (const LegendEntry& entry : legend) {
+        const std::string text =
+            Elided(entry.Text, right - left - sample - kGap, font, *picture.LaidOutFor().Measure);
+        const double width = sample + kGap + picture.WidthOf(text, font);
+        if (x > left && x + width > right) {
+            x = left;
+            y += line;
+        }
+        picture.Add(
+            LineFigure{x, y + line / 2, x + sample, y + line / 2, 4, entry.Pen, entry.Dashed});
+        if (entry.Core) {
+            picture.Add(LineFigure{x, y + line / 2, x + sample, y + line / 2, 2, *entry.Core});
+        }
+        picture.Text(x + sample + kGap, y, text, font, kInk);
+        x += width + 3 * kGap;
+    }
+    return y + line - top;
+}
+
+bool Chart::Line(double x1, double y1, double x2, double y2, Colour colour, int width,
+                 bool dashed) {
+    const auto [low, high] = std::minmax(y1, y2);
+    if (low > m_yScale.High || high < m_yScale.Low) {
+        return false;
+    }
+    const auto x_at = [&](double y) {
+        return y1 == y2 ? x1 : x1 + (y - y1) / (y2 - y1) * (x2 - x1);
+    };
+    const double start = std::clamp(y1, m_yScale.Low, m_yScale.High);
+    const double end = std::clamp(y2, m_yScale.Low, m_yScale.High);
+    m_picture.Add(LineFigure{ToX(start == y1 ? x1 : x_at(start)), ToY(start),
+                             ToX(end == y2 ? x2 : x_at(end)), ToY(end), width, colour, dashed});
+    return true;
+}
+
+void Chart::Limit(double y, Colour colour) {
+    m_picture.Add(LineFigure{m_plot.Left, ToY(y), m_plot.Right, ToY(y), 2, colour, true});
+}
+
+void Chart::Bar(double left, double right, double from, double to, Colour colour) {
+    const double top = ToY(std::max(from, to));
+    const BoxFigure bar{left, top, right - left, ToY(std::min(from, to)) - top, 0, colour};
+    m_labels.Take({bar.X, bar.Y, bar.X + bar.Width, bar.Y + bar.Height});
+    m_picture.Add(bar);
+}
+
+void Chart::Guide(double x, const std::string& name, const std::string& shorter, Colour colour) {
+    m_picture.Line(ToX(x), m_plot.Top, ToX(x), m_plot.Bottom, colour);
+    m_picture.Describe(name);
+    for (const std::string& text : {name, shorter}) {
+        const Extent place{ToX(x) + kTwipsPerPixel, m_plot.Top + kGap / 2,
+                           ToX(x) + kTwipsPerPixel + m_line,
+                           m_plot.Top + kGap / 2 + m_picture.WidthOf(text, m_font)};
+        const bool reaches_far = place.Bottom > (m_plot.Top + m_plot.Bottom) / 2;
+        if (!text.empty() && (!reaches_far || text == shorter) && m_labels.TryTake(place)) {
+            m_picture.Add(TextFigure{place.Left, place.Top, text, m_font, kGuideInk, true});
+            m_picture.Describe(name);
+            return;
+        }
+    }
+}
+
+void Chart::Ring(double x, double y, Colour colour) {
+    constexpr double radius = 90;
+    m_labels.Take({ToX(x) - radius, ToY(y) - radius, ToX(x) + radius, ToY(y) + radius});
+    m_picture.DrawWidth = 2;
+    m_picture.Circle(ToX(x), ToY(y), radius, colour);
+    m_picture.DrawWidth = 1;
+}
+
+void Chart::ArrowUp(double x, const std::string& text, Colour colour) {
+    constexpr double half_head = 60;
+    constexpr double head = 105;
+    const double tip = m_plot.Top + kGap / 2;
+    m_picture.DrawWidth = 2;
+    m_picture.Line(ToX(x), tip + m_line, ToX(x), tip, colour);
+    m_picture.Describe(text);
+    m_picture.Line(ToX(x) - half_head, tip + head, ToX(x), tip, colour);
+    m_picture.Line(ToX(x) + half_head, tip + head, ToX(x), tip, colour);
+    m_picture.DrawWidth = 1;
+    m_labels.Take({ToX(x) - half_head, tip, ToX(x) + half_head, tip + m_line});
+    const double width = m_picture.WidthOf(text, m_font);
+    for (const double left : {ToX(x) + kGap, ToX(x) - kGap - width, ToX(x) - width / 2}) {
+        for (const double top : {tip, tip + m_line, tip + 2 * m_line}) {
+            if (m_labels.TryTake({left, top, left + width, top + m_line})) {
+                m_picture.Text(left, top, text, m_font, colour);
+                return;
+            }
+        }
+    }
+}
+
+/// Below the point before above it, to the right before to the left; then farther away.
+bool Chart::Label(double x, double y, const std::string& text, Colour colour, bool bold) {
+    constexpr int most_steps = 8;
+    const Font font = m_picture.PageFont(0, bold);
+    const double width = m_picture.WidthOf(text, font);
+    for (int step = 0; step < most_steps; ++step) {
+        const double away = kGap + step * m_line / 2;
+        for (const double top : {ToY(y) + away, ToY(y) - away - m_line}) {
+            for (const double left : {ToX(x) + kGap, ToX(x) - kGap - width, ToX(x) - width / 2}) {
+                if (m_labels.TryTake({left, top, left + width, top + m_line})) {
+                    m_picture.Text(left, top, text, font, colour);
+                    return true;
+                }
+            }
+        }
+    }
+    return false;
+}
+
+bool Chart::LabelAbove(double paperX, double y, const std::string& text, Colour colour) {
+    const double width = m_picture.WidthOf(text, m_font);
+    const double left =
+        std::clamp(paperX - width / 2, m_plot.Left, std::max(m_plot.Left, m_plot.Right - width));
+    for (const int lines : {1, 2, 3}) {
+        const double top = ToY(y) - lines * m_line;
+        if (m_labels.TryTake({left, top, left + width, top + m_line})) {
+            m_picture.Text(left, top, text, m_font, colour);
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace quarnel02
