@@ -1,0 +1,92 @@
+#include "charts/CostBars.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "basic/NumberFormat.h"
+#include "picture/Chart.h"
+#include "picture/Inks.h"
+
+namespace quarnel02 {
+
+namespace {
+
+struct CostPart {
+    const char* Name;
+    Colour Fill;
+    double Dollars;
+};
+
+std::array<CostPart, 4> PartsOf(const CostBar& bar) {
+    constexpr Colour machine{239, 140, 24};
+    return {{{"Capital", kBlueInk, bar.Figures.Capital},
+             {"Machine", machine, bar.Figures.Machine},
+             {"Labour", kGreenInk, bar.Figures.Labour},
+             {"Penalty", kRedInk, bar.Penalty}}};
+}
+
+double SumOf(const CostBar& bar) {
+    double sum = 0;
+    for (const CostPart& part : PartsOf(bar)) {
+        sum += part.Dollars;
+    }
+    return sum;
+}
+
+ChartFrame FrameOf(const std::vector<CostBar>& bars) {
+    constexpr double head_room = 1.12;
+    ChartFrame frame;
+    frame.Title = "Cost of the scenarios";
+    frame.X.Title = "Scenario";
+    frame.Y = {0, 1, "Dollars per year", false, true};
+    for (const CostBar& bar : bars) {
+        frame.Y.High = std::max(frame.Y.High, head_room * SumOf(bar));
+        frame.Places.push_back(bar.Name);
+    }
+    for (const CostPart& part : PartsOf(bars.front())) {
+        frame.Legend.push_back({part.Name, part.Fill, false, {}});
+    }
+    return frame;
+}
+
+std::string DollarText(double dollars) {
+    return Format(dollars, "$#,##0");
+}
+
+void DrawBar(Picture& picture, Chart& chart, const CostBar& bar, double left, double right) {
+    double from = 0;
+    for (const CostPart& part : PartsOf(bar)) {
+        if (part.Dollars > 0) {
+            chart.Bar(left, right, from, from + part.Dollars, part.Fill);
+            picture.Describe(bar.Name + ": " + part.Name + " " + DollarText(part.Dollars) + " of " +
+                             DollarText(SumOf(bar)) + " a year" +
+                             (bar.Words.empty() ? "" : "; " + bar.Words));
+            from += part.Dollars;
+        }
+    }
+    chart.LabelAbove((left + right) / 2, from, DollarText(SumOf(bar)), kInk);
+}
+
+void DrawBars(Picture& picture, const std::vector<CostBar>& bars) {
+    constexpr double share_of_place = 0.6;
+    constexpr double widest = 1500;
+    Chart chart(picture, FrameOf(bars));
+    const double half = std::min(share_of_place * (chart.ToX(1) - chart.ToX(0)), widest) / 2;
+    for (std::size_t place = 0; place < bars.size(); ++place) {
+        const double middle = chart.ToX(static_cast<double>(place) + 0.5);
+        DrawBar(picture, chart, bars[place], middle - half, middle + half);
+    }
+}
+
+}  // namespace
+
+void DrawCostBars(Picture& picture, std::vector<CostBar> bars) {
+    if (bars.empty()) {
+        picture.Clear();
+        return;
+    }
+    picture.Compose([all = std::move(bars)](Picture& each) { DrawBars(each, all); });
+}
+
+}  // namespace quarnel02
