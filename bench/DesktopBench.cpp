@@ -1,13 +1,16 @@
 // The desktop program offscreen: from the start of the process to a painted, usable window, and
 // from a press of "1 Shift" on a generated model of 20 tasks and 10 resources to everything
-// drawn and the report written.
+// drawn and the report written; and dragging a large network.
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 #include <ctime>
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QMouseEvent>
 #include <QPushButton>
+#include <algorithm>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -17,6 +20,7 @@
 #include "commands/FileCommands.h"
 #include "files/ModelFile.h"
 #include "generate_model.h"
+#include "widgets/PictureBox.h"
 
 namespace quarnel02 {
 namespace {
@@ -93,6 +97,35 @@ void PressOneShift(benchmark::State& state) {
     }
 }
 
+/// One step of dragging the enlarged network, from the pointer's move to the painted box.
+void DragNetworkOf50Tasks(benchmark::State& state) {
+    constexpr int reach = 300;
+    const Desk desk;
+    desk.LoadGenerated(50, 10);
+    auto* box = desk.Window->findChild<PictureBox*>("picArc");
+    const QPoint middle = box->viewport()->rect().center();
+    box->SetZoom(4, middle);
+    QCoreApplication::processEvents();
+    const auto send = [&](QEvent::Type type, QPoint at) {
+        QMouseEvent event(type, at, box->viewport()->mapToGlobal(at), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box->viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, middle);
+    double worst = 0;
+    int step = 0;
+    while (state.KeepRunning()) {
+        QElapsedTimer clock;
+        clock.start();
+        const int way = ++step * 7 % (2 * reach) - reach;
+        send(QEvent::MouseMove, middle + QPoint(way, way / 4));
+        QCoreApplication::processEvents();
+        worst = std::max(worst, static_cast<double>(clock.nsecsElapsed()) / 1e6);
+    }
+    state.counters["worst_ms"] = worst;
+}
+
+BENCHMARK(DragNetworkOf50Tasks)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(StartToWindow)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(PressOneShift)->UseRealTime()->Unit(benchmark::kMillisecond);
 

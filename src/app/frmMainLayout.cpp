@@ -12,7 +12,8 @@
 namespace quarnel02 {
 
 void frmMain::LayOut() {
-    m_ui->picArc->SetSizing(PictureBox::Sizing::TrueSize);
+    m_ui->picArc->SetZoomable(true);
+    m_ui->chkFitWidth->setChecked(true);
     m_ui->lstDemand->setMinimumHeight(4 * fontMetrics().lineSpacing());
     for (QLineEdit* box : {m_ui->txtResources, m_ui->txtTasks}) {
         QPalette greyed = box->palette();

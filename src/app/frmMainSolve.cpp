@@ -1,5 +1,6 @@
 // The buttons of frmMain that design the line.
 #include <QProgressBar>
+#include <QSignalBlocker>
 
 #include "app/frmMain.h"
 #include "commands/cmdContinuous.h"
@@ -17,10 +18,11 @@ void frmMain::ConnectSolve() {
                 [this, shifts] { Solve(shifts); });
     }
     connect(m_ui->cmdStoch, &QPushButton::clicked, this, &frmMain::SolveStochastic);
-    connect(m_ui->chkFitWidth, &QCheckBox::toggled, this, [this](bool fit) {
-        m_ui->scrArc->setHorizontalScrollBarPolicy(fit ? Qt::ScrollBarAlwaysOff
-                                                       : Qt::ScrollBarAsNeeded);
-        m_ui->picArc->SetSizing(fit ? PictureBox::Sizing::FitWidth : PictureBox::Sizing::TrueSize);
+    connect(m_ui->chkFitWidth, &QCheckBox::toggled, this,
+            [this](bool fit) { fit ? m_ui->picArc->ResetView() : m_ui->picArc->ShowTrueSize(); });
+    connect(m_ui->picArc, &PictureBox::ZoomChanged, this, [this](double zoom) {
+        const QSignalBlocker silent(m_ui->chkFitWidth);
+        m_ui->chkFitWidth->setChecked(zoom == 1);
     });
 }
 

@@ -5,12 +5,12 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QPolygonF>
-#include <QStringList>
 #include <array>
 #include <numbers>
 
-#include "picture/Fonts.h"
 #include "picture/Icons.h"
+#include "picture/Inks.h"
+#include "widgets/ScreenMeasure.h"
 
 namespace quarnel02 {
 
@@ -20,108 +20,146 @@ QColor ToColor(Colour colour) {
     return {colour.Red, colour.Green, colour.Blue};
 }
 
-QPen ToPen(Colour colour, int pixels) {
-    return {ToColor(colour), pixels * kTwipsPerPixel, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin};
+QPen ToPen(QColor colour, int pixels) {
+    return {colour, pixels * kTwipsPerPixel, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin};
 }
 
 double Degrees(double radians) {
     return radians * 180 / std::numbers::pi;
 }
 
-template <std::size_t Count>
-QStringList ToStringList(const std::array<const char*, Count>& texts) {
-    QStringList list;
-    for (const char* text : texts) {
-        list << QString::fromLatin1(text);
+/// Paints one figure after the other.
+class FigurePainter {
+  public:
+    FigurePainter(QPainter& painter, const ScreenStyle& style)
+        : m_painter(painter), m_style(style) {}
+
+    void Paint(const LineFigure& line) {
+        QPen pen = ToPen(ScreenColour(line.Pen, m_style), line.Width);
+        if (line.Dashed) {
+            pen.setStyle(Qt::DashLine);
+        }
+        m_painter.setPen(pen);
+        m_painter.drawLine(QPointF(line.X1, line.Y1), QPointF(line.X2, line.Y2));
     }
-    return list;
-}
 
-QFont ToFont(const Font& face) {
-    QFont font;
-    if (face.Family == FontFamily::FixedPitch) {
-        font.setFamilies(ToStringList(kFixedPitchFamilies));
-        font.setStyleHint(QFont::Monospace);
-        font.setFixedPitch(true);
-    } else {
-        font.setFamilies(ToStringList(kProportionalFamilies));
-        font.setStyleHint(QFont::SansSerif);
+    void Paint(const CircleFigure& circle) {
+        QColor colour = ScreenColour(circle.Pen, m_style);
+        colour.setAlphaF(static_cast<float>(circle.Opacity));
+        m_painter.setPen(ToPen(colour, circle.Width));
+        m_painter.setBrush(circle.Filled ? QBrush(colour) : QBrush(Qt::NoBrush));
+        DrawEllipse(circle);
     }
-    font.setPixelSize(static_cast<int>(face.Points * kTwipsPerPoint));
-    font.setHintingPreference(QFont::PreferNoHinting);
-    return font;
-}
 
-void Paint(QPainter& painter, const LineFigure& line) {
-    painter.setPen(ToPen(line.Pen, line.Width));
-    painter.drawLine(QPointF(line.X1, line.Y1), QPointF(line.X2, line.Y2));
-}
+    void Paint(const BoxFigure& box) {
+        m_painter.setPen(box.FrameWidth > 0
+                             ? ToPen(ScreenColour(box.Frame, m_style), box.FrameWidth)
+                             : QPen(Qt::NoPen));
+        m_painter.setBrush(ScreenColour(box.Fill, m_style));
+        const QRectF place(box.X, box.Y, box.Width, box.Height);
+        if (box.Rounding > 0) {
+            m_painter.drawRoundedRect(place, box.Rounding, box.Rounding);
+        } else {
+            m_painter.drawRect(place);
+        }
+    }
 
-void Paint(QPainter& painter, const CircleFigure& circle) {
-    painter.setPen(ToPen(circle.Pen, circle.Width));
-    painter.setBrush(circle.Filled ? QBrush(ToColor(circle.Pen)) : QBrush(Qt::NoBrush));
+    void Paint(const TextFigure& text);
+    void Paint(const IconFigure& icon);
+
+    void DrawEllipse(const CircleFigure& circle);
+
+  private:
+    QPainter& m_painter;
+    const ScreenStyle& m_style;
+};
+
+void FigurePainter::DrawEllipse(const CircleFigure& circle) {
     const double height = circle.Radius * circle.Aspect;
     const QRectF box(circle.X - circle.Radius, circle.Y - height, 2 * circle.Radius, 2 * height);
     const double sweep = circle.End - circle.Start;
     if (sweep >= 2 * std::numbers::pi - 1e-3) {
-        painter.drawEllipse(box);
+        m_painter.drawEllipse(box);
         return;
     }
     QPainterPath path;
     path.arcMoveTo(box, Degrees(circle.Start));
     path.arcTo(box, Degrees(circle.Start), Degrees(sweep));
-    painter.drawPath(path);
-}
-
-void Paint(QPainter& painter, const BoxFigure& box) {
-    painter.setPen(box.FrameWidth > 0 ? ToPen(box.Frame, box.FrameWidth) : QPen(Qt::NoPen));
-    painter.setBrush(ToColor(box.Fill));
-    painter.drawRoundedRect(QRectF(box.X, box.Y, box.Width, box.Height), box.Rounding,
-                            box.Rounding);
+    m_painter.drawPath(path);
 }
 
 /// Fixed pitch is stretched to the width that the columns are laid out for.
-void Paint(QPainter& painter, const TextFigure& text) {
-    constexpr double ascent = 0.95;
-    const QFont font = ToFont(text.Face);
+void FigurePainter::Paint(const TextFigure& text) {
+    const QFont font = ScreenFont(text.Face, m_style.Family);
     const QString content = QString::fromStdString(text.Text);
-    const double natural = QFontMetricsF(font).horizontalAdvance(content);
-    painter.save();
-    painter.setPen(ToColor(text.Pen));
-    painter.setFont(font);
-    painter.translate(text.X, text.Y + text.Face.Points * kTwipsPerPoint * ascent);
-    if (text.Face.Family == FontFamily::FixedPitch && natural > 0) {
-        painter.scale(TextWidth(text.Text, text.Face) / natural, 1);
+    m_painter.save();
+    m_painter.setPen(ScreenColour(text.Pen, m_style));
+    m_painter.setFont(font);
+    if (text.Turned) {
+        m_painter.translate(text.X + LineHeight(text.Face) - Baseline(text.Face), text.Y);
+        m_painter.rotate(90);
+    } else {
+        m_painter.translate(text.X, text.Y + Baseline(text.Face));
     }
-    painter.drawText(QPointF(0, 0), content);
-    painter.restore();
+    if (text.Face.Family == FontFamily::FixedPitch) {
+        const double natural = QFontMetricsF(font).horizontalAdvance(content);
+        m_painter.scale(natural > 0 ? TextWidth(text.Text, text.Face) / natural : 1, 1);
+    }
+    m_painter.drawText(QPointF(0, 0), content);
+    m_painter.restore();
 }
 
-void Paint(QPainter& painter, const IconFigure& icon) {
-    painter.save();
-    painter.translate(icon.X, icon.Y);
-    painter.scale(icon.Size, icon.Size);
-    painter.setPen(Qt::NoPen);
+/// An icon has its own colours on any paper.
+void FigurePainter::Paint(const IconFigure& icon) {
+    m_painter.save();
+    m_painter.translate(icon.X, icon.Y);
+    m_painter.scale(icon.Size, icon.Size);
+    m_painter.setPen(Qt::NoPen);
     for (const IconShape& shape : IconShapes(icon.Type)) {
-        painter.setBrush(ToColor(shape.Fill));
+        m_painter.setBrush(ToColor(shape.Fill));
         if (shape.Radius > 0) {
-            painter.drawEllipse(QPointF(shape.Points[0].X, shape.Points[0].Y), shape.Radius,
-                                shape.Radius);
+            m_painter.drawEllipse(QPointF(shape.Points[0].X, shape.Points[0].Y), shape.Radius,
+                                  shape.Radius);
             continue;
         }
         QPolygonF polygon;
         for (const IconPoint& point : shape.Points) {
             polygon << QPointF(point.X, point.Y);
         }
-        painter.drawPolygon(polygon);
+        m_painter.drawPolygon(polygon);
     }
-    painter.restore();
+    m_painter.restore();
 }
 
 }  // namespace
 
-void PaintFigure(QPainter& painter, const PictureFigure& figure) {
-    std::visit([&](const auto& each) { Paint(painter, each); }, figure);
+QColor ScreenColour(Colour colour, const ScreenStyle& style) {
+    return ToColor(style.Dark ? OnDark(colour) : colour);
+}
+
+void PaintFigure(QPainter& painter, const PictureFigure& figure, const ScreenStyle& style) {
+    std::visit([&](const auto& each) { FigurePainter(painter, style).Paint(each); }, figure);
+}
+
+void PaintHighlight(QPainter& painter, const PictureFigure& figure, const TextMeasure& measure,
+                    QColor colour) {
+    constexpr float shine = 0.55F;
+    constexpr int broad = 6;
+    constexpr int frame = 2;
+    colour.setAlphaF(shine);
+    painter.setBrush(Qt::NoBrush);
+    if (const auto* circle = std::get_if<CircleFigure>(&figure)) {
+        painter.setPen(ToPen(colour, circle->Width + broad));
+        FigurePainter(painter, {}).DrawEllipse(*circle);
+    } else if (const auto* line = std::get_if<LineFigure>(&figure)) {
+        painter.setPen(ToPen(colour, line->Width + broad));
+        painter.drawLine(QPointF(line->X1, line->Y1), QPointF(line->X2, line->Y2));
+    } else {
+        const Extent place = ExtentOf(figure, measure);
+        painter.setPen(ToPen(colour, frame));
+        painter.drawRect(
+            QRectF(QPointF(place.Left, place.Top), QPointF(place.Right, place.Bottom)));
+    }
 }
 
 }  // namespace quarnel02
