@@ -48,6 +48,7 @@ class LineDrawing {
 
   private:
     [[nodiscard]] CardTexts WidestTexts() const;
+    [[nodiscard]] Font HeadingFont() const { return {FontFamily::FixedPitch, m_font.Points}; }
     void DrawHeading();
     void DrawCard(std::size_t place, const Extent& card);
     void FillFullCard(std::size_t place, const Extent& card);
@@ -90,9 +91,8 @@ CardTexts LineDrawing::WidestTexts() const {
 
 void LineDrawing::Draw() {
     const Page& page = m_picture.LaidOutFor();
-    m_picture.SetPaper(
-        std::max(page.Width, 2 * kMargin + TextWidth(kRule, {FontFamily::FixedPitch})),
-        page.Height);
+    m_picture.SetPaper(std::max(page.Width, 2 * kMargin + TextWidth(kRule, HeadingFont())),
+                       page.Height);
     DrawHeading();
     if (m_stations.empty()) {
         return;
@@ -111,7 +111,7 @@ void LineDrawing::Draw() {
 }
 
 void LineDrawing::DrawHeading() {
-    m_picture.TextFont = {};
+    m_picture.TextFont = HeadingFont();
     PictureLines lines(m_picture);
     LinePrinter printer(lines);
     printer.Print(kHeading);

@@ -71,13 +71,15 @@ void Chart::Bar(double left, double right, double from, double to, Colour colour
 }
 
 void Chart::Guide(double x, const std::string& name, const std::string& shorter, Colour colour) {
+    constexpr double most_of_height = 0.7;
     m_picture.Line(ToX(x), m_plot.Top, ToX(x), m_plot.Bottom, colour);
     m_picture.Describe(name);
     for (const std::string& text : {name, shorter}) {
         const Extent place{ToX(x) + kTwipsPerPixel, m_plot.Top + kGap / 2,
                            ToX(x) + kTwipsPerPixel + m_line,
                            m_plot.Top + kGap / 2 + m_picture.WidthOf(text, m_font)};
-        const bool reaches_far = place.Bottom > (m_plot.Top + m_plot.Bottom) / 2;
+        const bool reaches_far =
+            place.Bottom > m_plot.Top + most_of_height * (m_plot.Bottom - m_plot.Top);
         if (!text.empty() && (!reaches_far || text == shorter) && m_labels.TryTake(place)) {
             m_picture.Add(TextFigure{place.Left, place.Top, text, m_font, kGuideInk, true});
             m_picture.Describe(name);

@@ -30,11 +30,12 @@ double LuminanceOf(Colour colour) {
 Colour OnDark(Colour colour) {
     constexpr double darkest = 0.13;
     constexpr double lightest = 0.93;
+    constexpr double lift = 0.75;  // blue and purple look darker than their lightness
     const double red = colour.Red / kMost;
     const double green = colour.Green / kMost;
     const double blue = colour.Blue / kMost;
     const double lightness = (std::max({red, green, blue}) + std::min({red, green, blue})) / 2;
-    const double turned = lightest - (lightest - darkest) * lightness;
+    const double turned = darkest + (lightest - darkest) * std::pow(1 - lightness, lift);
     const double most = std::max({red, green, blue}) - lightness;
     const double room = std::min(turned, 1 - turned);
     const double strength = most > room ? room / most : 1;

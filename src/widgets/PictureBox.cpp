@@ -163,7 +163,7 @@ void PictureBox::LayOut() {
 
 void PictureBox::SetScrollRanges() {
     const bool composed = m_picture->IsComposed();
-    const Extent drawn = m_picture->Drawn();
+    const Extent drawn = composed ? Extent{0, 0, 0, 0} : m_picture->Drawn();
     const auto pixels = [](double twips) {
         return static_cast<int>(std::ceil(twips / kTwipsPerPixel));
     };

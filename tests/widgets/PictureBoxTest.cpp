@@ -158,7 +158,7 @@ TEST_F(PictureBoxPixels, ALongDrawingIsShownWhileItGoesOn) {
             return false;
         }
     } counter(paints);
-    Box.installEventFilter(&counter);
+    Box.viewport()->installEventFilter(&counter);
     QElapsedTimer clock;
     clock.start();
     while (clock.elapsed() < 400) {
