@@ -35,15 +35,15 @@ double SumOf(const CostBar& bar) {
 }
 
 ChartFrame FrameOf(const std::vector<CostBar>& bars) {
-    constexpr double head_room = 1.12;
     ChartFrame frame;
     frame.Title = "Cost of the scenarios";
     frame.X.Title = "Scenario";
     frame.Y = {0, 1, "Dollars per year", false, true};
     for (const CostBar& bar : bars) {
-        frame.Y.High = std::max(frame.Y.High, head_room * SumOf(bar));
+        frame.Y.High = std::max(frame.Y.High, SumOf(bar));
         frame.Places.push_back(bar.Name);
     }
+    frame.LabelsOnBars = true;
     for (const CostPart& part : PartsOf(bars.front())) {
         frame.Legend.push_back({part.Name, part.Fill, false, {}});
     }

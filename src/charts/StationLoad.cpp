@@ -78,7 +78,6 @@ LoadBar BarOf(const LineModel& model, const StationRow& row, int number) {
 }
 
 ChartFrame FrameOf(const LoadValues& values) {
-    constexpr double head_room = 1.15;
     ChartFrame frame;
     frame.Title = "Station load";
     frame.X.Title = "Station";
@@ -87,7 +86,7 @@ ChartFrame FrameOf(const LoadValues& values) {
         frame.Y.High = std::max(frame.Y.High, bar.Seconds);
         frame.Places.push_back(bar.Name);
     }
-    frame.Y.High *= head_room;
+    frame.LabelsOnBars = true;
     frame.Legend = {{"tasks", kTask, false, {}},
                     {"tool changes", kToolChange, false, {}},
                     {"transport", kTransport, false, {}},

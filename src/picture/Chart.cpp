@@ -54,7 +54,8 @@ AxisScale Chart::WidestScale(double width) const {
 
 void Chart::LayOutPlot() {
     constexpr double least_columns = 16;
-    constexpr double least_lines = 11;
+    constexpr double least_lines = 9.5;
+    constexpr double label_lines = 1.2;
     constexpr double lines_per_step = 1.7;
     const Page& page = m_picture.LaidOutFor();
     m_picture.SetPaper(std::max(page.Width, least_columns * m_line),
@@ -62,6 +63,10 @@ void Chart::LayOutPlot() {
     const double head = LineHeight(m_picture.PageFont(1, true)) + LegendHeight() + 1.5 * m_line;
     m_plot.Top = 2 * kGap + head;
     m_plot.Bottom = m_picture.Height() - 2 * kGap - 2.5 * m_line;
+    const double height = m_plot.Bottom - m_plot.Top;
+    if (m_frame.LabelsOnBars) {
+        m_frame.Y.High *= height / (height - label_lines * m_line);
+    }
     m_yScale = RoundScale(m_frame.Y.Low, m_frame.Y.High,
                           StepsIn(m_plot.Bottom - m_plot.Top, lines_per_step * m_line));
     m_plot.Left = 2 * kGap + kTickLength + WidestTick(m_frame.Y, m_yScale, m_font, *page.Measure);

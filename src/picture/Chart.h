@@ -28,6 +28,7 @@ struct ChartFrame {
     /// Names of the places along x instead of a scale: place i reaches from i to i + 1. Their
     /// numbers stand alone where the names have no room.
     std::vector<std::string> Places;
+    bool LabelsOnBars = false;  ///< the highest value needs room for a label over it
 };
 
 /// Writes a legend in rows from (left, top) to `right` and returns the height of the rows.

@@ -78,15 +78,15 @@ double HighestOf(const std::vector<DemandBar>& bars) {
 ChartFrame FrameOf(const Points& points, double highest) {
     constexpr double share_of_span = 0.15;
     constexpr double share_of_volume = 0.02;
-    constexpr double head_room = 1.2;
     const auto first = static_cast<double>(points.front().Volume);
     const auto last = static_cast<double>(points.back().Volume);
     const double room = std::max(share_of_span * (last - first), share_of_volume * last);
     return {"Demand Distribution",
             {std::max(0.0, first - room), last + room, "Annual volume (units)", true, false},
-            {0, highest * head_room, "Probability (%)", false, false},
+            {0, highest, "Probability (%)", false, false},
             {},
-            {}};
+            {},
+            true};
 }
 
 /// Volumes to the twip.

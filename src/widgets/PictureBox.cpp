@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QFontDatabase>
 #include <QFontInfo>
 #include <QLabel>
 #include <QPainter>
@@ -79,9 +78,13 @@ QSize PictureBox::minimumSizeHint() const {
 /// Paper is that of the palette, turned into one of two; letters are those of the box.
 void PictureBox::NoteStyle() {
     m_style = {font().family(), palette().color(QPalette::Base).lightness() < kDarkBelow};
-    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QFont fixed = FixedPitchFont();
     fixed.setPixelSize(QFontInfo(font()).pixelSize());
     m_text->setFont(fixed);
+    QPalette paper = palette();
+    paper.setColor(QPalette::Base, ScreenColour(kPaper, m_style));
+    paper.setColor(QPalette::Text, ScreenColour(kInk, m_style));
+    m_text->setPalette(paper);
 }
 
 void PictureBox::changeEvent(QEvent* event) {

@@ -1,12 +1,15 @@
 #include "widgets/ScreenMeasure.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
+#include <QStringList>
 #include <cmath>
 #include <map>
 #include <memory>
 
 #include "basic/LinePrinter.h"
+#include "picture/Fonts.h"
 #include "picture/Units.h"
 
 namespace quarnel02 {
@@ -31,10 +34,21 @@ class FamilyMeasure : public TextMeasure {
 
 }  // namespace
 
+QFont FixedPitchFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(font).fixedPitch()) {
+        QStringList families;
+        for (const char* family : kFixedPitchFamilies) {
+            families << QString::fromLatin1(family);
+        }
+        font.setFamilies(families);
+        font.setStyleHint(QFont::Monospace);
+    }
+    return font;
+}
+
 QFont ScreenFont(const Font& face, const QString& family) {
-    QFont font(face.Family == FontFamily::FixedPitch
-                   ? QFontDatabase::systemFont(QFontDatabase::FixedFont).family()
-                   : family);
+    QFont font = face.Family == FontFamily::FixedPitch ? FixedPitchFont() : QFont(family);
     font.setPixelSize(static_cast<int>(std::lround(face.Points * kTwipsPerPoint)));
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setBold(face.Bold);

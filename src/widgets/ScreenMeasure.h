@@ -7,6 +7,9 @@
 
 namespace quarnel02 {
 
+/// The desktop's font of fixed pitch; where it names one that is not, a font that is.
+QFont FixedPitchFont();
+
 /// The font of a picture's text on screen, in twips: of a family, or its fixed-pitch sibling.
 QFont ScreenFont(const Font& face, const QString& family);
 
