@@ -259,6 +259,15 @@ void FileCommands::OpenGiven(const fs::path& file) {
     OpenFile({path, DirectoryPart(path), FileNamePart(path)});
 }
 
+void FileCommands::OpenExample(const fs::path& file) {
+    if (!AskToSave() || !Read(file)) {
+        return;
+    }
+    ForgetFile();
+    m_form.SetTitle(kApplicationTitle);
+    NoteBaseline(DigestOf(m_form.Copy().Path()));
+}
+
 void FileCommands::OpenFile(const ChosenFile& chosen) {
     if (m_kept.Holds(chosen.Path)) {
         LoadKept(chosen.Path);

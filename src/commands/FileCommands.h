@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "commands/CurrentModel.h"
@@ -46,6 +47,9 @@ class FileCommands {
     /// Work that StartUp has just recovered stays instead, which is said.
     void OpenGiven(const std::filesystem::path& file);
 
+    /// Opens a file as an untitled model, which no Save writes back to it.
+    void OpenExample(const std::filesystem::path& file);
+
     /// Asks to save where there are changes; part of New, Open, OpenRecent, Recover and Exit.
     /// False when saving failed, or was refused: the command that asked must not go on.
     bool AskToSave();
@@ -63,6 +67,11 @@ class FileCommands {
     [[nodiscard]] std::vector<KeptModel> KeptModels() const;
     /// Loads kept work as an untitled model; asks to save first, as Open does.
     void Recover(const KeptModel& kept);
+
+    /// Whether the model has no file of its own yet; a proposed name is none.
+    [[nodiscard]] bool IsUntitled() const { return m_current.File.empty() || m_proposed; }
+    /// Name of the file that was written since it was last asked for; "" when none was.
+    [[nodiscard]] std::string TakeSavedName() { return std::exchange(m_savedName, {}); }
 
     [[nodiscard]] RecentFiles& Recent() { return m_recent; }
     [[nodiscard]] CurrentModel& Current() { return m_current; }
@@ -107,6 +116,7 @@ class FileCommands {
     InputWatch m_inputs;
     EditHistory m_history;
     SessionState m_state;
+    std::string m_savedName;  ///< of the file written last, until somebody asks
     bool m_proposed = false;  ///< the current file was proposed and never confirmed
 };
 

@@ -107,6 +107,7 @@ bool FileCommands::SaveToFile(bool reload) {
         return false;
     }
     m_current.Changed = false;
+    m_savedName = m_current.File;
     AddToRecent();
     return true;
 }

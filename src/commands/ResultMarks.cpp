@@ -1,8 +1,10 @@
 #include "commands/ResultMarks.h"
 
+#include <algorithm>
 #include <array>
 #include <ctime>
 
+#include "basic/NumberFormat.h"
 #include "model/InputDigest.h"
 #include "shell/Reports.h"
 
@@ -16,6 +18,19 @@ std::string TimeText(std::chrono::system_clock::time_point time) {
     localtime_r(&seconds, &local);
     std::array<char, 32> text{};
     return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local)};
+}
+
+/// "6 ms", "1.2 s", "75 s"; at least a millisecond.
+std::string DurationText(std::chrono::system_clock::duration duration) {
+    constexpr double whole_seconds_from = 10;
+    const auto least = std::chrono::milliseconds(1);
+    const auto milliseconds =
+        std::max(least, std::chrono::duration_cast<std::chrono::milliseconds>(duration));
+    if (milliseconds < std::chrono::seconds(1)) {
+        return std::to_string(milliseconds.count()) + " ms";
+    }
+    const double seconds = std::chrono::duration<double>(milliseconds).count();
+    return Format(seconds, seconds < whole_seconds_from ? "0.0" : "0") + " s";
 }
 
 }  // namespace
@@ -51,6 +66,13 @@ Standing ResultMarks::OfReport(const std::string& file) const {
 std::string DesignText(const DesignMade& design) {
     const std::string product = design.Product.empty() ? "" : " - " + design.Product;
     return design.Caption + product + " - " + TimeText(design.When);
+}
+
+std::string ShortDesignText(const DesignMade& design) {
+    if (design.Cost.empty()) {
+        return design.Caption;
+    }
+    return design.Caption + ": " + design.Cost + " in " + DurationText(design.Took);
 }
 
 }  // namespace quarnel02

@@ -1,5 +1,6 @@
 #include "commands/SolveFixedDemand.h"
 
+#include <chrono>
 #include <exception>
 
 #include "basic/NumberFormat.h"
@@ -69,13 +70,15 @@ std::string LeftOutText(LineEnd end) {
            NumberText(end.LastTask + 1) + " to " + NumberText(end.Tasks) + " within the limits.";
 }
 
-/// The search has ended with a line.
+/// The search has ended with a line. The report comes last: another program shows it.
 void ShowLine(MainForm& form, const Database& database, const LineModel& model,
               const FixedDemandOrder& order, LineEnd end) {
-    WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
-    OpenReport(form.Copy(), kRunReport, form);
+    const std::string cost =
+        WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
     form.LastDesign =
         NewDesign(database, DesignCaption(order.Request, end), form.Text(TextBox::txtProduct));
+    form.LastDesign->Cost = cost;
+    OpenReport(form.Copy(), kRunReport, form);
     if (end.LeavesTasksOut()) {
         form.ShowMessage(LeftOutText(end), MessageIcon::Critical);
     }
@@ -115,6 +118,7 @@ void DesignLine(MainForm& form, const Database& database, const LineModel& model
 }
 
 void SolveFixedDemand(MainForm& form, const FixedDemandAnswers& answers) {
+    const auto start = std::chrono::system_clock::now();
     RemoveReport(form.Copy(), kRunReport);
     FixedDemandOrder order;
     order.Request.Shifts = answers.Shifts;
@@ -129,6 +133,9 @@ void SolveFixedDemand(MainForm& form, const FixedDemandAnswers& answers) {
     static_cast<void>(WorkloadOf(order.Request, model.Parameters()));  // refuses volumes
     GeneratePathways(database, form, form.picArc);
     DesignLine(form, database, model, order);
+    if (form.LastDesign) {
+        form.LastDesign->Took = form.LastDesign->When - start;
+    }
 }
 
 }  // namespace quarnel02

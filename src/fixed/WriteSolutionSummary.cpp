@@ -66,6 +66,10 @@ double Sum(const std::vector<Station>& stations, double Station::*amount) {
     return sum;
 }
 
+std::string TotalText(const std::vector<Station>& stations) {
+    return Format(Sum(stations, &Station::Cost), "$#,###");
+}
+
 double LongestTime(const std::vector<Station>& stations) {
     double longest = 0;
     for (const Station& station : stations) {
@@ -166,7 +170,7 @@ void SummaryWriter::PrintTimes() {
 }
 
 void SummaryWriter::PrintTotal() {
-    const std::string total = Format(Sum(m_stations, &Station::Cost), "$#,###");
+    const std::string total = TotalText(m_stations);
     m_picture.Print("Total Cost: ", Tab{kPictureTotalColumn}, total);
     m_file.Print("Total Cost: ", Tab{kFileTotalColumn}, total);
 }
@@ -192,9 +196,9 @@ void DrawChosenLine(Picture& picture, const LineModel& model,
 
 }  // namespace
 
-void WriteSolutionSummary(const Database& database, const LineModel& model,
-                          const FixedDemandOrder& order, PictureBoxes& boxes,
-                          const std::filesystem::path& report) {
+std::string WriteSolutionSummary(const Database& database, const LineModel& model,
+                                 const FixedDemandOrder& order, PictureBoxes& boxes,
+                                 const std::filesystem::path& report) {
     const std::vector<Station> stations = ReadStations(database);
     boxes.picGraph[0].Clear();
     SummaryWriter writer(model, order, stations, boxes.picGraph[0]);
@@ -207,6 +211,7 @@ void WriteSolutionSummary(const Database& database, const LineModel& model,
     boxes.picGraph[3].Clear();
     writer.PrintSums();
     WriteFile(report, writer.FileText());
+    return TotalText(stations);
 }
 
 }  // namespace quarnel02

@@ -13,7 +13,9 @@ struct DesignMade {
     std::string Caption;  ///< "2 shifts, 60,000 units a year" or "Capacity 84,000 units a year"
     std::string Product;
     std::chrono::system_clock::time_point When;
-    std::uint64_t Inputs;  ///< digest of the entered tables at that time
+    std::uint64_t Inputs;                           ///< digest of the entered tables at that time
+    std::string Cost = {};                          ///< a year, as the report says it: "$202,004"
+    std::chrono::system_clock::duration Took = {};  ///< the work, without questions to the planner
 };
 
 /// A design that has just been made of the database as it is. Throws what the store reports.

@@ -52,7 +52,8 @@ class Solve {
         }
         std::string summary = WriteProductionReport(*line, m_model, m_database,
                                                     m_request.ApplicationDirectory, m_pictures);
-        return {StochasticEnd::Designed, std::move(summary), CapacityText(*line), line};
+        return {StochasticEnd::Designed, std::move(summary), CapacityText(*line),
+                ExpectedCostText(*line), line};
     }
 
   private:
@@ -108,6 +109,7 @@ bool HasEveryResource(const Database& database) {
 
 StochasticOutcome RunStochastic(const Database& database, const StochasticRequest& request,
                                 SolveStatus& status, Dialogs& dialogs, PictureBoxes& pictures) {
+    const auto start = std::chrono::system_clock::now();
     const RunFiles files(request.ApplicationDirectory, request.KeepRunFiles);
     files.DeleteAll();
     const FailureGuard clean_up([&] { files.DeleteAll(); });
@@ -123,6 +125,7 @@ StochasticOutcome RunStochastic(const Database& database, const StochasticReques
     if (outcome.End == StochasticEnd::Designed) {
         files.DeleteAll();
     }
+    outcome.Took = std::chrono::system_clock::now() - start;
     return outcome;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -32,7 +33,9 @@ struct StochasticOutcome {
     StochasticEnd End = StochasticEnd::NotStarted;
     std::string Summary;       ///< lines of the summary
     std::string CapacityText;  ///< of the line: "84,000"
-    std::optional<StochasticLine> Line;
+    std::string CostText;      ///< expected cost of a year, as in the summary: "$256,403"
+    std::optional<StochasticLine> Line = {};
+    std::chrono::system_clock::duration Took = {};  ///< the whole run
 };
 
 /// Whether each resource that Gen counts has a row.

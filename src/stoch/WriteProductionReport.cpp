@@ -98,8 +98,7 @@ void PrintClosing(LinePrinter& printer, const StochasticLine& line) {
     printer.Print("Cycle Time: ", seconds(line.CycleTime));
     printer.Print("Max. Cycle Time: ", seconds(line.MaximumCycleTime));
     printer.Print("Expected Penalty Cost: ", Dollars(line.ExpectedPenalty, "$#,###"));
-    printer.Print("Expected Annualized System Costs: ",
-                  Dollars(static_cast<double>(line.ExpectedCost), "$#,###"));
+    printer.Print("Expected Annualized System Costs: ", ExpectedCostText(line));
     printer.Print("Expected Annualized Fixed Costs: ", Dollars(line.FixedCosts, "$#,###"));
 }
 
@@ -183,6 +182,10 @@ void DrawChosenLine(Picture& picture, const StochasticLine& line, const LineMode
 }
 
 }  // namespace
+
+std::string ExpectedCostText(const StochasticLine& line) {
+    return Dollars(static_cast<double>(line.ExpectedCost), "$#,###");
+}
 
 std::string CapacityText(const StochasticLine& line) {
     return Format(static_cast<double>(line.Capacity), "#,###");

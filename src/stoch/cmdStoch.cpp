@@ -76,6 +76,8 @@ StochasticOutcome cmdStoch_Click(MainForm& form,
         DrawLinks(database, form, form.picArc, PathwayCosts::Unknown);
         form.LastDesign = NewDesign(database, "Capacity " + outcome.CapacityText + " units a year",
                                     form.Text(TextBox::txtProduct));
+        form.LastDesign->Cost = outcome.CostText + " expected";
+        form.LastDesign->Took = outcome.Took;
         OpenReport(form.Copy(), kProductionReport, form);
     }
     database.Close();  // ending the program cleans nothing up
