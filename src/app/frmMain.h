@@ -24,6 +24,7 @@ namespace quarnel02 {
 
 class FieldBox;
 class frmGuide;
+class frmStudy;
 class frmStatus;
 
 namespace Ui {
@@ -135,6 +136,7 @@ class frmMain : public QMainWindow, public MainForm {
     [[nodiscard]] QString UserDirectory();
     void FillRecoverMenu(const std::vector<KeptModel>& models);
     void ShowGuide();
+    void ShowStudy();
     void ShowAbout();
 
     [[nodiscard]] QLineEdit& Box(TextBox box) const;
@@ -147,6 +149,7 @@ class frmMain : public QMainWindow, public MainForm {
     ResultMarks m_marks;
     InputShield m_shield;
     frmGuide* m_guide = nullptr;
+    frmStudy* m_study = nullptr;
     QProgressBar* m_progress = nullptr;
     QLabel* m_design = nullptr;           ///< in the status bar: what the pictures show
     Colour m_sumColour;                   ///< of lblSum on light paper

@@ -11,6 +11,7 @@
 #include "fixed/CreateLinks.h"
 #include "model/InputDigest.h"
 #include "shell/Reports.h"
+#include "studies/frmStudy.h"
 #include "ui_frmMain.h"
 
 namespace quarnel02 {
@@ -102,6 +103,8 @@ void frmMain::ConnectOtherMenus() {
             [this] { RunCommand([this] { OpenReport(Copy(), kProductionReport, *this); }); });
     connect(m_ui->mnuViewLastCont, &QAction::triggered, this,
             [this] { RunCommand([this] { OpenReport(Copy(), kRunReport, *this); }); });
+    connect(m_ui->mnuViewStudy, &QAction::triggered, this,
+            [this] { RunCommand([this] { ShowStudy(); }); });
     connect(m_ui->mnuHelpGuide, &QAction::triggered, this, &frmMain::ShowGuide);
     connect(m_ui->mnuHelpAbout, &QAction::triggered, this, &frmMain::ShowAbout);
 }
@@ -137,6 +140,17 @@ void frmMain::ShowGuide() {
     m_guide->show();
     m_guide->raise();
     m_guide->activateWindow();
+}
+
+void frmMain::ShowStudy() {
+    if (m_study == nullptr) {
+        m_study = new frmStudy(*this, History(), Current(), this);
+        m_study->setWindowIcon(windowIcon());
+        History().SetListener([this] { m_study->Look(); });
+    }
+    m_study->show();
+    m_study->raise();
+    m_study->activateWindow();
 }
 
 void frmMain::ShowAbout() {

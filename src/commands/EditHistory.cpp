@@ -22,6 +22,13 @@ void EditHistory::Restart() {
 }
 
 void EditHistory::Note(const std::string& name) {
+    NoteChange(name);
+    if (m_listener) {
+        m_listener();
+    }
+}
+
+void EditHistory::NoteChange(const std::string& name) {
     if (!m_tables) {
         Look();
         return;

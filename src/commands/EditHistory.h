@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "commands/InputWatch.h"
 #include "sheets/UndoStack.h"
@@ -26,6 +28,11 @@ class EditHistory {
     /// inside a transaction. Throws what the store reports.
     void Note(const std::string& name = {});
 
+    /// Called at the end of every Note.
+    void SetListener(std::function<void()> listener) { m_listener = std::move(listener); }
+    /// The InputDigest of the working copy at the last look.
+    [[nodiscard]] std::uint64_t Digest() const { return m_digest; }
+
     [[nodiscard]] bool CanUndo() const { return m_stack.CanUndo(); }
     [[nodiscard]] bool CanRedo() const { return m_stack.CanRedo(); }
     /// "Undo Paste 480 cells", "Redo Paste 480 cells"; "Undo" and "Redo" without a step.
@@ -40,12 +47,14 @@ class EditHistory {
 
   private:
     void Look();
+    void NoteChange(const std::string& name);
 
     WorkingCopy m_copy;
     InputWatch& m_inputs;
     UndoStack m_stack;
     std::optional<InputTables> m_tables;  ///< as they were at the last look
     std::uint64_t m_digest = 0;
+    std::function<void()> m_listener;
 };
 
 }  // namespace quarnel02

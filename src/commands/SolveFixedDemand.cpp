@@ -75,8 +75,8 @@ void ShowLine(MainForm& form, const Database& database, const LineModel& model,
               const FixedDemandOrder& order, LineEnd end) {
     const std::string cost =
         WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
-    form.LastDesign =
-        NewDesign(database, DesignCaption(order.Request, end), form.Text(TextBox::txtProduct));
+    form.LastDesign = NewDesign(database, DesignCaption(order.Request, end),
+                                form.Text(TextBox::txtProduct), order.Request);
     form.LastDesign->Cost = cost;
     OpenReport(form.Copy(), kRunReport, form);
     if (end.LeavesTasksOut()) {

@@ -5,8 +5,8 @@
 namespace quarnel02 {
 
 DesignMade NewDesign(const Database& database, const std::string& caption,
-                     const std::string& product) {
-    return {caption, product, std::chrono::system_clock::now(), InputDigest(database)};
+                     const std::string& product, const std::optional<FixedDemandRequest>& request) {
+    return {caption, product, std::chrono::system_clock::now(), InputDigest(database), request};
 }
 
 }  // namespace quarnel02

@@ -1,0 +1,52 @@
+#include "studies/AlternativesPage.h"
+
+#include "studies/StudyTableView.h"
+#include "ui_AlternativesPage.h"
+
+namespace quarnel02 {
+
+AlternativesPage::AlternativesPage(QWidget* parent)
+    : StudyPage(parent), m_ui(std::make_unique<Ui::AlternativesPage>()) {
+    m_ui->setupUi(Contents());
+    connect(m_ui->tblBest, &StudyTableView::RowChanged, this, &AlternativesPage::ShowDetails);
+    ConnectTables();
+}
+
+AlternativesPage::~AlternativesPage() = default;
+
+std::vector<StudyTableView*> AlternativesPage::AllTables() const {
+    return {m_ui->tblBest, m_ui->tblDetails};
+}
+
+BackgroundWork::Work AlternativesPage::Work(const StudyInput& input) {
+    return [this, input](const std::stop_token& /*stop*/) -> BackgroundWork::Show {
+        AlternativesStudy study = StudyAlternatives(input);
+        if (study.Details.empty()) {
+            return [this, text = NoLineText(input)] { ShowText(text); };
+        }
+        return [this, study = std::move(study), expected = input.Question.Expected] {
+            Show(study, expected);
+        };
+    };
+}
+
+void AlternativesPage::Show(const AlternativesStudy& study, bool expected) {
+    m_study = study;
+    m_ui->lblBest->setText(expected ? QStringLiteral("The best capacities")
+                                    : QStringLiteral("The cheapest lines"));
+    m_ui->lblDetails->setText(
+        expected ? QStringLiteral("What the selected capacity does with each demand row")
+                 : QStringLiteral("Next best resource for the tasks of each station of the "
+                                  "selected line"));
+    m_ui->tblBest->SetTable(study.Best);
+    ShowContents();
+}
+
+void AlternativesPage::ShowDetails() {
+    const std::size_t row = m_ui->tblBest->Row();
+    if (row < m_study.Details.size()) {
+        m_ui->tblDetails->SetTable(m_study.Details[row]);
+    }
+}
+
+}  // namespace quarnel02

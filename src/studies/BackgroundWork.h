@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <optional>
+#include <stop_token>
+#include <thread>
+
+namespace quarnel02 {
+
+/// Work in a thread of its own, values in, values out: one at a time, the newest counts. What comes
+/// out is shown in the thread that the object lives in, unless the work was cancelled meanwhile.
+class BackgroundWork : public QObject {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(BackgroundWork)
+
+  public:
+    using Show = std::function<void()>;
+    /// Runs in the thread; what it returns is called afterwards, outside it. It should end soon
+    /// when a stop is requested, by an exception if it likes.
+    using Work = std::function<Show(const std::stop_token&)>;
+
+    explicit BackgroundWork(QObject* parent = nullptr);
+    /// Cancels, and waits for the thread.
+    ~BackgroundWork() override;
+
+    /// Cancels what runs and begins as soon as it has ended.
+    void Start(Work work);
+    /// Nothing is shown of what runs or waits.
+    void Cancel();
+    [[nodiscard]] bool IsRunning() const { return m_thread.joinable(); }
+
+  signals:
+    /// The work ended with an exception that says this.
+    void Failed(const QString& text);
+    /// The thread has ended and nothing waits.
+    void Finished();
+
+  private:
+    void Begin(Work work);
+    void End(const Show& show);
+
+    std::jthread m_thread;
+    std::optional<Work> m_next;
+};
+
+}  // namespace quarnel02

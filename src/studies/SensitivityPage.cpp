@@ -1,0 +1,40 @@
+#include "studies/SensitivityPage.h"
+
+#include "studies/StudyTableView.h"
+#include "ui_SensitivityPage.h"
+
+namespace quarnel02 {
+
+SensitivityPage::SensitivityPage(QWidget* parent)
+    : StudyPage(parent), m_ui(std::make_unique<Ui::SensitivityPage>()) {
+    m_ui->setupUi(Contents());
+    connect(m_ui->spnShare, &QSpinBox::valueChanged, this, [this] { Recompute(); });
+    ConnectTables();
+}
+
+SensitivityPage::~SensitivityPage() = default;
+
+std::vector<StudyTableView*> SensitivityPage::AllTables() const {
+    return {m_ui->tblSensitivity};
+}
+
+BackgroundWork::Work SensitivityPage::Work(const StudyInput& input) {
+    constexpr double percent = 0.01;
+    const double share = percent * m_ui->spnShare->value();
+    return [this, input, share](const std::stop_token& /*stop*/) -> BackgroundWork::Show {
+        SensitivityStudy study = StudySensitivity(input, share);
+        if (study.Figures.Rows.empty()) {
+            return [this, text = NoLineText(input)] { ShowText(text); };
+        }
+        return [this, study = std::move(study)] { Show(study); };
+    };
+}
+
+void SensitivityPage::Show(const SensitivityStudy& study) {
+    m_ui->lblFlips->setText(QString::fromStdString(study.Flips));
+    m_ui->lblFlips->setVisible(!study.Flips.empty());
+    m_ui->tblSensitivity->SetTable(study.Figures);
+    ShowContents();
+}
+
+}  // namespace quarnel02

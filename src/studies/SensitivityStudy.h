@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "studies/ShownTable.h"
+#include "studies/StudyInput.h"
+
+namespace quarnel02 {
+
+/// What figures do to the line of a question when they are a share lower or higher.
+struct SensitivityStudy {
+    ShownTable Figures;  ///< the strongest first; without rows when there is no line
+    std::string Flips;   ///< of a stochastic design: the penalties at which the capacity changes
+};
+
+/// `share` above 0 and below 1. Throws as SensitivityOf and DesignForDemand do.
+SensitivityStudy StudySensitivity(const StudyInput& input, double share);
+
+}  // namespace quarnel02

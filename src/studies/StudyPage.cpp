@@ -1,0 +1,86 @@
+#include "studies/StudyPage.h"
+
+#include <QPlainTextEdit>
+#include <QStackedLayout>
+
+#include "studies/StudyTableView.h"
+
+namespace quarnel02 {
+
+StudyPage::StudyPage(QWidget* parent)
+    : QWidget(parent),
+      m_contents(new QWidget(this)),
+      m_text(new QPlainTextEdit(this)),
+      m_layout(new QStackedLayout(this)) {
+    m_text->setObjectName(QStringLiteral("txtMessage"));
+    m_text->setReadOnly(true);
+    m_text->setFrameShape(QFrame::NoFrame);
+    m_layout->addWidget(m_text);
+    m_layout->addWidget(m_contents);
+    connect(&m_work, &BackgroundWork::Failed, this,
+            [this](const QString& text) { ShowText(text.toStdString()); });
+    connect(&m_work, &BackgroundWork::Finished, this, &StudyPage::StateChanged);
+}
+
+void StudyPage::SetInput(std::optional<StudyInput> input, const std::string& why) {
+    Cancel();
+    m_input = std::move(input);
+    if (m_input) {
+        m_outOfDate = true;
+        InputChanged(*m_input);
+    } else {
+        ShowText(why);
+    }
+    emit StateChanged();
+}
+
+void StudyPage::Compute() {
+    if (!m_input || !m_outOfDate || m_computing) {
+        return;
+    }
+    m_computing = true;
+    if (m_layout->currentWidget() == m_text) {
+        m_text->setPlainText(QStringLiteral("Computing..."));
+    }
+    m_work.Start(Work(*m_input));
+    emit StateChanged();
+}
+
+void StudyPage::Cancel() {
+    m_computing = false;
+    m_work.Cancel();
+}
+
+void StudyPage::Recompute() {
+    Cancel();
+    if (m_input) {
+        m_outOfDate = true;
+        Compute();
+    }
+}
+
+std::vector<StudyTableView*> StudyPage::Tables() const {
+    return m_layout->currentWidget() == m_contents ? AllTables() : std::vector<StudyTableView*>();
+}
+
+void StudyPage::ConnectTables() {
+    for (StudyTableView* table : AllTables()) {
+        connect(table, &StudyTableView::SaveAsked, this,
+                [this, table] { emit SaveAsked(table->Table()); });
+    }
+}
+
+void StudyPage::ShowContents() {
+    m_computing = false;
+    m_outOfDate = false;
+    m_layout->setCurrentWidget(m_contents);
+}
+
+void StudyPage::ShowText(const std::string& text) {
+    m_computing = false;
+    m_outOfDate = false;
+    m_text->setPlainText(QString::fromStdString(text));
+    m_layout->setCurrentWidget(m_text);
+}
+
+}  // namespace quarnel02

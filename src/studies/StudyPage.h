@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "studies/BackgroundWork.h"
+#include "studies/ShownTable.h"
+#include "studies/StudyInput.h"
+
+class QPlainTextEdit;
+class QStackedLayout;
+
+namespace quarnel02 {
+
+class StudyTableView;
+
+/// A tab of the study window. It computes in the background from an input that stays as it is, and
+/// shows either what came out or a text that says why there is nothing to show.
+class StudyPage : public QWidget {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(StudyPage)
+
+  public:
+    explicit StudyPage(QWidget* parent = nullptr);
+
+    /// Another model or question; what is shown is then out of date until Compute. No input: there
+    /// is nothing to study, as `why` says at once.
+    void SetInput(std::optional<StudyInput> input, const std::string& why = {});
+    /// Computes, in the background, unless what is shown is up to date or being computed.
+    void Compute();
+    /// What is being computed is given up.
+    void Cancel();
+
+    [[nodiscard]] bool IsOutOfDate() const { return m_outOfDate; }
+    [[nodiscard]] bool IsBusy() const { return m_work.IsRunning(); }
+
+    /// Those that are shown, the most important one first.
+    [[nodiscard]] std::vector<StudyTableView*> Tables() const;
+
+  signals:
+    /// IsOutOfDate or IsBusy may have changed.
+    void StateChanged();
+    void SaveAsked(const quarnel02::ShownTable& table);
+
+  protected:
+    /// Computes the page from its input; runs in another thread, so it takes along what the
+    /// controls say. What it returns shows the outcome.
+    virtual BackgroundWork::Work Work(const StudyInput& input) = 0;
+    /// The tables of the page, as it lays them out.
+    [[nodiscard]] virtual std::vector<StudyTableView*> AllTables() const = 0;
+    virtual void InputChanged(const StudyInput& /*input*/) {}
+
+    /// What the form of the page is set up in.
+    [[nodiscard]] QWidget* Contents() const { return m_contents; }
+    void ConnectTables();
+    /// Shows the page, or a text in its place.
+    void ShowContents();
+    void ShowText(const std::string& text);
+    /// What the controls of the page ask for is another study.
+    void Recompute();
+
+  private:
+    QWidget* m_contents;
+    QPlainTextEdit* m_text;
+    QStackedLayout* m_layout;
+    std::optional<StudyInput> m_input;
+    bool m_outOfDate = false;
+    bool m_computing = false;  ///< for the input as it is
+    BackgroundWork m_work;     ///< the last member: its thread ends first
+};
+
+}  // namespace quarnel02

@@ -1,0 +1,92 @@
+#include "studies/VolumeStudy.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "basic/NumberFormat.h"
+#include "basic/Numbers.h"
+#include "study/LargestVolume.h"
+#include "study/LineText.h"
+#include "study/WhyNot.h"
+
+namespace quarnel02 {
+
+namespace {
+
+/// Rounded to one digit, between 1 and the largest volume.
+int Round(double volume) {
+    const double place = std::pow(10.0, std::floor(std::log10(std::max(volume, 1.0))));
+    return static_cast<int>(
+        std::clamp(std::round(volume / place) * place, 1.0, static_cast<double>(kMostVolume)));
+}
+
+/// "$10.07 - $4.29"
+ShownCell PerUnitCell(const VolumeRange& range) {
+    const auto per_unit = [](float cost, int volume) {
+        return Format(static_cast<double>(cost) / volume, "$#,##0.00");
+    };
+    return TextCell(per_unit(range.CostFrom, range.From) + " - " +
+                    per_unit(range.CostTo, range.To));
+}
+
+std::vector<ShownCell> RangeCells(const LineModel& model, const VolumeRange& range) {
+    return {WholeCell(range.From),
+            WholeCell(range.To),
+            WholeCell(range.Shifts),
+            TextCell(range.Best ? "best" : ""),
+            TextCell(LineText(model, range.Line)),
+            DollarCell(DecimalOfSingle(range.CostFrom)),
+            DollarCell(DecimalOfSingle(range.CostTo)),
+            PerUnitCell(range),
+            DollarCell(range.Investment)};
+}
+
+}  // namespace
+
+VolumeSpan SpanAround(double volume) {
+    constexpr double usual = 50000;
+    constexpr double below = 0.2;
+    constexpr double above = 3;
+    const double middle = volume > 0 ? volume : usual;
+    return {Round(below * middle), Round(above * middle), {}};
+}
+
+std::vector<VolumeRange> Filtered(const std::vector<VolumeRange>& ranges,
+                                  const VolumeFilter& filter) {
+    std::vector<VolumeRange> shown;
+    std::copy_if(ranges.begin(), ranges.end(), std::back_inserter(shown),
+                 [&](const VolumeRange& range) {
+                     return filter.Shifts.at(static_cast<std::size_t>(range.Shifts) - 1) &&
+                            (range.Best || !filter.OnlyBest);
+                 });
+    return shown;
+}
+
+std::string NoRangeText(const PreparedLine& line, const VolumeSpan& span) {
+    constexpr std::int16_t most_shifts = 3;
+    const FixedDemandRequest request{static_cast<double>(span.From), most_shifts,
+                                     span.StationLimit};
+    return "There is no line for any of these volumes.\n" +
+           WhyNotText(ExplainNoLine(line, request), request);
+}
+
+ShownTable TableOf(const LineModel& model, const std::vector<VolumeRange>& ranges) {
+    ShownTable table{"Volumes",
+                     {{"From", true},
+                      {"To", true},
+                      {"Shifts", true},
+                      {"Best"},
+                      {"Line"},
+                      {"Cost at start", true},
+                      {"Cost at end", true},
+                      {"Per unit", true},
+                      {"Investment", true}},
+                     {}};
+    for (const VolumeRange& range : ranges) {
+        table.Rows.push_back(RangeCells(model, range));
+    }
+    return table;
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "studies/StudyPage.h"
+#include "studies/VolumeStudy.h"
+
+namespace quarnel02 {
+
+class FieldBox;
+
+namespace Ui {
+class VolumesPage;
+}
+
+/// The cheapest lines over volume.
+class VolumesPage : public StudyPage {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(VolumesPage)
+
+  public:
+    explicit VolumesPage(QWidget* parent = nullptr);
+    ~VolumesPage() override;
+
+  protected:
+    BackgroundWork::Work Work(const StudyInput& input) override;
+    [[nodiscard]] std::vector<StudyTableView*> AllTables() const override;
+    void InputChanged(const StudyInput& input) override;
+
+  private:
+    struct VolumeOutcome {
+        StudyInput Input;
+        std::vector<VolumeRange> Ranges;
+        std::string WhyNone;  ///< without ranges
+    };
+
+    void ConnectBox(FieldBox& box);
+    void ShowSpan();
+    void TakeSpan();
+    void Show(const VolumeOutcome& outcome);
+    void ShowFiltered();
+    [[nodiscard]] VolumeFilter Filter() const;
+
+    std::unique_ptr<Ui::VolumesPage> m_ui;
+    VolumeSpan m_span;
+    bool m_spanChosen = false;   ///< by the user
+    bool m_limitChosen = false;  ///< by the user
+    std::optional<VolumeOutcome> m_shown;
+};
+
+}  // namespace quarnel02

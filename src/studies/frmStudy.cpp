@@ -1,0 +1,265 @@
+#include "studies/frmStudy.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+#include <exception>
+
+#include "shell/LoadLineModel.h"
+#include "shell/ModelCheck.h"
+#include "studies/SaveStudy.h"
+#include "studies/StudyTableView.h"
+#include "ui_frmStudy.h"
+
+namespace quarnel02 {
+
+namespace {
+
+constexpr int kPause = 300;  ///< ms
+
+}  // namespace
+
+frmStudy::frmStudy(MainForm& form, const EditHistory& history, const CurrentModel& current,
+                   QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      m_form(form),
+      m_history(history),
+      m_current(current),
+      m_ui(std::make_unique<Ui::frmStudy>()) {
+    m_ui->setupUi(this);
+    LayOut();
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(kPause);
+    connect(&m_pause, &QTimer::timeout, this, &frmStudy::ComputePage);
+    ConnectPages();
+    ShowState();
+}
+
+frmStudy::~frmStudy() = default;
+
+std::vector<StudyPage*> frmStudy::Pages() const {
+    return {m_ui->pagLine, m_ui->pagVolumes, m_ui->pagAlternatives, m_ui->pagSensitivity};
+}
+
+StudyPage& frmStudy::CurrentPage() const {
+    return *static_cast<StudyPage*>(m_ui->tabStudy->currentWidget());
+}
+
+/// Black on amber in every theme; the marks keep their places, so that nothing moves.
+void frmStudy::LayOut() {
+    constexpr QColor amber(255, 200, 60);
+    constexpr QSize lines_and_columns(170, 44);
+    constexpr double share_of_screen = 0.85;
+    QPalette colours = m_ui->lblStudyOutOfDate->palette();
+    colours.setColor(QPalette::Window, amber);
+    colours.setColor(QPalette::WindowText, Qt::black);
+    m_ui->lblStudyOutOfDate->setPalette(colours);
+    m_ui->lblStudyOutOfDate->setAutoFillBackground(true);
+    m_ui->lblStudyOutOfDate->setMargin(2);
+    for (QLabel* mark : {m_ui->lblStudyOutOfDate, m_ui->lblBusy}) {
+        QSizePolicy policy = mark->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        mark->setSizePolicy(policy);
+    }
+    const QSize wanted(lines_and_columns.width() * fontMetrics().averageCharWidth(),
+                       lines_and_columns.height() * fontMetrics().lineSpacing());
+    resize(wanted.boundedTo(screen()->availableSize() * share_of_screen));
+}
+
+void frmStudy::ConnectPages() {
+    for (StudyPage* page : Pages()) {
+        connect(page, &StudyPage::StateChanged, this, &frmStudy::ShowState);
+        connect(page, &StudyPage::SaveAsked, this,
+                [this](const ShownTable& table) { SaveTablesOf({table}); });
+    }
+    connect(m_ui->barQuestion, &QuestionBar::Changed, this, [this] {
+        m_chosen = true;
+        HandOn();
+    });
+    connect(m_ui->tabStudy, &QTabWidget::currentChanged, this, [this] {
+        ShowState();
+        if (!m_pause.isActive()) {
+            ComputePage();
+        }
+    });
+    connect(m_ui->cmdCopy, &QPushButton::clicked, this, &frmStudy::CopyTables);
+    connect(m_ui->cmdSave, &QPushButton::clicked, this, [this] { SaveTablesOf(TablesOfPage()); });
+    auto* close_window = new QAction(this);
+    close_window->setShortcuts({QKeySequence::Close, QKeySequence(Qt::Key_Escape)});
+    connect(close_window, &QAction::triggered, this, &QWidget::close);
+    addAction(close_window);
+}
+
+void frmStudy::Look() {
+    if (!isVisible()) {
+        return;
+    }
+    const bool other_file = TakeFile();
+    const bool other_model = TakeModel();
+    const bool other_design = TakeDesign();
+    if (other_file || other_model) {
+        ProposeQuestion();
+    }
+    if (other_file || other_model || other_design) {
+        HandOn();
+    }
+}
+
+bool frmStudy::TakeFile() {
+    const std::string file = m_current.Dir + "|" + m_current.File;
+    if (m_file == file) {
+        return false;
+    }
+    m_file = file;
+    m_chosen = false;
+    setWindowTitle(QStringLiteral("Study - ") + (m_current.File.empty()
+                                                     ? QStringLiteral("Untitled")
+                                                     : QString::fromStdString(m_current.File)));
+    return true;
+}
+
+bool frmStudy::TakeModel() {
+    const std::uint64_t inputs = m_history.Digest();
+    if (m_inputs == inputs) {
+        return false;
+    }
+    m_inputs = inputs;
+    m_line.reset();
+    try {
+        ReadModel();
+    } catch (const std::exception& error) {
+        m_problem = error.what();
+    }
+    return true;
+}
+
+void frmStudy::ReadModel() {
+    const Database database = m_form.OpenWorkingCopy();
+    RequireUsableModel(database);
+    LineModel model = LoadLineModel(database);
+    if (model.TaskCount() == 0 || model.ResourceCount() == 0) {
+        m_problem =
+            "There is nothing to study yet. Enter tasks, resources and the matrix with the View "
+            "menu of the main window.";
+        return;
+    }
+    RequireUsableDemand(database);
+    m_line = std::make_shared<const PreparedLine>(Prepare(std::move(model)));
+}
+
+bool frmStudy::TakeDesign() {
+    const auto& design = m_form.LastDesign;
+    if (!design || m_design == design->When) {
+        return false;
+    }
+    m_design = design->When;
+    m_chosen = true;
+    StudyQuestion question = m_ui->barQuestion->Question();
+    question.Expected = !design->Request.has_value();
+    question.Request = design->Request.value_or(question.Request);
+    m_ui->barQuestion->SetQuestion(question);
+    return true;
+}
+
+/// The likeliest volume stands as long as nobody has asked for another one.
+void frmStudy::ProposeQuestion() {
+    if (!m_chosen) {
+        m_ui->barQuestion->SetQuestion(
+            {false, {m_line ? LikeliestVolume(m_line->Model) : 0, 1, {}}});
+    }
+}
+
+/// What keeps the question from being studied; "" for nothing.
+std::string frmStudy::Obstacle() const {
+    const StudyQuestion& question = m_ui->barQuestion->Question();
+    if (!question.Expected && question.Request.Volume <= 0) {
+        return "Enter an annual volume above.";
+    }
+    if (question.Expected && m_line->Model.Demand().empty()) {
+        return "The model has no demand distribution. Enter its rows in the main window, or choose "
+               "a fixed demand above.";
+    }
+    return {};
+}
+
+void frmStudy::HandOn() {
+    for (StudyPage* page : Pages()) {
+        const bool asks_for_a_design = page != m_ui->pagVolumes;
+        const std::string obstacle =
+            !m_line ? m_problem : (asks_for_a_design ? Obstacle() : std::string());
+        if (m_line && obstacle.empty()) {
+            page->SetInput(StudyInput{m_line, m_ui->barQuestion->Question()});
+        } else {
+            page->SetInput(std::nullopt, obstacle);
+        }
+    }
+    m_pause.start();
+}
+
+void frmStudy::ComputePage() {
+    if (isVisible()) {
+        CurrentPage().Compute();
+    }
+}
+
+void frmStudy::ShowState() {
+    const StudyPage& page = CurrentPage();
+    m_ui->lblStudyOutOfDate->setVisible(page.IsOutOfDate());
+    m_ui->lblBusy->setVisible(page.IsBusy());
+    const bool tables = !page.Tables().empty();
+    m_ui->cmdCopy->setEnabled(tables);
+    m_ui->cmdSave->setEnabled(tables);
+}
+
+std::vector<ShownTable> frmStudy::TablesOfPage() const {
+    std::vector<ShownTable> tables;
+    for (const StudyTableView* view : CurrentPage().Tables()) {
+        tables.push_back(view->Table());
+    }
+    return tables;
+}
+
+/// One below the other, with an empty row between.
+void frmStudy::CopyTables() {
+    QString text;
+    for (const ShownTable& table : TablesOfPage()) {
+        text += (text.isEmpty() ? QString() : QStringLiteral("\n")) +
+                QString::fromStdString(WriteTabbed(BlockOf(table)));
+    }
+    QGuiApplication::clipboard()->setText(text);
+}
+
+/// Proposed beside the model, as "pump-Volumes".
+void frmStudy::SaveTablesOf(const std::vector<ShownTable>& tables) {
+    const QString directory =
+        m_current.Dir.empty() ? QDir::homePath() : QString::fromStdString(m_current.Dir);
+    const QString model =
+        m_current.File.empty()
+            ? QStringLiteral("Untitled")
+            : QFileInfo(QString::fromStdString(m_current.File)).completeBaseName();
+    AskAndSave(this,
+               QDir(directory).filePath(model + QLatin1Char('-') +
+                                        QString::fromStdString(tables.front().Name)),
+               tables);
+}
+
+void frmStudy::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Look();
+    m_pause.start();
+}
+
+/// Nobody sees what would come out; when shown again it is computed anew.
+void frmStudy::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    m_pause.stop();
+    for (StudyPage* page : Pages()) {
+        page->Cancel();
+    }
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "commands/CurrentModel.h"
+#include "commands/EditHistory.h"
+#include "shell/MainForm.h"
+#include "studies/StudyPage.h"
+
+namespace quarnel02 {
+
+namespace Ui {
+class frmStudy;
+}
+
+/// The study window: what follows from the model as it is. It computes again a short while after a
+/// change of the model, and says until then that what it shows is out of date.
+class frmStudy : public QWidget {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(frmStudy)
+
+  public:
+    /// What it studies must live as long as it is shown.
+    frmStudy(MainForm& form, const EditHistory& history, const CurrentModel& current,
+             QWidget* parent);
+    ~frmStudy() override;
+
+    /// Takes over what has changed: the model, its file, the last design. To be called after every
+    /// event, when nobody writes to the working copy; cheap when nothing has changed.
+    void Look();
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void LayOut();
+    void ConnectPages();
+    bool TakeFile();
+    bool TakeModel();
+    bool TakeDesign();
+    void ReadModel();
+    void ProposeQuestion();
+    void HandOn();
+    [[nodiscard]] std::string Obstacle() const;
+    void ComputePage();
+    void ShowState();
+    void CopyTables();
+    void SaveTablesOf(const std::vector<ShownTable>& tables);
+    [[nodiscard]] std::vector<ShownTable> TablesOfPage() const;
+    [[nodiscard]] std::vector<StudyPage*> Pages() const;
+    [[nodiscard]] StudyPage& CurrentPage() const;
+
+    MainForm& m_form;
+    const EditHistory& m_history;
+    const CurrentModel& m_current;
+    std::unique_ptr<Ui::frmStudy> m_ui;
+    QTimer m_pause;  ///< from a change to computing
+    std::optional<std::string> m_file;
+    std::optional<std::uint64_t> m_inputs;  ///< digest of what m_line was made of
+    std::optional<std::chrono::system_clock::time_point> m_design;
+    bool m_chosen = false;  ///< the question is that of a design, or of the user
+    std::shared_ptr<const PreparedLine> m_line;
+    std::string m_problem;  ///< why there is no line to study
+};
+
+}  // namespace quarnel02

@@ -1,0 +1,314 @@
+// The study window: which design it is about, and when it computes.
+#include <sys/stat.h>
+
+#include <QFileDialog>
+
+#include "basic/Files.h"
+#include "generate_model.h"
+#include "sheets/WorkbookFile.h"
+#include "studies/LineStudy.h"
+#include "studies/StudyTest.h"
+#include "study/WhyNot.h"
+
+namespace quarnel02 {
+namespace {
+
+using test::Tab;
+using ::testing::Each;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class frmStudyTests : public test::StudyTest {
+  protected:
+    [[nodiscard]] std::string Shown(const std::string& box) const {
+        return Part<QLineEdit>(box).text().toStdString();
+    }
+    [[nodiscard]] std::string Chosen(const std::string& box) const {
+        return Part<QComboBox>(box).currentText().toStdString();
+    }
+    [[nodiscard]] std::string Question() const {
+        return Chosen("cboDesign") + "|" + Shown("txtStudyVolume") + "|" + Chosen("cboShifts") +
+               "|" + Shown("txtLimit");
+    }
+    void SetDays(const std::string& days) {
+        Activate();
+        Type("txtDays", days);
+        PressKey(Qt::Key_Return);
+    }
+    void Click(const char* button) const {
+        QTest::mouseClick(&Part<QPushButton>(button), Qt::LeftButton);
+    }
+    using StudyTest::Click;
+    /// Puts a path into the toolkit's file dialog that comes next and accepts it.
+    void TypePath(const std::filesystem::path& path, bool csv = false) {
+        Dialogs.Add([path, csv](QDialog& dialog) {
+            if (csv) {
+                emit static_cast<QFileDialog&>(dialog).filterSelected(
+                    QStringLiteral("CSV file (*.csv)"));
+            }
+            dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+                ->setText(QString::fromStdString(path.string()));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    }
+};
+
+TEST_F(frmStudyTests, OpensBesideTheMainWindow) {
+    StartPump();
+    EXPECT_EQ(Item("mnuViewStudy").shortcut().toString().toStdString(), "Ctrl+T");
+    Open();
+    EXPECT_TRUE(Study->isWindow());
+    EXPECT_FALSE(Study->isModal());
+    EXPECT_EQ(Study->windowTitle().toStdString(), "Study - Untitled");
+    Study->close();
+    frmStudy* const first = Study;
+    Open();
+    EXPECT_EQ(Study, first);
+    QTest::keyClick(Study, Qt::Key_Escape);
+    EXPECT_FALSE(Study->isVisible());
+}
+
+TEST_F(frmStudyTests, IsCalledAfterTheFile) {
+    StartPump();
+    Open();
+    Dialogs.Type(std::string(QUARNEL02_PROGRAMS) + "/examples/worked-example.mdb");
+    Item("mnuFileOpen").trigger();
+    EXPECT_EQ(Study->windowTitle().toStdString(), "Study - worked-example.mdb");
+}
+
+TEST_F(frmStudyTests, BeginsWithTheLikeliestVolume) {
+    StartPump();
+    Open();
+    EXPECT_EQ(Question(), "a fixed demand|60,000|1|--");
+}
+
+TEST_F(frmStudyTests, TakesTheLastDesignOver) {
+    StartPump();
+    Open();
+    Activate();
+    Window->SelectDemand(2);
+    Dialogs.Accept();
+    Dialogs.Press(QMessageBox::Yes);
+    Dialogs.Type("3");
+    WindowTest::Click("cmdContinuous_2");
+    ASSERT_TRUE(Dialogs.AllGiven());
+    EXPECT_EQ(Question(), "a fixed demand|90,000|2|3");
+    Activate();
+    WindowTest::Click("cmdStoch");
+    EXPECT_EQ(Chosen("cboDesign"), "the demand distribution");
+    EXPECT_FALSE(Part<QLineEdit>("txtStudyVolume").isEnabled());
+}
+
+TEST_F(frmStudyTests, IsOutOfDateFromAChangeUntilItHasComputedAgain) {
+    StartPump();
+    Open();
+    Show(Tab::Line);
+    EXPECT_FALSE(IsMarked());
+    const std::string before = Part<QLabel>("lblSummary").text().toStdString();
+    SetDays("120");
+    EXPECT_TRUE(IsMarked());
+    EXPECT_FALSE(Page().IsBusy());
+    EXPECT_EQ(Part<QLabel>("lblSummary").text().toStdString(), before);
+    WaitUntilCurrent();
+    EXPECT_FALSE(IsMarked());
+    const auto now =
+        StudyLine({std::make_shared<const PreparedLine>(Line()), {false, {60000, 1, {}}}});
+    EXPECT_EQ(Part<QLabel>("lblSummary").text().toStdString(), SummaryOf(*now));
+    EXPECT_NE(SummaryOf(*now), before);
+}
+
+TEST_F(frmStudyTests, AnEventThatChangesNothingLeavesItAlone) {
+    StartPump();
+    Open();
+    Show(Tab::Line);
+    Activate();
+    Window->SelectDemand(1);
+    Window->RunEvent([] {});
+    EXPECT_FALSE(IsMarked());
+    EXPECT_FALSE(Page().IsBusy());
+}
+
+TEST_F(frmStudyTests, IsMarkedWhileAnEditorHasStoredAnotherModel) {
+    StartPump();
+    Open();
+    Show(Tab::Line);
+    bool before = true;
+    bool after = false;
+    Dialogs.Add([&](QDialog& dialog) {
+        before = IsMarked();
+        Copy->Open().Execute("UPDATE Resources SET FixedCost = 4000 WHERE ResourceId = 1");
+        auto* next = dialog.findChild<QPushButton*>(QStringLiteral("cmdResource_1"));
+        QTest::mouseClick(next, Qt::LeftButton);
+        after = IsMarked();
+        dialog.reject();
+    });
+    Item("mnuViewResources").trigger();
+    EXPECT_FALSE(before);
+    EXPECT_TRUE(after);
+}
+
+TEST_F(frmStudyTests, AnEmptyModelHasNothingToStudy) {
+    Start();
+    Open();
+    for (const Tab tab : {Tab::Line, Tab::Volumes, Tab::Alternatives, Tab::Sensitivity}) {
+        Show(tab);
+        EXPECT_THAT(Message(), StartsWith("There is nothing to study yet. Enter tasks"));
+        EXPECT_FALSE(Part<QPushButton>("cmdCopy").isEnabled());
+        EXPECT_FALSE(Part<QPushButton>("cmdSave").isEnabled());
+        EXPECT_FALSE(IsMarked());
+    }
+}
+
+TEST_F(frmStudyTests, WithoutADemandItAsksForAVolume) {
+    StartPump("DELETE FROM Demand;");
+    Open();
+    Show(Tab::Line);
+    EXPECT_EQ(Message(), "Enter an annual volume above.");
+    Choose("cboDesign", 1);
+    EXPECT_THAT(Message(), StartsWith("The model has no demand distribution."));
+    Show(Tab::Volumes);
+    EXPECT_EQ(Message(), "");
+    Choose("cboDesign", 0);
+    Show(Tab::Line);
+    Put("txtStudyVolume", "60000");
+    WaitUntilCurrent();
+    EXPECT_EQ(Message(), "");
+}
+
+TEST_F(frmStudyTests, SaysWhyThereIsNoLine) {
+    StartPump();
+    Open();
+    Put("txtStudyVolume", "900000");
+    Put("txtLimit", "1");
+    const PreparedLine line = Line();
+    const FixedDemandRequest request{900000, 1, std::int16_t{1}};
+    const std::string why = WhyNotText(ExplainNoLine(line, request), request);
+    ASSERT_THAT(why, HasSubstr("There is a line with a station limit of"));
+    for (const Tab tab : {Tab::Line, Tab::Alternatives, Tab::Sensitivity}) {
+        Show(tab);
+        EXPECT_EQ(Message(),
+                  "No line does all tasks for 900,000 units a year in 1 shift, at most 1 parallel "
+                  "station.\n\n" +
+                      why);
+    }
+}
+
+TEST_F(frmStudyTests, NamesTheRecordOfAModelThatCannotBe) {
+    StartPump("UPDATE Resources SET UpTime = 0 WHERE ResourceId = 3;");
+    Open();
+    Show(Tab::Line);
+    EXPECT_EQ(Message(), "Resource 3 (Press): uptime is 0 %; it must be above 0 and at most 100.");
+}
+
+TEST_F(frmStudyTests, RefusesFiguresThatCannotBeAndKeepsTheQuestion) {
+    StartPump();
+    Open();
+    Show(Tab::Line);
+    Put("txtStudyVolume", "many");
+    EXPECT_TRUE(Part<QLabel>("lblProblem").isVisible());
+    EXPECT_THAT(Part<QLabel>("lblProblem").text().toStdString(), HasSubstr("Volume"));
+    EXPECT_FALSE(IsMarked());
+    Put("txtStudyVolume", "-3");
+    EXPECT_EQ(Part<QLabel>("lblProblem").text().toStdString(), "Volume is -3; it must be above 0.");
+    Put("txtStudyVolume", "70000");
+    EXPECT_FALSE(Part<QLabel>("lblProblem").isVisible());
+    EXPECT_TRUE(IsMarked());
+    WaitUntilCurrent();
+    EXPECT_EQ(Question(), "a fixed demand|70,000|1|--");
+}
+
+TEST_F(frmStudyTests, ClosingItGivesUpWhatItComputes) {
+    Start(GeneratedModelScript(50, 25, 1));
+    Open();
+    Part<QTabWidget>("tabStudy").setCurrentIndex(static_cast<int>(Tab::Volumes));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Page().IsBusy(); }));
+    Study->close();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Page().IsBusy(); }, 30000));
+    EXPECT_TRUE(Page().IsOutOfDate());
+    EXPECT_TRUE(Table("tblVolumes").Rows.empty());
+    Open();
+    WaitUntilCurrent();
+    EXPECT_FALSE(Table("tblVolumes").Rows.empty());
+}
+
+TEST_F(frmStudyTests, StaysUsableWhileItComputes) {
+    Start(GeneratedModelScript(50, 25, 1));
+    Open();
+    Part<QTabWidget>("tabStudy").setCurrentIndex(static_cast<int>(Tab::Volumes));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Page().IsBusy(); }));
+    EXPECT_TRUE(Part<QLabel>("lblBusy").isVisible());
+    Show(Tab::Line);
+    EXPECT_FALSE(Table("tblLine").Rows.empty());
+}
+
+TEST_F(frmStudyTests, SavesTheTablesOfATabAsAWorkbook) {
+    StartPump();
+    Open();
+    Show(Tab::Alternatives);
+    TypePath(Copy->File("study"));
+    Click("cmdSave");
+    const Workbook workbook = ReadWorkbook(Copy->File("study.xlsx"));
+    ASSERT_EQ(workbook.size(), 2U);
+    EXPECT_EQ(workbook[0].Name, "Alternatives");
+    EXPECT_EQ(workbook[1].Name, "Next best resources");
+    EXPECT_EQ(workbook[0].Cells.size(), Table("tblBest").Rows.size() + 1);
+    EXPECT_EQ(workbook[0].Cells[2][2], Table("tblBest").Rows[1][2].Plain);
+}
+
+TEST_F(frmStudyTests, SavesTheUpperTableAsCsv) {
+    StartPump();
+    Open();
+    Show(Tab::Alternatives);
+    TypePath(Copy->File("study"), true);
+    Click("cmdSave");
+    EXPECT_EQ(ReadFile(Copy->File("study.csv")), CsvOf(Table("tblBest")));
+}
+
+TEST_F(frmStudyTests, SavesOneTableFromItsMenu) {
+    StartPump();
+    Open();
+    Show(Tab::Alternatives);
+    TypePath(Copy->File("next.csv"));
+    Part<StudyTableView>("tblDetails")
+        .findChild<QAction*>(QStringLiteral("mnuSaveTable"))
+        ->trigger();
+    EXPECT_EQ(ReadFile(Copy->File("next.csv")), CsvOf(Table("tblDetails")));
+}
+
+TEST_F(frmStudyTests, SaysWhyAFileCannotBeWritten) {
+    StartPump();
+    Open();
+    Show(Tab::Line);
+    ASSERT_EQ(mkfifo(Copy->File("pipe.csv").c_str(), S_IRUSR | S_IWUSR), 0);
+    TypePath(Copy->File("pipe.csv"));
+    Dialogs.Press(QMessageBox::Yes);  // replace it
+    Click("cmdSave");
+    EXPECT_THAT(Dialogs.Seen.back(),
+                testing::AllOf(StartsWith("critical: "), HasSubstr("pipe.csv")));
+}
+
+TEST_F(frmStudyTests, CopiesBlocksAndTables) {
+    StartPump();
+    Open();
+    Show(Tab::Line);
+    auto& table = Part<StudyTableView>("tblLine");
+    table.setFocus();
+    table.clearSelection();
+    table.selectionModel()->select(
+        QItemSelection(table.model()->index(0, 9), table.model()->index(1, 10)),
+        QItemSelectionModel::ClearAndSelect);
+    QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+    const auto first = PlainTexts(table.Table().Rows[0]);
+    const auto second = PlainTexts(table.Table().Rows[1]);
+    EXPECT_EQ(Clipboard(),
+              first[9] + "\t" + first[10] + "\n" + second[9] + "\t" + second[10] + "\n");
+    QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Clipboard(), WriteTabbed(BlockOf(table.Table())));
+    Show(Tab::Alternatives);
+    Click("cmdCopy");
+    EXPECT_EQ(Clipboard(), WriteTabbed(BlockOf(Table("tblBest"))) + "\n" +
+                               WriteTabbed(BlockOf(Table("tblDetails"))));
+}
+
+}  // namespace
+}  // namespace quarnel02
