@@ -19,8 +19,8 @@ std::vector<StudyTableView*> AlternativesPage::AllTables() const {
 }
 
 BackgroundWork::Work AlternativesPage::Work(const StudyInput& input) {
-    return [this, input](const std::stop_token& /*stop*/) -> BackgroundWork::Show {
-        AlternativesStudy study = StudyAlternatives(input);
+    return [this, input](const StudyWatch& watch) -> BackgroundWork::Show {
+        AlternativesStudy study = StudyAlternatives(input, watch);
         if (study.Details.empty()) {
             return [this, text = NoLineText(input)] { ShowText(text); };
         }

@@ -59,7 +59,7 @@ ShownTable ReplacementTable(const StudyInput& input, const Line& line) {
     return table;
 }
 
-AlternativesStudy LinesOf(const StudyInput& input) {
+AlternativesStudy LinesOf(const StudyInput& input, const StudyWatch& watch) {
     AlternativesStudy study{{"Alternatives",
                              {{"Rank", true},
                               {"Line"},
@@ -73,6 +73,7 @@ AlternativesStudy LinesOf(const StudyInput& input) {
                             {}};
     int rank = 0;
     for (const Alternative& line : AlternativesFor(*input.Line, input.Question.Request)) {
+        watch.Look();
         study.Best.Rows.push_back(LineCells(input.Model(), line, ++rank));
         study.Details.push_back(ReplacementTable(input, line.Design));
     }
@@ -121,7 +122,7 @@ ShownTable OutcomeTable(const Capacity& capacity) {
     return table;
 }
 
-AlternativesStudy CapacitiesOf(const StudyInput& input) {
+AlternativesStudy CapacitiesOf(const StudyInput& input, const StudyWatch& watch) {
     AlternativesStudy study{{"Capacities",
                              {{"Rank", true},
                               {"Capacity", true},
@@ -140,7 +141,7 @@ AlternativesStudy CapacitiesOf(const StudyInput& input) {
                             {}};
     int rank = 0;
     for (const Capacity& capacity :
-         BestCapacities(DesignWithCurves(input.Model(), input.Penalty()))) {
+         BestCapacities(DesignWithCurves(input.Model(), input.Penalty(), watch))) {
         study.Best.Rows.push_back(CapacityCells(input.Model(), capacity, ++rank));
         study.Details.push_back(OutcomeTable(capacity));
     }
@@ -149,8 +150,8 @@ AlternativesStudy CapacitiesOf(const StudyInput& input) {
 
 }  // namespace
 
-AlternativesStudy StudyAlternatives(const StudyInput& input) {
-    return input.Question.Expected ? CapacitiesOf(input) : LinesOf(input);
+AlternativesStudy StudyAlternatives(const StudyInput& input, const StudyWatch& watch) {
+    return input.Question.Expected ? CapacitiesOf(input, watch) : LinesOf(input, watch);
 }
 
 }  // namespace quarnel02

@@ -4,6 +4,7 @@
 
 #include "studies/ShownTable.h"
 #include "studies/StudyInput.h"
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -15,7 +16,8 @@ struct AlternativesStudy {
     std::vector<ShownTable> Details;  ///< one for each row
 };
 
-/// Without rows when there is no line. Throws as AlternativesFor and BestCapacities do.
-AlternativesStudy StudyAlternatives(const StudyInput& input);
+/// Without rows when there is no line. Looks at `watch`. Throws as AlternativesFor and
+/// BestCapacities do.
+AlternativesStudy StudyAlternatives(const StudyInput& input, const StudyWatch& watch = {});
 
 }  // namespace quarnel02

@@ -32,7 +32,7 @@ void BackgroundWork::Begin(Work work) {
         };
         Show show;
         try {
-            show = work(stop);
+            show = work(StudyWatch(stop));
         } catch (const std::bad_alloc&) {
             show = failed("There is not enough memory for this study.");
         } catch (const std::exception& error) {

@@ -4,8 +4,9 @@
 #include <QString>
 #include <functional>
 #include <optional>
-#include <stop_token>
 #include <thread>
+
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -17,9 +18,9 @@ class BackgroundWork : public QObject {
 
   public:
     using Show = std::function<void()>;
-    /// Runs in the thread; what it returns is called afterwards, outside it. It should end soon
-    /// when a stop is requested, by an exception if it likes.
-    using Work = std::function<Show(const std::stop_token&)>;
+    /// Runs in the thread; what it returns is called afterwards, outside it. It should look at its
+    /// watch, which ends it when it is cancelled.
+    using Work = std::function<Show(const StudyWatch&)>;
 
     explicit BackgroundWork(QObject* parent = nullptr);
     /// Cancels, and waits for the thread.

@@ -18,8 +18,8 @@ std::vector<StudyTableView*> LinePage::AllTables() const {
 }
 
 BackgroundWork::Work LinePage::Work(const StudyInput& input) {
-    return [this, input](const std::stop_token& /*stop*/) -> BackgroundWork::Show {
-        if (auto study = StudyLine(input)) {
+    return [this, input](const StudyWatch& watch) -> BackgroundWork::Show {
+        if (auto study = StudyLine(input, watch)) {
             return [this, input, study = std::move(*study)] { Show(input, study); };
         }
         return [this, text = NoLineText(input)] { ShowText(text); };

@@ -3,6 +3,7 @@
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "line/CheapestLine.h"
+#include "study/ExpectedDesigns.h"
 #include "study/HowComputed.h"
 #include "study/LineText.h"
 #include "study/VolumePieces.h"
@@ -11,13 +12,13 @@ namespace quarnel02 {
 
 namespace {
 
-std::optional<LineStudy> StudyExpected(const StudyInput& input) {
-    const ExpectedDesigns designs = DesignWithCurves(input.Model(), input.Penalty());
+std::optional<LineStudy> StudyExpected(const StudyInput& input, const StudyWatch& watch) {
+    const ExpectedDesigns designs = DesignWithCurves(input.Model(), input.Penalty(), watch);
     const auto& line = designs.Result.Line;
     if (!line) {
         return std::nullopt;
     }
-    return LineStudy{TableOfExpected(input.Model(), *line), line->ExpectedPenalty,
+    return LineStudy{TableOf(input.Model(), *line), line->ExpectedPenalty,
                      DecimalOfSingle(line->ExpectedCost)};
 }
 
@@ -100,17 +101,8 @@ std::vector<ShownCell> SumCells(const std::string& name, double dollars, std::si
 
 }  // namespace
 
-LineTable TableOfExpected(const LineModel& model, const StochasticLine& line) {
-    std::vector<StationGroup> groups;
-    for (const ExpectedGroup& group : line.Groups) {
-        groups.push_back(group.Group);
-    }
-    return TableOf(model, groups,
-                   BasisOf(DemandDistribution(model.Demand()), line.Capacity, model.Parameters()));
-}
-
-std::optional<LineStudy> StudyLine(const StudyInput& input) {
-    return input.Question.Expected ? StudyExpected(input) : StudyFixed(input);
+std::optional<LineStudy> StudyLine(const StudyInput& input, const StudyWatch& watch) {
+    return input.Question.Expected ? StudyExpected(input, watch) : StudyFixed(input);
 }
 
 ShownTable TableOf(const LineModel& model, const LineStudy& study) {

@@ -5,8 +5,8 @@
 
 #include "studies/ShownTable.h"
 #include "studies/StudyInput.h"
-#include "study/ExpectedDesigns.h"
 #include "study/LineTable.h"
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -17,11 +17,8 @@ struct LineStudy {
     double Cost = 0;     ///< of the design, dollars per year, penalty included
 };
 
-/// None when there is no line. Throws as CheapestLine and DesignForDemand do.
-std::optional<LineStudy> StudyLine(const StudyInput& input);
-
-/// The table of a stochastic line.
-LineTable TableOfExpected(const LineModel& model, const StochasticLine& line);
+/// None when there is no line. Looks at `watch`. Throws as CheapestLine and DesignForDemand do.
+std::optional<LineStudy> StudyLine(const StudyInput& input, const StudyWatch& watch = {});
 
 /// The stations, a row each, and the totals; of a stochastic design also the penalty.
 ShownTable TableOf(const LineModel& model, const LineStudy& study);

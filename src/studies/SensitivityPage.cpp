@@ -21,8 +21,8 @@ std::vector<StudyTableView*> SensitivityPage::AllTables() const {
 BackgroundWork::Work SensitivityPage::Work(const StudyInput& input) {
     constexpr double percent = 0.01;
     const double share = percent * m_ui->spnShare->value();
-    return [this, input, share](const std::stop_token& /*stop*/) -> BackgroundWork::Show {
-        SensitivityStudy study = StudySensitivity(input, share);
+    return [this, input, share](const StudyWatch& watch) -> BackgroundWork::Show {
+        SensitivityStudy study = StudySensitivity(input, share, watch);
         if (study.Figures.Rows.empty()) {
             return [this, text = NoLineText(input)] { ShowText(text); };
         }

@@ -1,9 +1,12 @@
 #include "studies/SensitivityStudy.h"
 
 #include <optional>
+#include <utility>
 
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
+#include "line/CheapestLine.h"
+#include "study/ExpectedDesigns.h"
 #include "study/FigureText.h"
 #include "study/PenaltyFlips.h"
 #include "study/Sensitivity.h"
@@ -56,20 +59,23 @@ ShownTable EmptyTable(double share) {
             {}};
 }
 
-SensitivityStudy OfFixed(const StudyInput& input, double share) {
-    SensitivityStudy study{EmptyTable(share), {}};
-    const auto line = CheapestLine(*input.Line, input.Question.Request);
-    if (!line) {
-        return study;
-    }
-    std::vector<SensitivityRow> rows = SensitivityOf(*input.Line, input.Question.Request, share);
+void AddRows(ShownTable& table, std::vector<SensitivityRow> rows, float today) {
     const int count = static_cast<int>(rows.size());
     for (const SensitivityRow& row : Strongest(std::move(rows), count)) {
-        study.Figures.Rows.push_back(FigureCells(row, DecimalOfSingle(line->Cost)));
+        table.Rows.push_back(FigureCells(row, DecimalOfSingle(today)));
+    }
+}
+
+SensitivityStudy OfFixed(const StudyInput& input, double share, const StudyWatch& watch) {
+    SensitivityStudy study{EmptyTable(share), {}};
+    if (const auto line = CheapestLine(*input.Line, input.Question.Request)) {
+        AddRows(study.Figures, SensitivityOf(*input.Line, input.Question.Request, share, watch),
+                line->Cost);
     }
     return study;
 }
 
+/// "The capacity becomes 84,000 units at a penalty of 12.5 $/unit or less."
 std::string FlipText(const char* side, const std::optional<PenaltyFlip>& flip) {
     return flip
                ? std::string("The capacity becomes ") + Format(flip->Capacity, "#,##0") +
@@ -77,10 +83,23 @@ std::string FlipText(const char* side, const std::optional<PenaltyFlip>& flip) {
                : "";
 }
 
+SensitivityStudy OfExpected(const StudyInput& input, double share, const StudyWatch& watch) {
+    SensitivityStudy study{EmptyTable(share), {}};
+    const ExpectedDesigns designs = DesignWithCurves(input.Model(), input.Penalty(), watch);
+    if (!designs.Result.Line) {
+        return study;
+    }
+    const std::vector<ExpectedSensitivityRow> rows = SensitivityOf(designs, share, watch);
+    AddRows(study.Figures, {rows.begin(), rows.end()}, designs.Result.Line->ExpectedCost);
+    const PenaltyFlips flips = PenaltyFlipsOf(designs);
+    study.Flips = FlipText(" or less", flips.Below) + FlipText(" or more", flips.Above);
+    return study;
+}
+
 }  // namespace
 
-SensitivityStudy StudySensitivity(const StudyInput& input, double share) {
-    return OfFixed(input, share);
+SensitivityStudy StudySensitivity(const StudyInput& input, double share, const StudyWatch& watch) {
+    return input.Question.Expected ? OfExpected(input, share, watch) : OfFixed(input, share, watch);
 }
 
 }  // namespace quarnel02

@@ -4,6 +4,7 @@
 
 #include "studies/ShownTable.h"
 #include "studies/StudyInput.h"
+#include "study/StudyWatch.h"
 
 namespace quarnel02 {
 
@@ -13,7 +14,8 @@ struct SensitivityStudy {
     std::string Flips;   ///< of a stochastic design: the penalties at which the capacity changes
 };
 
-/// `share` above 0 and below 1. Throws as SensitivityOf and DesignForDemand do.
-SensitivityStudy StudySensitivity(const StudyInput& input, double share);
+/// `share` above 0 and below 1. Looks at `watch`. Throws as SensitivityOf and DesignForDemand do.
+SensitivityStudy StudySensitivity(const StudyInput& input, double share,
+                                  const StudyWatch& watch = {});
 
 }  // namespace quarnel02

@@ -30,16 +30,31 @@ ShownCell PerUnitCell(const VolumeRange& range) {
                     per_unit(range.CostTo, range.To));
 }
 
-std::vector<ShownCell> RangeCells(const LineModel& model, const VolumeRange& range) {
+std::vector<ShownCell> RangeCells(const LineModel& model, const VolumeRange& range,
+                                  const std::string& equipment) {
     return {WholeCell(range.From),
             WholeCell(range.To),
             WholeCell(range.Shifts),
             TextCell(range.Best ? "best" : ""),
+            TextCell(equipment),
             TextCell(LineText(model, range.Line)),
             DollarCell(DecimalOfSingle(range.CostFrom)),
             DollarCell(DecimalOfSingle(range.CostTo)),
             PerUnitCell(range),
             DollarCell(range.Investment)};
+}
+
+std::string NoRangeText(const PreparedLine& line, const VolumeSpan& span) {
+    constexpr std::int16_t most_shifts = 3;
+    const FixedDemandRequest request{static_cast<double>(span.From), most_shifts,
+                                     span.StationLimit};
+    return "There is no line for any of these volumes.\n" +
+           WhyNotText(ExplainNoLine(line, request), request);
+}
+
+bool IsShown(const VolumeFilter& filter, int type) {
+    const auto place = static_cast<std::size_t>(type);
+    return place < filter.Types.size() && filter.Types.at(place);
 }
 
 }  // namespace
@@ -63,28 +78,45 @@ std::vector<VolumeRange> Filtered(const std::vector<VolumeRange>& ranges,
     return shown;
 }
 
-std::string NoRangeText(const PreparedLine& line, const VolumeSpan& span) {
-    constexpr std::int16_t most_shifts = 3;
-    const FixedDemandRequest request{static_cast<double>(span.From), most_shifts,
-                                     span.StationLimit};
-    return "There is no line for any of these volumes.\n" +
-           WhyNotText(ExplainNoLine(line, request), request);
+VolumeStudy StudyVolumes(const PreparedLine& line, const VolumeSpan& span,
+                         const StudyWatch& watch) {
+    VolumeStudy study{VolumeRanges(line, span, watch), {}, {}};
+    if (study.Ranges.empty()) {
+        study.WhyNone = NoRangeText(line, span);
+    } else {
+        study.ByType = RangesByType(line.Model, span, watch);
+    }
+    return study;
 }
 
-ShownTable TableOf(const LineModel& model, const std::vector<VolumeRange>& ranges) {
+std::string ClassName(int type) {
+    constexpr std::array names = {"manual", "fixed", "programmable", "automated"};
+    return names.at(static_cast<std::size_t>(type));
+}
+
+ShownTable TableOf(const LineModel& model, const VolumeStudy& study, const VolumeFilter& filter) {
     ShownTable table{"Volumes",
                      {{"From", true},
                       {"To", true},
                       {"Shifts", true},
                       {"Best"},
+                      {"Equipment"},
                       {"Line"},
                       {"Cost at start", true},
                       {"Cost at end", true},
                       {"Per unit", true},
                       {"Investment", true}},
                      {}};
-    for (const VolumeRange& range : ranges) {
-        table.Rows.push_back(RangeCells(model, range));
+    const auto add = [&](const std::vector<VolumeRange>& ranges, const std::string& equipment) {
+        for (const VolumeRange& range : Filtered(ranges, filter)) {
+            table.Rows.push_back(RangeCells(model, range, equipment));
+        }
+    };
+    add(study.Ranges, "any");
+    for (const TypeRanges& type : study.ByType) {
+        if (IsShown(filter, type.Type)) {
+            add(type.Ranges, "only " + ClassName(type.Type));
+        }
     }
     return table;
 }

@@ -18,6 +18,10 @@ VolumesPage::VolumesPage(QWidget* parent)
     for (FieldBox* box : {m_ui->txtFrom, m_ui->txtTo, m_ui->txtRangeLimit}) {
         ConnectBox(*box);
     }
+    for (QCheckBox* box : TypeBoxes()) {
+        box->setEnabled(false);
+        connect(box, &QCheckBox::toggled, this, &VolumesPage::ShowFiltered);
+    }
     for (QCheckBox* box :
          {m_ui->chkShift_1, m_ui->chkShift_2, m_ui->chkShift_3, m_ui->chkOnlyBest}) {
         connect(box, &QCheckBox::toggled, this, &VolumesPage::ShowFiltered);
@@ -57,19 +61,26 @@ void VolumesPage::ShowSpan() {
     m_ui->lblRangeProblem->hide();
 }
 
+VolumeSpan VolumesPage::Typed() const {
+    const VolumeSpan span{TypedVolume(m_ui->txtFrom->text(), "From"),
+                          TypedVolume(m_ui->txtTo->text(), "To"),
+                          TypedLimit(m_ui->txtRangeLimit->text())};
+    if (span.From > span.To) {
+        throw RunTimeError(ErrorKind::Overflow, "The range is from " + Format(span.From, "#,##0") +
+                                                    " to " + Format(span.To, "#,##0") +
+                                                    " units; its end must not lie below.");
+    }
+    return span;
+}
+
 void VolumesPage::TakeSpan() {
     VolumeSpan span;
     try {
-        span.From = TypedVolume(m_ui->txtFrom->text(), "From");
-        span.To = TypedVolume(m_ui->txtTo->text(), "To");
-        span.StationLimit = TypedLimit(m_ui->txtRangeLimit->text());
+        span = Typed();
     } catch (const RunTimeError& error) {
         m_ui->lblRangeProblem->setText(QString::fromUtf8(error.what()));
         m_ui->lblRangeProblem->show();
         return;
-    }
-    if (span.From > span.To) {
-        std::swap(span.From, span.To);
     }
     const bool other_span = span.From != m_span.From || span.To != m_span.To;
     const bool other_limit = span.StationLimit != m_span.StationLimit;
@@ -83,25 +94,45 @@ void VolumesPage::TakeSpan() {
 }
 
 BackgroundWork::Work VolumesPage::Work(const StudyInput& input) {
-    return [this, input, span = m_span](const std::stop_token& /*stop*/) -> BackgroundWork::Show {
-        VolumeOutcome outcome{input, VolumeRanges(*input.Line, span), {}};
-        if (outcome.Ranges.empty()) {
-            outcome.WhyNone = NoRangeText(*input.Line, span);
-        }
-        return [this, outcome = std::move(outcome)] { Show(outcome); };
+    return [this, input, span = m_span](const StudyWatch& watch) -> BackgroundWork::Show {
+        return [this, outcome = VolumeOutcome{input, StudyVolumes(*input.Line, span, watch)}] {
+            Show(outcome);
+        };
     };
 }
 
 void VolumesPage::Show(const VolumeOutcome& outcome) {
     m_shown = outcome;
+    OfferTypes();
     ShowContents();
     ShowFiltered();
 }
 
+std::array<QCheckBox*, kEquipmentClasses> VolumesPage::TypeBoxes() const {
+    return {m_ui->chkType_0, m_ui->chkType_1, m_ui->chkType_2, m_ui->chkType_3};
+}
+
+/// Classes that no line can be made of alone are not offered.
+void VolumesPage::OfferTypes() {
+    const auto& possible = m_shown->Study.ByType;
+    const auto boxes = TypeBoxes();
+    for (std::size_t type = 0; type < boxes.size(); ++type) {
+        boxes.at(type)->setEnabled(
+            std::any_of(possible.begin(), possible.end(), [&](const TypeRanges& one) {
+                return one.Type == static_cast<int>(type) && !one.Ranges.empty();
+            }));
+    }
+}
+
 VolumeFilter VolumesPage::Filter() const {
-    return {{m_ui->chkShift_1->isChecked(), m_ui->chkShift_2->isChecked(),
-             m_ui->chkShift_3->isChecked()},
-            m_ui->chkOnlyBest->isChecked()};
+    VolumeFilter filter{{m_ui->chkShift_1->isChecked(), m_ui->chkShift_2->isChecked(),
+                         m_ui->chkShift_3->isChecked()},
+                        m_ui->chkOnlyBest->isChecked(),
+                        {}};
+    const auto boxes = TypeBoxes();
+    std::transform(boxes.begin(), boxes.end(), filter.Types.begin(),
+                   [](const QCheckBox* box) { return box->isChecked() && box->isEnabled(); });
+    return filter;
 }
 
 /// Without any range the controls stay, which may find one.
@@ -109,11 +140,10 @@ void VolumesPage::ShowFiltered() {
     if (!m_shown) {
         return;
     }
-    m_ui->lblRanges->setText(m_shown->Ranges.empty()
-                                 ? QString::fromStdString(m_shown->WhyNone)
-                                 : QStringLiteral("Where the best line changes"));
-    m_ui->tblVolumes->SetTable(
-        TableOf(m_shown->Input.Model(), Filtered(m_shown->Ranges, Filter())));
+    const VolumeStudy& study = m_shown->Study;
+    m_ui->lblRanges->setText(study.Ranges.empty() ? QString::fromStdString(study.WhyNone)
+                                                  : QStringLiteral("Where the best line changes"));
+    m_ui->tblVolumes->SetTable(TableOf(m_shown->Input.Model(), study, Filter()));
 }
 
 }  // namespace quarnel02

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "studies/StudyPage.h"
 #include "studies/VolumeStudy.h"
+
+class QCheckBox;
 
 namespace quarnel02 {
 
@@ -33,14 +35,16 @@ class VolumesPage : public StudyPage {
   private:
     struct VolumeOutcome {
         StudyInput Input;
-        std::vector<VolumeRange> Ranges;
-        std::string WhyNone;  ///< without ranges
+        VolumeStudy Study;
     };
 
+    [[nodiscard]] std::array<QCheckBox*, kEquipmentClasses> TypeBoxes() const;
     void ConnectBox(FieldBox& box);
     void ShowSpan();
+    [[nodiscard]] VolumeSpan Typed() const;
     void TakeSpan();
     void Show(const VolumeOutcome& outcome);
+    void OfferTypes();
     void ShowFiltered();
     [[nodiscard]] VolumeFilter Filter() const;
 

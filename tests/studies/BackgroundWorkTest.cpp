@@ -19,11 +19,9 @@ using Show = BackgroundWork::Show;
 class Stubborn {
   public:
     BackgroundWork::Work Work(const Show& show) {
-        return [this, show](const std::stop_token& stop) -> Show {
+        return [this, show](const StudyWatch& watch) -> Show {
             Begun = true;
-            while (!stop.stop_requested()) {
-                std::this_thread::yield();
-            }
+            WaitUntilStopped(watch);
             Ended = true;
             return show;
         };
@@ -33,6 +31,18 @@ class Stubborn {
     }
     std::atomic<bool> Begun = false;
     std::atomic<bool> Ended = false;
+
+  private:
+    static void WaitUntilStopped(const StudyWatch& watch) {
+        try {
+            for (;;) {
+                watch.Look();
+                std::this_thread::yield();
+            }
+        } catch (const StudyStopped&) {
+            return;
+        }
+    }
 };
 
 void WaitUntilIdle(const BackgroundWork& work) {
@@ -43,7 +53,7 @@ TEST(BackgroundWork, RunsElsewhereAndShowsHere) {
     BackgroundWork work;
     std::thread::id worked;
     std::thread::id shown;
-    work.Start([&](const std::stop_token& /*stop*/) -> Show {
+    work.Start([&](const StudyWatch& /*watch*/) -> Show {
         worked = std::this_thread::get_id();
         return [&] { shown = std::this_thread::get_id(); };
     });
@@ -61,7 +71,7 @@ TEST(BackgroundWork, OnlyTheNewestIsShown) {
     work.Start(first.Work([&] { shown.push_back(1); }));
     first.WaitUntilBegun();
     const auto quick = [&](int number) {
-        return [&, number](const std::stop_token& /*stop*/) -> Show {
+        return [&, number](const StudyWatch& /*watch*/) -> Show {
             return [&, number] { shown.push_back(number); };
         };
     };
@@ -79,7 +89,7 @@ TEST(BackgroundWork, ShowsNothingOnceItIsCancelled) {
     BackgroundWork work;
     work.Start(first.Work([&] { ++shown; }));
     first.WaitUntilBegun();
-    work.Start([&](const std::stop_token& /*stop*/) -> Show {
+    work.Start([&](const StudyWatch& /*watch*/) -> Show {
         ++waiting;
         return {};
     });
@@ -108,7 +118,7 @@ TEST(BackgroundWork, SaysWhyItFailed) {
     QString said;
     QObject::connect(&work, &BackgroundWork::Failed, &work,
                      [&](const QString& text) { said = text; });
-    work.Start([](const std::stop_token& /*stop*/) -> Show {
+    work.Start([](const StudyWatch& /*watch*/) -> Show {
         throw std::runtime_error("Resource 3 (Robot): no.");
     });
     WaitUntilIdle(work);

@@ -113,7 +113,7 @@ TEST_F(StudyTabs, VolumesHasTheRangesOfItsSpan) {
     const VolumeRange& last = ranges.back();
     EXPECT_THAT(Row("tblVolumes", ranges.size() - 1),
                 ElementsAre(Format(last.From, "#,##0"), "200,000", "3", last.Best ? "best" : "",
-                            LineText(line.Model, last.Line), Dollars(last.CostFrom),
+                            "any", LineText(line.Model, last.Line), Dollars(last.CostFrom),
                             Dollars(last.CostTo), HasSubstr(" - $"), Dollars(last.Investment)));
 }
 
@@ -129,6 +129,21 @@ TEST_F(StudyTabs, VolumesShowsTheShiftsThatAreTicked) {
     EXPECT_EQ(Table("tblVolumes").Rows.size(), count({{true, true, true}, true}));
     EXPECT_THAT(Column("tblVolumes", "Best"), testing::Each("best"));
     EXPECT_FALSE(IsMarked());
+}
+
+TEST_F(StudyTabs, VolumesShowsLinesOfOneEquipmentClassWhereTheyArePossible) {
+    Open(Tab::Volumes);
+    const auto by_type = RangesByType(Line().Model, {10000, 200000, {}});
+    ASSERT_EQ(by_type.size(), 1U);  // benches alone can do every task
+    ASSERT_EQ(by_type[0].Type, 0);
+    EXPECT_FALSE(Part<QCheckBox>("chkType_1").isEnabled());
+    EXPECT_THAT(Column("tblVolumes", "Equipment"), testing::Each("any"));
+    const std::size_t before = Table("tblVolumes").Rows.size();
+    Part<QCheckBox>("chkType_0").click();
+    ASSERT_EQ(Table("tblVolumes").Rows.size(), before + by_type[0].Ranges.size());
+    EXPECT_EQ(Column("tblVolumes", "Equipment").back(), "only manual");
+    EXPECT_EQ(Column("tblVolumes", "Line").back(),
+              LineText(Line().Model, by_type[0].Ranges.back().Line));
 }
 
 TEST_F(StudyTabs, VolumesComputesAnotherSpanAndLimit) {
@@ -162,6 +177,9 @@ TEST_F(StudyTabs, VolumesRefusesASpanThatCannotBe) {
 TEST_F(StudyTabs, VolumesSaysWhereThereIsNoLine) {
     Open(Tab::Volumes);
     Put("txtFrom", "900000000");
+    EXPECT_EQ(Part<QLabel>("lblRangeProblem").text().toStdString(),
+              "The range is from 900,000,000 to 200,000 units; its end must not lie below.");
+    EXPECT_FALSE(Page().IsBusy());
     Put("txtTo", "900000001");
     Put("txtRangeLimit", "1");
     WaitUntilCurrent();
