@@ -9,7 +9,7 @@ AlternativesPage::AlternativesPage(QWidget* parent)
     : StudyPage(parent), m_ui(std::make_unique<Ui::AlternativesPage>()) {
     m_ui->setupUi(Contents());
     connect(m_ui->tblBest, &StudyTableView::RowChanged, this, &AlternativesPage::ShowDetails);
-    ConnectTables();
+    ConnectParts();
 }
 
 AlternativesPage::~AlternativesPage() = default;

@@ -1,5 +1,7 @@
 #include "studies/LinePage.h"
 
+#include "charts/StationLoad.h"
+#include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
 #include "ui_LinePage.h"
 
@@ -8,13 +10,17 @@ namespace quarnel02 {
 LinePage::LinePage(QWidget* parent) : StudyPage(parent), m_ui(std::make_unique<Ui::LinePage>()) {
     m_ui->setupUi(Contents());
     connect(m_ui->tblLine, &StudyTableView::RowChanged, this, &LinePage::ShowHow);
-    ConnectTables();
+    ConnectParts();
 }
 
 LinePage::~LinePage() = default;
 
 std::vector<StudyTableView*> LinePage::AllTables() const {
     return {m_ui->tblLine};
+}
+
+std::vector<StudyPicture*> LinePage::AllPictures() const {
+    return {m_ui->picLoad};
 }
 
 BackgroundWork::Work LinePage::Work(const StudyInput& input) {
@@ -31,6 +37,8 @@ void LinePage::Show(const StudyInput& input, const LineStudy& study) {
     m_study = study;
     m_ui->lblSummary->setText(QString::fromStdString(SummaryOf(study)));
     m_ui->tblLine->SetTable(TableOf(input.Model(), study));
+    m_ui->picLoad->Draw(
+        [&](Picture& picture) { DrawStationLoad(picture, input.Model(), study.Table); });
     ShowContents();
 }
 

@@ -24,6 +24,7 @@ class LinePage : public StudyPage {
   protected:
     BackgroundWork::Work Work(const StudyInput& input) override;
     [[nodiscard]] std::vector<StudyTableView*> AllTables() const override;
+    [[nodiscard]] std::vector<StudyPicture*> AllPictures() const override;
 
   private:
     void Show(const StudyInput& input, const LineStudy& study);

@@ -5,16 +5,24 @@
 #include <filesystem>
 #include <vector>
 
+#include "picture/Picture.h"
 #include "studies/ShownTable.h"
 
 namespace quarnel02 {
 
-/// Writes tables, whole or not at all, as the file's extension says: a sheet for each in an .xlsx
-/// file, else the first one as CSV. Throws as WriteXlsx and WriteWhole do.
-void SaveTables(const std::filesystem::path& file, const std::vector<ShownTable>& tables);
+/// What of a study is saved; either may be missing.
+struct SavedParts {
+    std::vector<ShownTable> Tables;  ///< the most important one first
+    const Picture* Drawing = nullptr;
+};
 
-/// Asks for a file and saves the tables there; a failure is told in a message. `proposal` is the
-/// path that is offered, without extension. The file's name; "" when the user cancels or it fails.
-QString AskAndSave(QWidget* parent, const QString& proposal, const std::vector<ShownTable>& tables);
+/// Writes a study, whole or not at all, as the file's extension says: the picture as .svg or .png,
+/// the tables as an .xlsx file with a sheet for each, else the first one as CSV. What the parts
+/// lack is not offered to the user. Throws as WriteXlsx and WriteWhole do.
+void SaveStudy(const std::filesystem::path& file, const SavedParts& parts);
+
+/// Asks for a file and saves the parts there; a failure is told in a message. `proposal` is the
+/// path that is offered, without extension.
+void AskAndSave(QWidget* parent, const QString& proposal, const SavedParts& parts);
 
 }  // namespace quarnel02

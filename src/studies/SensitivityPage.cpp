@@ -1,5 +1,7 @@
 #include "studies/SensitivityPage.h"
 
+#include "charts/Tornado.h"
+#include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
 #include "ui_SensitivityPage.h"
 
@@ -9,13 +11,17 @@ SensitivityPage::SensitivityPage(QWidget* parent)
     : StudyPage(parent), m_ui(std::make_unique<Ui::SensitivityPage>()) {
     m_ui->setupUi(Contents());
     connect(m_ui->spnShare, &QSpinBox::valueChanged, this, [this] { Recompute(); });
-    ConnectTables();
+    ConnectParts();
 }
 
 SensitivityPage::~SensitivityPage() = default;
 
 std::vector<StudyTableView*> SensitivityPage::AllTables() const {
     return {m_ui->tblSensitivity};
+}
+
+std::vector<StudyPicture*> SensitivityPage::AllPictures() const {
+    return {m_ui->picTornado};
 }
 
 BackgroundWork::Work SensitivityPage::Work(const StudyInput& input) {
@@ -34,6 +40,7 @@ void SensitivityPage::Show(const SensitivityStudy& study) {
     m_ui->lblFlips->setText(QString::fromStdString(study.Flips));
     m_ui->lblFlips->setVisible(!study.Flips.empty());
     m_ui->tblSensitivity->SetTable(study.Figures);
+    m_ui->picTornado->Draw([&](Picture& picture) { DrawTornado(picture, study.Rows, study.Cost); });
     ShowContents();
 }
 

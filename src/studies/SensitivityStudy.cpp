@@ -59,20 +59,21 @@ ShownTable EmptyTable(double share) {
             {}};
 }
 
-void AddRows(ShownTable& table, std::vector<SensitivityRow> rows, float today) {
-    const int count = static_cast<int>(rows.size());
-    for (const SensitivityRow& row : Strongest(std::move(rows), count)) {
-        table.Rows.push_back(FigureCells(row, DecimalOfSingle(today)));
+SensitivityStudy StudyOf(double share, std::vector<SensitivityRow> rows, float today) {
+    SensitivityStudy study{EmptyTable(share), std::move(rows), DecimalOfSingle(today), {}};
+    for (const SensitivityRow& row : Strongest(study.Rows, static_cast<int>(study.Rows.size()))) {
+        study.Figures.Rows.push_back(FigureCells(row, study.Cost));
     }
+    return study;
 }
 
 SensitivityStudy OfFixed(const StudyInput& input, double share, const StudyWatch& watch) {
-    SensitivityStudy study{EmptyTable(share), {}};
-    if (const auto line = CheapestLine(*input.Line, input.Question.Request)) {
-        AddRows(study.Figures, SensitivityOf(*input.Line, input.Question.Request, share, watch),
-                line->Cost);
+    const auto line = CheapestLine(*input.Line, input.Question.Request);
+    if (!line) {
+        return {};
     }
-    return study;
+    return StudyOf(share, SensitivityOf(*input.Line, input.Question.Request, share, watch),
+                   line->Cost);
 }
 
 /// "The capacity becomes 84,000 units at a penalty of 12.5 $/unit or less."
@@ -84,13 +85,13 @@ std::string FlipText(const char* side, const std::optional<PenaltyFlip>& flip) {
 }
 
 SensitivityStudy OfExpected(const StudyInput& input, double share, const StudyWatch& watch) {
-    SensitivityStudy study{EmptyTable(share), {}};
     const ExpectedDesigns designs = DesignWithCurves(input.Model(), input.Penalty(), watch);
     if (!designs.Result.Line) {
-        return study;
+        return {};
     }
     const std::vector<ExpectedSensitivityRow> rows = SensitivityOf(designs, share, watch);
-    AddRows(study.Figures, {rows.begin(), rows.end()}, designs.Result.Line->ExpectedCost);
+    SensitivityStudy study =
+        StudyOf(share, {rows.begin(), rows.end()}, designs.Result.Line->ExpectedCost);
     const PenaltyFlips flips = PenaltyFlipsOf(designs);
     study.Flips = FlipText(" or less", flips.Below) + FlipText(" or more", flips.Above);
     return study;

@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 #include <QStackedLayout>
 
+#include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
 
 namespace quarnel02 {
@@ -63,7 +64,15 @@ std::vector<StudyTableView*> StudyPage::Tables() const {
     return m_layout->currentWidget() == m_contents ? AllTables() : std::vector<StudyTableView*>();
 }
 
-void StudyPage::ConnectTables() {
+std::vector<StudyPicture*> StudyPage::Pictures() const {
+    return m_layout->currentWidget() == m_contents ? AllPictures() : std::vector<StudyPicture*>();
+}
+
+void StudyPage::ConnectParts() {
+    for (StudyPicture* picture : AllPictures()) {
+        connect(picture, &StudyPicture::SaveAsked, this,
+                [this, picture] { emit PictureSaveAsked(*picture); });
+    }
     for (StudyTableView* table : AllTables()) {
         connect(table, &StudyTableView::SaveAsked, this,
                 [this, table] { emit SaveAsked(table->Table()); });

@@ -14,6 +14,7 @@ class QStackedLayout;
 
 namespace quarnel02 {
 
+class StudyPicture;
 class StudyTableView;
 
 /// A tab of the study window. It computes in the background from an input that stays as it is, and
@@ -38,23 +39,26 @@ class StudyPage : public QWidget {
 
     /// Those that are shown, the most important one first.
     [[nodiscard]] std::vector<StudyTableView*> Tables() const;
+    [[nodiscard]] std::vector<StudyPicture*> Pictures() const;
 
   signals:
     /// IsOutOfDate or IsBusy may have changed.
     void StateChanged();
     void SaveAsked(const quarnel02::ShownTable& table);
+    void PictureSaveAsked(const quarnel02::StudyPicture& picture);
 
   protected:
     /// Computes the page from its input; runs in another thread, so it takes along what the
     /// controls say. What it returns shows the outcome.
     virtual BackgroundWork::Work Work(const StudyInput& input) = 0;
-    /// The tables of the page, as it lays them out.
+    /// The tables and pictures of the page, as it lays them out.
     [[nodiscard]] virtual std::vector<StudyTableView*> AllTables() const = 0;
+    [[nodiscard]] virtual std::vector<StudyPicture*> AllPictures() const { return {}; }
     virtual void InputChanged(const StudyInput& /*input*/) {}
 
     /// What the form of the page is set up in.
     [[nodiscard]] QWidget* Contents() const { return m_contents; }
-    void ConnectTables();
+    void ConnectParts();
     /// Shows the page, or a text in its place.
     void ShowContents();
     void ShowText(const std::string& text);

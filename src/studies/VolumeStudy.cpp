@@ -94,6 +94,18 @@ std::string ClassName(int type) {
     return names.at(static_cast<std::size_t>(type));
 }
 
+std::vector<VolumeCurve> CurvesOf(const LineModel& model, const VolumeStudy& study,
+                                  const VolumeFilter& filter) {
+    std::vector<VolumeCurve> curves = CurvesOf(model, Filtered(study.Ranges, filter));
+    for (const TypeRanges& type : study.ByType) {
+        if (IsShown(filter, type.Type)) {
+            curves.push_back(CurveOfClass(model, static_cast<ResourceType>(type.Type),
+                                          Filtered(type.Ranges, filter)));
+        }
+    }
+    return curves;
+}
+
 ShownTable TableOf(const LineModel& model, const VolumeStudy& study, const VolumeFilter& filter) {
     ShownTable table{"Volumes",
                      {{"From", true},

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "charts/VolumeChart.h"
 #include "studies/ShownTable.h"
 #include "studies/StudyInput.h"
 #include "study/VolumeDesigns.h"
@@ -41,6 +42,10 @@ std::vector<VolumeRange> Filtered(const std::vector<VolumeRange>& ranges,
 
 /// "manual", "fixed", "programmable", "automated"
 std::string ClassName(int type);
+
+/// The curves of the filter.
+std::vector<VolumeCurve> CurvesOf(const LineModel& model, const VolumeStudy& study,
+                                  const VolumeFilter& filter);
 
 /// A row for each range of the filter.
 ShownTable TableOf(const LineModel& model, const VolumeStudy& study, const VolumeFilter& filter);

@@ -4,6 +4,7 @@
 
 #include "basic/NumberFormat.h"
 #include "basic/RunTimeError.h"
+#include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
 #include "studies/TypedFigures.h"
 #include "ui_VolumesPage.h"
@@ -27,13 +28,18 @@ VolumesPage::VolumesPage(QWidget* parent)
         connect(box, &QCheckBox::toggled, this, &VolumesPage::ShowFiltered);
     }
     ShowSpan();
-    ConnectTables();
+    connect(m_ui->cboCost, &QComboBox::activated, this, &VolumesPage::ShowFiltered);
+    ConnectParts();
 }
 
 VolumesPage::~VolumesPage() = default;
 
 std::vector<StudyTableView*> VolumesPage::AllTables() const {
     return {m_ui->tblVolumes};
+}
+
+std::vector<StudyPicture*> VolumesPage::AllPictures() const {
+    return {m_ui->picVolumes};
 }
 
 void VolumesPage::ConnectBox(FieldBox& box) {
@@ -143,7 +149,12 @@ void VolumesPage::ShowFiltered() {
     const VolumeStudy& study = m_shown->Study;
     m_ui->lblRanges->setText(study.Ranges.empty() ? QString::fromStdString(study.WhyNone)
                                                   : QStringLiteral("Where the best line changes"));
-    m_ui->tblVolumes->SetTable(TableOf(m_shown->Input.Model(), study, Filter()));
+    const LineModel& model = m_shown->Input.Model();
+    const VolumeFilter filter = Filter();
+    m_ui->tblVolumes->SetTable(TableOf(model, study, filter));
+    const auto shown = m_ui->cboCost->currentIndex() == 0 ? VolumeCost::Total : VolumeCost::PerUnit;
+    m_ui->picVolumes->Draw(
+        [&](Picture& picture) { DrawVolumes(picture, CurvesOf(model, study, filter), shown); });
 }
 
 }  // namespace quarnel02

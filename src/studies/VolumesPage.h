@@ -30,6 +30,7 @@ class VolumesPage : public StudyPage {
   protected:
     BackgroundWork::Work Work(const StudyInput& input) override;
     [[nodiscard]] std::vector<StudyTableView*> AllTables() const override;
+    [[nodiscard]] std::vector<StudyPicture*> AllPictures() const override;
     void InputChanged(const StudyInput& input) override;
 
   private:

@@ -11,7 +11,7 @@
 
 #include "shell/LoadLineModel.h"
 #include "shell/ModelCheck.h"
-#include "studies/SaveStudy.h"
+#include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
 #include "ui_frmStudy.h"
 
@@ -73,8 +73,12 @@ void frmStudy::LayOut() {
 void frmStudy::ConnectPages() {
     for (StudyPage* page : Pages()) {
         connect(page, &StudyPage::StateChanged, this, &frmStudy::ShowState);
-        connect(page, &StudyPage::SaveAsked, this,
-                [this](const ShownTable& table) { SaveTablesOf({table}); });
+        connect(page, &StudyPage::SaveAsked, this, [this](const ShownTable& table) {
+            Save(QString::fromStdString(table.Name), {{table}, nullptr});
+        });
+        connect(page, &StudyPage::PictureSaveAsked, this, [this](const StudyPicture& picture) {
+            Save(m_ui->tabStudy->tabText(m_ui->tabStudy->currentIndex()), {{}, &picture.Shown()});
+        });
     }
     connect(m_ui->barQuestion, &QuestionBar::Changed, this, [this] {
         m_chosen = true;
@@ -87,7 +91,11 @@ void frmStudy::ConnectPages() {
         }
     });
     connect(m_ui->cmdCopy, &QPushButton::clicked, this, &frmStudy::CopyTables);
-    connect(m_ui->cmdSave, &QPushButton::clicked, this, [this] { SaveTablesOf(TablesOfPage()); });
+    connect(m_ui->cmdSave, &QPushButton::clicked, this, [this] {
+        const auto pictures = CurrentPage().Pictures();
+        Save(m_ui->tabStudy->tabText(m_ui->tabStudy->currentIndex()),
+             {TablesOfPage(), pictures.empty() ? nullptr : &pictures.front()->Shown()});
+    });
     auto* close_window = new QAction(this);
     close_window->setShortcuts({QKeySequence::Close, QKeySequence(Qt::Key_Escape)});
     connect(close_window, &QAction::triggered, this, &QWidget::close);
@@ -234,17 +242,14 @@ void frmStudy::CopyTables() {
 }
 
 /// Proposed beside the model, as "pump-Volumes".
-void frmStudy::SaveTablesOf(const std::vector<ShownTable>& tables) {
+void frmStudy::Save(const QString& name, const SavedParts& parts) {
     const QString directory =
         m_current.Dir.empty() ? QDir::homePath() : QString::fromStdString(m_current.Dir);
     const QString model =
         m_current.File.empty()
             ? QStringLiteral("Untitled")
             : QFileInfo(QString::fromStdString(m_current.File)).completeBaseName();
-    AskAndSave(this,
-               QDir(directory).filePath(model + QLatin1Char('-') +
-                                        QString::fromStdString(tables.front().Name)),
-               tables);
+    AskAndSave(this, QDir(directory).filePath(model + QLatin1Char('-') + name), parts);
 }
 
 void frmStudy::showEvent(QShowEvent* event) {

@@ -12,6 +12,7 @@
 #include "commands/CurrentModel.h"
 #include "commands/EditHistory.h"
 #include "shell/MainForm.h"
+#include "studies/SaveStudy.h"
 #include "studies/StudyPage.h"
 
 namespace quarnel02 {
@@ -53,7 +54,7 @@ class frmStudy : public QWidget {
     void ComputePage();
     void ShowState();
     void CopyTables();
-    void SaveTablesOf(const std::vector<ShownTable>& tables);
+    void Save(const QString& name, const SavedParts& parts);
     [[nodiscard]] std::vector<ShownTable> TablesOfPage() const;
     [[nodiscard]] std::vector<StudyPage*> Pages() const;
     [[nodiscard]] StudyPage& CurrentPage() const;
