@@ -86,7 +86,8 @@ TEST_F(SaveAccessTest, WritesTheEightTablesWithTheTypesThatAccessUsersExpect) {
         for (const jet::Column& column : reader.Columns(table.Name)) {
             names.push_back(column.Name);
         }
-        EXPECT_EQ(names, Texts(NamesOf(table).begin(), NamesOf(table).end()));
+        const auto ours = NamesOf(table);
+        EXPECT_EQ(names, Texts(ours.begin(), ours.end()));
     }
 }
 
