@@ -1,0 +1,118 @@
+// Blocks of cells between a sheet, the clipboard and the model.
+#include <QClipboard>
+#include <QGuiApplication>
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "sheets/BlockShape.h"
+#include "sheets/DelimitedText.h"
+#include "widgets/Dialogs.h"
+#include "widgets/SheetView.h"
+
+namespace quarnel02 {
+
+void SheetView::Copy() {
+    const std::string text = WriteTabbed(m_sheet->CopyBlock(SelectedBlock()));
+    if (!text.empty()) {
+        QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    }
+}
+
+void SheetView::Cut() {
+    Copy();
+    Store("Nothing was cut.", [this] { return m_sheet->ClearBlock("Cut", SelectedBlock()); });
+}
+
+void SheetView::Clear() {
+    Store("Nothing was cleared.", [this] { return m_sheet->ClearBlock("Clear", SelectedBlock()); });
+}
+
+void SheetView::SelectBlock(const BlockEdit& edit) {
+    std::size_t columns = 1;
+    for (const auto& row : edit.Block) {
+        columns = std::max(columns, row.size());
+    }
+    const auto at = [&](std::size_t row, std::size_t column) {
+        return m_sheet->index(std::min(static_cast<int>(row), m_sheet->rowCount() - 1),
+                              std::min(static_cast<int>(column), m_sheet->columnCount() - 1));
+    };
+    selectionModel()->select(
+        QItemSelection(at(edit.Row, edit.Column),
+                       at(edit.Row + edit.Block.size() - 1, edit.Column + columns - 1)),
+        QItemSelectionModel::ClearAndSelect);
+}
+
+bool SheetView::MayGrow(const BlockEdit& edit) {
+    const std::string missing = m_sheet->MissingFor(edit);
+    return missing.empty() ||
+           AskYesNoBox(this, "The block is larger than the sheet: add " + missing + "?",
+                       MessageIcon::Question, Answer::Yes);
+}
+
+void SheetView::Paste() {
+    const CellRange target = SelectedBlock();
+    const TextBlock block = ReadTabbed(QGuiApplication::clipboard()->text().toStdString());
+    const BlockEdit edit{"Paste", target.Row, target.Column,
+                         FittedTo(block, target.Rows, target.Columns)};
+    if (!block.empty() && MayGrow(edit) &&
+        Store("Nothing was pasted.", [&] { return m_sheet->SetBlock(edit); })) {
+        SelectBlock(edit);
+    }
+}
+
+/// A single row is filled from the one above it.
+void SheetView::FillDown() {
+    CellRange range = SelectedBlock();
+    if (range.Rows == 1 && range.Row > 0) {
+        --range.Row;
+        ++range.Rows;
+    }
+    TextBlock block = FilledDown(m_sheet->CopyBlock(range));
+    if (block.size() > 1) {
+        block.erase(block.begin());
+        Fill({"Fill", range.Row + 1, range.Column, std::move(block)});
+    }
+}
+
+void SheetView::FillRight() {
+    CellRange range = SelectedBlock();
+    if (range.Columns == 1 && range.Column > 0) {
+        --range.Column;
+        ++range.Columns;
+    }
+    TextBlock block = FilledRight(m_sheet->CopyBlock(range));
+    if (range.Columns > 1) {
+        for (auto& row : block) {
+            row.erase(row.begin());
+        }
+        Fill({"Fill", range.Row, range.Column + 1, std::move(block)});
+    }
+}
+
+void SheetView::Fill(const BlockEdit& edit) {
+    if (!edit.Block.empty()) {
+        Store("Nothing was filled.", [&] { return m_sheet->SetBlock(edit); });
+    }
+}
+
+/// What a single cell is refused for needs no opening.
+bool SheetView::Store(const std::string& failure, const std::function<Misfits()>& store,
+                      Refusal refusal) {
+    std::string message;
+    try {
+        const Misfits refused = store();
+        if (refused.IsEmpty()) {
+            return true;
+        }
+        message = refused.Message(failure, failure.empty() ? "" : "\n");
+    } catch (const std::exception& error) {
+        message = error.what();
+    }
+    if (refusal == Refusal::Tell) {
+        ShowMessageBox(this, message, MessageIcon::Critical);
+    }
+    return false;
+}
+
+}  // namespace quarnel02
