@@ -169,6 +169,12 @@ void frmMatrix::Commit() {
     }
 }
 
+void frmMatrix::done(int result) {
+    if (m_ui->pageValues->FinishEditing()) {
+        EditorDialog::done(result);
+    }
+}
+
 void frmMatrix::ClearAll() {
     if (m_ui->pageValues->FinishEditing() &&
         AskYesNoBox(this, "Clear all Resource-Task information?", MessageIcon::Question,

@@ -27,6 +27,9 @@ class frmMatrix : public EditorDialog {
     /// Reads the model and draws the grid; to be called before the window is shown.
     void LoadMe();
 
+    /// Closes the window unless a text that does not fit is being typed.
+    void done(int result) override;
+
     /// Whether the matrix was another when the window was closed than when it opened.
     [[nodiscard]] bool ChangedModel() const { return m_network.Changed(); }
 
