@@ -255,13 +255,13 @@ void RequireCombination(const CLI::App& app, const Options& options) {
 
 std::optional<std::string> FormatFor(const Options& options, FormatUse use) {
     std::optional<std::string> chosen;
-    for (const std::string& name : options.Formats) {
-        const auto format = std::find_if(kFormats.begin(), kFormats.end(),
-                                         [&](const FormatName& each) { return each.Name == name; });
-        if (format->Use != use) {
+    for (const FormatName& format : kFormats) {
+        const std::string name = format.Name;
+        if (format.Use != use || std::find(options.Formats.begin(), options.Formats.end(), name) ==
+                                     options.Formats.end()) {
             continue;
         }
-        if (chosen && *chosen != name) {
+        if (chosen) {
             throw RunTimeError(
                 ErrorKind::TypeMismatch,
                 "--format is given both as " + *chosen + " and as " + name + ". Give one of them.");

@@ -87,7 +87,7 @@ TEST(Options, OfFormatsGoOncePerUse) {
     EXPECT_EQ(
         test::ExpectRunTimeError(ErrorKind::TypeMismatch,
                                  [&] { static_cast<void>(FormatFor(options, FormatUse::Print)); }),
-        "--format is given both as json and as text. Give one of them.");
+        "--format is given both as text and as json. Give one of them.");
     EXPECT_EQ(ErrorFor({"a.mdb", "--shifts", "1", "--format", "csv"}),
               "--format csv does not go with a design. Use json, or name a --study.");
     EXPECT_EQ(ErrorFor({"a.mdb", "--study", "volumes", "--format", "csv"}), "");
