@@ -23,6 +23,7 @@ constexpr Colour kBlack{0, 0, 0};
 
 constexpr double kMargin = 150;
 constexpr double kFaded = 0.3;
+constexpr double kVeil = 0.15;
 
 /// Draws one network on a page.
 class NetworkDrawing {
@@ -36,7 +37,9 @@ class NetworkDrawing {
     [[nodiscard]] Extent Outline() const;
     void PlaceSheet(double head);
     void DrawAllArcs();
-    void DrawState(PathwayState state, Colour colour);
+    void DrawState(PathwayState state, Colour colour, double opacity = 1);
+    /// Of possible arcs: where they are many, a veil that clears as the network is enlarged.
+    [[nodiscard]] double VeilOpacity() const;
     void DrawChosen();
     void DrawArcAt(std::size_t place, int width, Colour colour, double opacity = 1);
     void DrawNodes();
@@ -97,7 +100,7 @@ void NetworkDrawing::Draw() {
     const double head = DrawLegendAt(probe);
     PlaceSheet(head);
     DrawAllArcs();
-    DrawState(PathwayState::Feasible, kDarkBlue);
+    DrawState(PathwayState::Feasible, kDarkBlue, VeilOpacity());
     DrawState(PathwayState::OverLimit, kRed);
     DrawChosen();
     DrawNodes();
@@ -118,9 +121,13 @@ void NetworkDrawing::DrawAllArcs() {
     }
 }
 
-void NetworkDrawing::DrawState(PathwayState state, Colour colour) {
+double NetworkDrawing::VeilOpacity() const {
+    return m_values.Nodes > kFadeFromTasks ? std::min(1.0, kVeil * m_picture.LaidOutFor().Zoom) : 1;
+}
+
+void NetworkDrawing::DrawState(PathwayState state, Colour colour, double opacity) {
     for (const std::size_t place : In(state)) {
-        DrawArcAt(place, 2, colour);
+        DrawArcAt(place, 2, colour, opacity);
     }
 }
 

@@ -23,7 +23,7 @@ struct NetworkValues {
     double Spacing = 0;
 };
 
-/// Tasks from which on arcs without a resource fade.
+/// Tasks from which on arcs without a resource fade, and possible ones until they are enlarged.
 inline constexpr int kFadeFromTasks = 30;
 
 /// Composes the network so that it fills the page, with the legend of its colours in the upper left

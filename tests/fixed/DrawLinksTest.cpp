@@ -249,6 +249,22 @@ TEST(DrawLinks, FadesGreyArcsFromThirtyTasksOn) {
     }
 }
 
+TEST(DrawLinks, VeilsThePossibleArcsOfALargeNetworkUntilItIsEnlarged) {
+    constexpr Colour blue{0, 0, 127};
+    ModelScript script = Network(30);
+    script.Resources.resize(1);
+    for (int task = 1; task <= script.Tasks; ++task) {
+        script.Matrix.push_back({1, task, 10, 1});
+    }
+    LoadedModel model(script);
+    ASSERT_FALSE(OpacitiesOf(model, blue).empty());
+    EXPECT_LT(OpacitiesOf(model, blue).front(), 0.3);
+    Page enlarged = model.Form.picArc.LaidOutFor();
+    enlarged.Zoom = 8;
+    model.Form.picArc.LayOut(enlarged);
+    EXPECT_EQ(OpacitiesOf(model, blue).front(), 1);
+}
+
 TEST(DrawLinks, LeavesOutTaskNumbersThatHaveNoRoom) {
     LoadedModel model(Network(50));
     Picture& network = model.Form.picArc;
