@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QScreen>
 #include <algorithm>
 #include <exception>
@@ -65,9 +66,23 @@ void frmStudy::LayOut() {
         policy.setRetainSizeWhenHidden(true);
         mark->setSizePolicy(policy);
     }
+    LayOutCorner();
     const QSize wanted(lines_and_columns.width() * fontMetrics().averageCharWidth(),
                        lines_and_columns.height() * fontMetrics().lineSpacing());
     resize(wanted.boundedTo(screen()->availableSize() * share_of_screen));
+}
+
+/// Beside the tabs, so that the boxes above have the whole width.
+void frmStudy::LayOutCorner() {
+    auto* corner = new QWidget(this);
+    auto* row = new QHBoxLayout(corner);
+    row->setContentsMargins(0, 0, 0, 2);
+    for (QWidget* part :
+         {static_cast<QWidget*>(m_ui->lblBusy), static_cast<QWidget*>(m_ui->lblStudyOutOfDate),
+          static_cast<QWidget*>(m_ui->cmdCopy), static_cast<QWidget*>(m_ui->cmdSave)}) {
+        row->addWidget(part);
+    }
+    m_ui->tabStudy->setCornerWidget(corner);
 }
 
 void frmStudy::ConnectPages() {

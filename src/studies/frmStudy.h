@@ -43,6 +43,7 @@ class frmStudy : public QWidget {
 
   private:
     void LayOut();
+    void LayOutCorner();
     void ConnectPages();
     bool TakeFile();
     bool TakeModel();

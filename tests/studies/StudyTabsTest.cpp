@@ -5,12 +5,14 @@
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "studies/LineStudy.h"
+#include "studies/StudyPicture.h"
 #include "studies/StudyTest.h"
 #include "studies/VolumeStudy.h"
 #include "study/Alternatives.h"
 #include "study/Capacities.h"
 #include "study/HowComputed.h"
 #include "study/LineText.h"
+#include "study/PenaltyFlips.h"
 #include "study/Sensitivity.h"
 #include "study/VolumePieces.h"
 
@@ -24,6 +26,20 @@ using ::testing::Not;
 
 const FixedDemandRequest kRequest{60000, 1, {}};
 
+/// The texts of a picture and the words behind its figures.
+std::string AllWords(const Picture& picture) {
+    std::string words;
+    for (const PictureFigure& figure : picture.Figures()) {
+        if (const auto* text = std::get_if<TextFigure>(&figure)) {
+            words += text->Text + "\n";
+        }
+    }
+    for (const HotSpot& spot : picture.HotSpots()) {
+        words += WordsOf(spot) + "\n";
+    }
+    return words;
+}
+
 class StudyTabs : public test::StudyTest {
   protected:
     void Open(Tab tab) {
@@ -33,6 +49,9 @@ class StudyTabs : public test::StudyTest {
     }
     [[nodiscard]] std::string How() const {
         return Part<QPlainTextEdit>("txtHow").toPlainText().toStdString();
+    }
+    [[nodiscard]] std::string Words(const char* picture) const {
+        return AllWords(Part<StudyPicture>(picture).Shown());
     }
     [[nodiscard]] static std::string Dollars(double amount) { return Format(amount, "$#,##0"); }
     [[nodiscard]] static std::string Dollars(float cost) { return Dollars(DecimalOfSingle(cost)); }
@@ -80,6 +99,47 @@ TEST_F(StudyTabs, LineSaysHowTheSelectedRowIsComputed) {
     text.selectAll();
     QTest::keyClick(&text, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(Clipboard(), HowComputed(line.Model, table));
+}
+
+TEST_F(StudyTabs, LineDrawsTheLoadOfItsStations) {
+    Open(Tab::Line);
+    EXPECT_THAT(Words("picLoad"), HasSubstr("Mount impeller"));
+    EXPECT_THAT(Words("picLoad"), HasSubstr("Robot"));
+}
+
+TEST_F(StudyTabs, VolumesDrawsTheCurvesThatAreTicked) {
+    Open(Tab::Volumes);
+    EXPECT_THAT(Words("picVolumes"), testing::AllOf(HasSubstr("1 shift"), HasSubstr("3 shifts"),
+                                                    Not(HasSubstr("only manual"))));
+    EXPECT_THAT(Words("picVolumes"), HasSubstr("Total cost"));
+    Part<QCheckBox>("chkShift_3").click();
+    Part<QCheckBox>("chkType_0").click();
+    EXPECT_THAT(
+        Words("picVolumes"),
+        testing::AllOf(HasSubstr("1 shift"), Not(HasSubstr("3 shifts")), HasSubstr("only manual")));
+    Choose("cboCost", 1);
+    EXPECT_THAT(Words("picVolumes"), HasSubstr("Cost per unit"));
+}
+
+TEST_F(StudyTabs, SensitivityDrawsTheStrongestFigures) {
+    Open(Tab::Sensitivity);
+    EXPECT_THAT(Words("picTornado"), HasSubstr("Bench: task times"));
+    EXPECT_THAT(Words("picTornado"), Not(HasSubstr("Press: variable cost")));
+}
+
+TEST_F(StudyTabs, SensitivityOfTheDemandDistributionSaysWhereTheCapacityFlips) {
+    Open(Tab::Sensitivity);
+    Choose("cboDesign", 1);
+    WaitUntilCurrent();
+    const ExpectedDesigns designs = DesignWithCurves(Line().Model, 18);
+    const auto rows = SensitivityOf(designs, 0.1);
+    ASSERT_EQ(Table("tblSensitivity").Rows.size(), rows.size());
+    EXPECT_THAT(Column("tblSensitivity", "Figure"), testing::Contains("Penalty"));
+    const PenaltyFlips flips = PenaltyFlipsOf(designs);
+    ASSERT_TRUE(flips.Below);
+    EXPECT_THAT(Part<QLabel>("lblFlips").text().toStdString(),
+                HasSubstr("The capacity becomes " +
+                          Format(DecimalOfSingle(flips.Below->Capacity), "#,##0") + " units at"));
 }
 
 TEST_F(StudyTabs, LineOfTheDemandDistributionStandsAtItsCapacity) {
@@ -201,6 +261,10 @@ TEST_F(StudyTabs, AlternativesHasTheCheapestLinesAndWhatWouldReplaceTheirStation
         EXPECT_EQ(Row("tblBest", row)[3], Dollars(lines[row].Difference));
         EXPECT_EQ(Row("tblBest", row)[7], Dollars(lines[row].Figures.Labour));
     }
+    const auto instead = Replacements(line, kRequest, lines[0].Design);
+    ASSERT_TRUE(instead.at(1).has_value());  // of the robot
+    EXPECT_EQ(Row("tblDetails", 1)[5], "Bench");
+    EXPECT_EQ(Row("tblDetails", 1)[8], Dollars(instead[1]->Difference));
     auto& view = Part<StudyTableView>("tblBest");
     view.setFocus();
     QTest::keyClick(&view, Qt::Key_Down);

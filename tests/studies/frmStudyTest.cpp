@@ -7,6 +7,7 @@
 #include "generate_model.h"
 #include "sheets/WorkbookFile.h"
 #include "studies/LineStudy.h"
+#include "studies/StudyPicture.h"
 #include "studies/StudyTest.h"
 #include "study/WhyNot.h"
 
@@ -262,6 +263,29 @@ TEST_F(frmStudyTests, SavesTheUpperTableAsCsv) {
     TypePath(Copy->File("study"), true);
     Press("cmdSave");
     EXPECT_EQ(ReadFile(Copy->File("study.csv")), CsvOf(Table("tblBest")));
+}
+
+TEST_F(frmStudyTests, SavesThePictureOfATabAsADrawingOrAnImage) {
+    StartPump();
+    Open();
+    Show(Tab::Volumes);
+    TypePath(Copy->File("study.svg"));
+    Press("cmdSave");
+    const std::string drawing = ReadFile(Copy->File("study.svg"));
+    EXPECT_THAT(drawing, StartsWith("<svg"));
+    EXPECT_THAT(drawing, HasSubstr("Annual volume (units)"));
+    TypePath(Copy->File("study.png"));
+    Press("cmdSave");
+    const QImage image(QString::fromStdString(Copy->File("study.png").string()));
+    ASSERT_FALSE(image.isNull());
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
+    auto& picture = Part<StudyPicture>("picVolumes");
+    EXPECT_NEAR(image.width(), 2 * picture.Shown().Width() / kTwipsPerPixel, 2);
+    TypePath(Copy->File("chart.svg"));
+    picture.findChild<QAction*>(QStringLiteral("mnuSavePicture"))->trigger();
+    EXPECT_EQ(ReadFile(Copy->File("chart.svg")), drawing);
+    picture.findChild<QAction*>(QStringLiteral("mnuCopyPicture"))->trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->image().size(), image.size());
 }
 
 TEST_F(frmStudyTests, SavesOneTableFromItsMenu) {
