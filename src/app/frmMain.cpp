@@ -19,7 +19,8 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
       m_dialog(Copy().File({}), this),
       m_commands(*this, m_dialog),
       m_launcher(std::make_unique<ReportLauncher>(this)),
-      m_marks(*this) {
+      m_marks(*this),
+      m_memory(Copy().Directory()) {
     m_ui->setupUi(this);
     setWindowIcon(AppIcon());
     LayOut();
@@ -36,6 +37,10 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
     ConnectSheetFiles();
     ConnectEditMenu();
     ConnectOtherMenus();
+    ConnectToolBar();
+    ConnectResults();
+    ConnectFirstSteps();
+    RecallLayout();
     m_afterError.setSingleShot(true);
     m_afterError.setInterval(0);
     connect(&m_afterError, &QTimer::timeout, this, &frmMain::AfterError);
@@ -102,7 +107,9 @@ void frmMain::AfterError() {
 void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        ShowSumColour();
+        ShowColours();
+    } else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        m_toolBarWidth = 0;
     }
 }
 
@@ -110,6 +117,9 @@ void frmMain::closeEvent(QCloseEvent* event) {
     bool leaving = false;
     if (!m_solving && SaveFocusedBox()) {
         RunEvent([&] { leaving = m_commands.Exit(); });
+    }
+    if (leaving) {
+        RememberLayout();
     }
     event->setAccepted(leaving);
 }

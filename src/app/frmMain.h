@@ -11,6 +11,7 @@
 
 #include "app/InputShield.h"
 #include "app/ReportLauncher.h"
+#include "app/WindowMemory.h"
 #include "app/frmFile.h"
 #include "commands/FileCommands.h"
 #include "commands/ResultMarks.h"
@@ -22,7 +23,9 @@ class QProgressBar;
 
 namespace quarnel02 {
 
+class ElidedLabel;
 class FieldBox;
+class ResultBoxes;
 class frmGuide;
 class frmStudy;
 class frmStatus;
@@ -86,6 +89,7 @@ class frmMain : public QMainWindow, public MainForm {
   protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
   private:
@@ -107,6 +111,9 @@ class frmMain : public QMainWindow, public MainForm {
     void ConnectEditMenu();
     void ConnectOtherMenus();
     void ConnectEditors();
+    void ConnectToolBar();
+    void ConnectResults();
+    void ConnectFirstSteps();
 
     bool Attempt(const std::function<void()>& event);
     bool RunCommand(const std::function<void()>& command);
@@ -126,14 +133,25 @@ class frmMain : public QMainWindow, public MainForm {
     void ShowState();
     void ShowMarks();
     void ShowSteps();
+    void ShowFile();
+    void ShowBriefly(const QString& text);
     void ShowDesign();
+    void ShowResults();
+    void ShowTitles();
+    void DescribePictures();
+    void ShowColours();
     void ShowSumColour();
+    void ShowIcons();
+    void FitToolBar();
+    void RecallLayout();
+    void RememberLayout();
     void EnableDemandButtons();
     void OpeningFileMenu();
     void Import();
     void ExportWorkbook();
     void ExportCsvFiles();
     [[nodiscard]] QString UserDirectory();
+    void FillExamplesMenu();
     void FillRecoverMenu(const std::vector<KeptModel>& models);
     void ShowGuide();
     void ShowStudy();
@@ -148,11 +166,17 @@ class frmMain : public QMainWindow, public MainForm {
     std::unique_ptr<ReportLauncher> m_launcher;
     ResultMarks m_marks;
     InputShield m_shield;
+    WindowMemory m_memory;
+    ResultBoxes* m_boxes = nullptr;
+    int m_toolBarWidth = 0;  ///< with all its texts; 0 until it is known
     frmGuide* m_guide = nullptr;
     frmStudy* m_study = nullptr;
     QProgressBar* m_progress = nullptr;
-    QLabel* m_design = nullptr;           ///< in the status bar: what the pictures show
-    Colour m_sumColour;                   ///< of lblSum on light paper
+    ElidedLabel* m_file = nullptr;    ///< in the status bar: product and file
+    QLabel* m_saved = nullptr;        ///< "saved", or "*" for a model that differs from its file
+    ElidedLabel* m_size = nullptr;    ///< tasks and resources
+    ElidedLabel* m_design = nullptr;  ///< what the pictures show
+    Colour m_sumColour;               ///< of lblSum on light paper
     std::unique_ptr<frmStatus> m_status;  ///< while a stochastic solve runs
     bool m_solving = false;
     int m_events = 0;  ///< that run inside one another

@@ -4,10 +4,14 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStatusBar>
 #include <algorithm>
 
+#include "app/DemandColumns.h"
 #include "app/frmMain.h"
 #include "ui_frmMain.h"
+#include "widgets/Contrast.h"
+#include "widgets/ElidedLabel.h"
 
 namespace quarnel02 {
 
@@ -15,11 +19,7 @@ void frmMain::LayOut() {
     m_ui->picArc->SetZoomable(true);
     m_ui->chkFitWidth->setChecked(true);
     m_ui->lstDemand->setMinimumHeight(4 * fontMetrics().lineSpacing());
-    for (QLineEdit* box : {m_ui->txtResources, m_ui->txtTasks}) {
-        QPalette greyed = box->palette();
-        greyed.setColor(QPalette::Base, greyed.color(QPalette::Window));
-        box->setPalette(greyed);
-    }
+    m_ui->lstDemand->setItemDelegate(new DemandColumns(m_ui->lstDemand));
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         new QShortcut(key, m_ui->chkFitWidth, m_ui->chkFitWidth, &QCheckBox::click,
                       Qt::WidgetShortcut);
@@ -28,31 +28,48 @@ void frmMain::LayOut() {
     LayOutMark();
     LimitSize();
     ChooseSize();
+    ShowColours();
 }
 
+/// On the left the model, on the right the design.
 void frmMain::LayOutStatusBar() {
-    m_design = new QLabel(this);
-    m_design->setObjectName(QStringLiteral("lblDesign"));
-    m_design->setTextFormat(Qt::PlainText);
-    m_design->setMinimumWidth(1);
-    m_ui->statusBar->addPermanentWidget(m_design);
-    m_progress = new QProgressBar(this);
+    const auto label = [this](auto* made, const char* name, const char* spoken) {
+        made->setObjectName(QLatin1String(name));
+        made->setAccessibleName(QLatin1String(spoken));
+        return made;
+    };
+    QStatusBar& bar = *m_ui->statusBar;
+    m_file = label(new ElidedLabel(this), "lblFile", "Product and file");
+    QFont bold = m_file->font();
+    bold.setBold(true);
+    m_file->setFont(bold);
+    m_saved = label(new QLabel(this), "lblSaved", "Saved or not");
+    m_size = label(new ElidedLabel(this), "lblSize", "Size of the model");
+    m_design = label(new ElidedLabel(this), "lblDesign", "Last design");
+    m_progress = label(new QProgressBar(this), "prgWorking", "A design is being made");
     m_progress->setRange(0, 0);
     m_progress->setMaximumWidth(20 * fontMetrics().averageCharWidth());
     m_progress->hide();
-    m_ui->statusBar->addPermanentWidget(m_progress);
+    const int gap = fontMetrics().averageCharWidth();
+    bar.setContentsMargins(gap, 0, 0, 0);
+    m_saved->setContentsMargins(gap, 0, 0, 0);
+    m_size->setContentsMargins(gap, 0, 0, 0);
+    m_ui->lblOutOfDate->setMargin(gap / 4);
+    bar.addWidget(m_file);
+    bar.addWidget(m_saved);
+    bar.addWidget(m_size);
+    bar.addPermanentWidget(m_design);
+    bar.addPermanentWidget(m_ui->lblOutOfDate);
+    bar.addPermanentWidget(m_progress);
 }
 
-/// Black on amber in every theme; its place is kept while it is hidden, so that nothing moves.
+/// Black on amber in every theme.
 void frmMain::LayOutMark() {
     constexpr QColor amber(255, 200, 60);
     QPalette colours = m_ui->lblOutOfDate->palette();
     colours.setColor(QPalette::Window, amber);
     colours.setColor(QPalette::WindowText, Qt::black);
     m_ui->lblOutOfDate->setPalette(colours);
-    QSizePolicy policy = m_ui->lblOutOfDate->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    m_ui->lblOutOfDate->setSizePolicy(policy);
     m_ui->lblOutOfDate->hide();
 }
 
@@ -83,6 +100,8 @@ void frmMain::WidenLeftPane() {
 void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     WidenLeftPane();
+    m_toolBarWidth = 0;
+    FitToolBar();
 }
 
 void frmMain::ChooseSize() {
@@ -92,22 +111,35 @@ void frmMain::ChooseSize() {
     const QSize wanted(static_cast<int>(picArc.Width() / kTwipsPerPixel) + beside,
                        network + 40 * fontMetrics().lineSpacing());
     resize(wanted.boundedTo(screen()->availableSize() * 0.95));
-    const int upper = std::min(network + 3 * fontMetrics().lineSpacing(), 2 * height() / 5);
-    m_ui->splRight->setStretchFactor(0, 0);
-    m_ui->splRight->setStretchFactor(1, 1);
-    m_ui->splRight->setSizes({upper, height() - upper});
+    constexpr int columns = 56;
+    const int wide = std::min(columns * fontMetrics().averageCharWidth(), 3 * width() / 10);
+    const int left = std::max(m_ui->scrLeft->minimumWidth(), wide);
+    m_ui->splMain->setSizes({left, width() - left});
+    m_ui->splMain->setStretchFactor(0, 0);
+    m_ui->splMain->setStretchFactor(1, 1);
 }
 
-/// The colours are meant for light paper; on a dark window they are lit up in their own hue.
-void frmMain::ShowSumColour() {
-    constexpr int dark = 128;
-    constexpr float lit = 0.82F;
-    QPalette paper = palette();
-    QColor ink(m_sumColour.Red, m_sumColour.Green, m_sumColour.Blue);
-    if (paper.color(QPalette::Window).lightness() < dark) {
-        ink.setHslF(std::max(ink.hslHueF(), 0.0F), ink.hslSaturationF(), lit);
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    FitToolBar();
+}
+
+/// After a change of theme.
+void frmMain::ShowColours() {
+    for (QLineEdit* box : {m_ui->txtResources, m_ui->txtTasks}) {
+        QPalette greyed = palette();
+        greyed.setColor(QPalette::Base, greyed.color(QPalette::Window));
+        box->setPalette(greyed);
     }
-    paper.setColor(QPalette::WindowText, ink);
+    ShowSumColour();
+    ShowIcons();
+}
+
+/// The colours are meant for white paper; here they keep their hue and become readable.
+void frmMain::ShowSumColour() {
+    QPalette paper = palette();
+    const QColor ink(m_sumColour.Red, m_sumColour.Green, m_sumColour.Blue);
+    paper.setColor(QPalette::WindowText, ReadableOn(paper.color(QPalette::Window), ink));
     m_ui->lblSum->setPalette(paper);
 }
 

@@ -1,7 +1,10 @@
 // The menus of frmMain.
 #include <QAction>
+#include <QDir>
 #include <QMessageBox>
 
+#include "app/ApplicationDirectory.h"
+#include "app/QtPaths.h"
 #include "app/frmGuide.h"
 #include "app/frmMain.h"
 #include "commands/LoadModel.h"
@@ -33,9 +36,11 @@ void frmMain::ConnectFileMenu() {
     on(m_ui->mnuFileNew, [](FileCommands& commands) { commands.New(); });
     on(m_ui->mnuFileOpen, [](FileCommands& commands) { commands.Open(); });
     on(m_ui->mnuFileSaveAs, [](FileCommands& commands) { commands.SaveAs(); });
-    on(m_ui->mnuFileSave, [](FileCommands& commands) {
+    on(m_ui->mnuFileSave, [this](FileCommands& commands) {
         if (commands.Current().Changed || commands.HasUnsavedWork()) {
             commands.Save();
+        } else {
+            ShowBriefly(QStringLiteral("There are no changes to save"));
         }
     });
     const std::array recent = {m_ui->mnuFileRecent_1, m_ui->mnuFileRecent_2, m_ui->mnuFileRecent_3,
@@ -51,6 +56,7 @@ void frmMain::ConnectFileMenu() {
     connect(m_ui->mnuFileRecover, &QMenu::aboutToShow, this,
             [this] { RunEvent([&] { FillRecoverMenu(m_commands.KeptModels()); }); });
     FillRecoverMenu({});
+    connect(m_ui->mnuFileExamples, &QMenu::aboutToShow, this, &frmMain::FillExamplesMenu);
     connect(m_ui->mnuFile, &QMenu::aboutToHide, this,
             [this] { m_ui->mnuFileSave->setEnabled(true); });
 }
@@ -67,6 +73,26 @@ void frmMain::ConnectEditMenu() {
     };
     on(m_ui->mnuEditUndo, &EditHistory::Undo);
     on(m_ui->mnuEditRedo, &EditHistory::Redo);
+}
+
+/// An example is opened as an untitled copy: its file may belong to the system.
+void frmMain::FillExamplesMenu() {
+    QMenu& menu = *m_ui->mnuFileExamples;
+    menu.clear();
+    const QDir directory(
+        ToQString(ExamplesDirectory(ToPath(QCoreApplication::applicationDirPath()))));
+    const auto files = directory.path() == QLatin1String(".")
+                           ? QFileInfoList()
+                           : directory.entryInfoList({QStringLiteral("*.mdb")}, QDir::Files);
+    for (const QFileInfo& file : files) {
+        connect(menu.addAction(LiteralCaption(file.completeBaseName().toStdString())),
+                &QAction::triggered, this, [this, path = ToPath(file.filePath())] {
+                    RunCommand([&] { m_commands.OpenExample(path); });
+                });
+    }
+    if (menu.isEmpty()) {
+        menu.addAction(QStringLiteral("No examples are installed"))->setEnabled(false);
+    }
 }
 
 void frmMain::FillRecoverMenu(const std::vector<KeptModel>& models) {

@@ -11,6 +11,12 @@
 
 namespace quarnel02 {
 
+namespace {
+
+constexpr QLatin1String kLastDirectory("Sheets/directory");
+
+}  // namespace
+
 void frmMain::ConnectSheetFiles() {
     const auto on = [this](QAction* action, void (frmMain::*command)()) {
         connect(action, &QAction::triggered, this,
@@ -21,8 +27,13 @@ void frmMain::ConnectSheetFiles() {
     on(m_ui->mnuFileExportCsv, &frmMain::ExportCsvFiles);
 }
 
-/// Where the model's own file is, else home.
+/// Where the last import or export was, now or in an earlier session, else where the model's own
+/// file is, else home.
 QString frmMain::UserDirectory() {
+    const QString last = m_memory.Text(kLastDirectory);
+    if (!last.isEmpty() && QFileInfo(last).isDir()) {
+        return last;
+    }
     const std::string& directory = m_commands.Current().Dir;
     return directory.empty() ? QDir::homePath() : QString::fromStdString(directory);
 }
@@ -32,6 +43,7 @@ void frmMain::Import() {
         this, QStringLiteral("Import"), UserDirectory(),
         QStringLiteral("Workbooks and CSV files (*.xlsx *.ods *.csv);;All files (*)"));
     if (!file.isEmpty()) {
+        m_memory.Keep(kLastDirectory, QFileInfo(file).path());
         ImportWorkbook(*this, m_commands.Current(), m_commands.History(), ToPath(file));
     }
 }
@@ -48,8 +60,9 @@ void frmMain::ExportWorkbook() {
                       QStringLiteral(".xlsx"));
     if (dialog.exec() == QDialog::Accepted) {
         const QString file = dialog.selectedFiles().front();
+        m_memory.Keep(kLastDirectory, QFileInfo(file).path());
         ExportXlsx(*this, ToPath(file));
-        m_ui->statusBar->showMessage(QStringLiteral("Exported to ") + file);
+        ShowBriefly(QStringLiteral("Exported to ") + file);
     }
 }
 
@@ -57,7 +70,8 @@ void frmMain::ExportCsvFiles() {
     const QString directory = QFileDialog::getExistingDirectory(
         this, QStringLiteral("Directory for the CSV files"), UserDirectory());
     if (!directory.isEmpty() && ExportCsv(*this, ToPath(directory))) {
-        m_ui->statusBar->showMessage(QStringLiteral("CSV files written to ") + directory);
+        m_memory.Keep(kLastDirectory, directory);
+        ShowBriefly(QStringLiteral("CSV files written to ") + directory);
     }
 }
 

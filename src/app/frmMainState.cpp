@@ -4,8 +4,10 @@
 #include <exception>
 
 #include "app/frmMain.h"
+#include "commands/ModelPath.h"
 #include "shell/Reports.h"
 #include "ui_frmMain.h"
+#include "widgets/ElidedLabel.h"
 
 namespace quarnel02 {
 
@@ -23,6 +25,11 @@ struct ReportCommand {
 QString WithMnemonic(const QString& caption, const std::string& text) {
     QString literal = QString::fromStdString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
     return literal.replace(0, caption.size() - 1, caption);
+}
+
+/// "1 task", "12 tasks"
+QString CountText(const QString& count, const QString& what) {
+    return count + QLatin1Char(' ') + what + (count == QLatin1String("1") ? "" : "s");
 }
 
 QString MarkOf(Standing standing) {
@@ -44,6 +51,7 @@ QString MarkOf(Standing standing) {
 void frmMain::ShowState() {
     EnableDemandButtons();
     setWindowModified(m_commands.HasUnsavedWork());
+    ShowFile();
     try {
         m_commands.History().Note();
         ShowSteps();
@@ -53,6 +61,8 @@ void frmMain::ShowState() {
     }
     ShowMarks();
     ShowDesign();
+    ShowResults();
+    DescribePictures();
 }
 
 void frmMain::ShowSteps() {
@@ -66,8 +76,7 @@ void frmMain::ShowSteps() {
 void frmMain::ShowMarks() {
     const bool old = m_marks.OfPictures() == Standing::OutOfDate;
     m_ui->lblOutOfDate->setVisible(old);
-    m_ui->label_picArc->setText(old ? QStringLiteral("Arc network (out of date)")
-                                    : QStringLiteral("Arc network"));
+    ShowTitles();
     const std::array commands = {
         ReportCommand{m_ui->mnuViewLast, kProductionReport, "&Production report",
                       "Opens the report of the last stochastic design"},
@@ -80,21 +89,40 @@ void frmMain::ShowMarks() {
     }
 }
 
-/// The product's name gives way where the line is short; the tool tip has all of it.
 void frmMain::ShowDesign() {
     if (!LastDesign) {
-        m_design->clear();
-        m_design->setToolTip({});
+        m_design->Show({});
         return;
     }
-    constexpr int columns = 30;
-    DesignMade shown = *LastDesign;
-    shown.Product = fontMetrics()
-                        .elidedText(QString::fromStdString(shown.Product), Qt::ElideMiddle,
-                                    columns * fontMetrics().averageCharWidth())
-                        .toStdString();
-    m_design->setText(QString::fromStdString(DesignText(shown)));
-    m_design->setToolTip(Qt::convertFromPlainText(QString::fromStdString(DesignText(*LastDesign))));
+    m_design->Show(QString::fromStdString(ShortDesignText(*LastDesign)),
+                   QString::fromStdString(DesignText(*LastDesign)));
+}
+
+void frmMain::ShowFile() {
+    const CurrentModel& model = m_commands.Current();
+    const QString product = m_ui->txtProduct->text();
+    const bool untitled = m_commands.IsUntitled();
+    const QString file =
+        untitled ? QStringLiteral("no file yet") : QString::fromStdString(model.File);
+    const QString between = product.isEmpty() ? QString() : QStringLiteral(" - ");
+    m_file->Show(product + between + file,
+                 untitled ? QString() : QString::fromStdString(ModelPath(model.Dir, model.File)));
+    const bool changed = isWindowModified();
+    m_saved->setText(changed ? QStringLiteral("*") : QStringLiteral("saved"));
+    m_saved->setToolTip(changed ? QStringLiteral("The model differs from its file")
+                                : QStringLiteral("The model is as its file holds it"));
+    m_saved->setVisible(changed || !untitled);
+    m_size->Show(CountText(m_ui->txtTasks->text(), QStringLiteral("task")) + QStringLiteral(", ") +
+                 CountText(m_ui->txtResources->text(), QStringLiteral("resource")));
+    const std::string written = m_commands.TakeSavedName();
+    if (!written.empty()) {
+        ShowBriefly(QStringLiteral("Saved ") + QString::fromStdString(written));
+    }
+}
+
+void frmMain::ShowBriefly(const QString& text) {
+    constexpr int shown = 5000;  // ms
+    m_ui->statusBar->showMessage(text, shown);
 }
 
 void frmMain::EnableDemandButtons() {

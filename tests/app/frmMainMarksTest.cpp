@@ -134,13 +134,11 @@ TEST_F(frmMainMarks, AReportThatWasThereBeforeIsOfAnEarlierSession) {
 TEST_F(frmMainMarks, TheStatusLineNamesTheDesign) {
     Start("UPDATE Gen SET Product = 'Pump <A> & B';");
     NoteDesignNow();
-    const char* design =
-        "2 shifts, 60,000 units a year - Pump <A> & B - "
-        "[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}";
-    EXPECT_THAT(Design(), MatchesRegex(design));
+    EXPECT_EQ(Design(), "2 shifts, 60,000 units a year");
+    EXPECT_THAT(Find<QLabel>("lblDesign").toolTip().toStdString(), HasSubstr("&lt;A&gt;"));
     Find<QStatusBar>("statusBar").showMessage("Designing the line...");
     EXPECT_TRUE(Find<QLabel>("lblDesign").isVisible());
-    EXPECT_THAT(Design(), MatchesRegex(design));
+    EXPECT_EQ(Design(), "2 shifts, 60,000 units a year");
 }
 
 TEST_F(frmMainMarks, ALongProductDoesNotWidenTheWindow) {
@@ -150,8 +148,10 @@ TEST_F(frmMainMarks, ALongProductDoesNotWidenTheWindow) {
     NoteDesignNow();
     QCoreApplication::processEvents();
     EXPECT_EQ(Window->width(), width);
-    EXPECT_THAT(Design(), Not(HasSubstr(name)));
-    EXPECT_THAT(Find<QLabel>("lblDesign").toolTip().toStdString(), HasSubstr(name));
+    const auto& file = Find<QLabel>("lblFile");
+    EXPECT_LT(file.width(), file.fontMetrics().horizontalAdvance(file.text()));
+    EXPECT_THAT(file.toolTip().toStdString(), HasSubstr(name));
+    EXPECT_GT(file.width(), 0);
 }
 
 TEST_F(frmMainMarks, AStarStandsWhileTheModelDiffersFromItsFile) {
@@ -198,7 +198,7 @@ class frmMainDesigns : public frmMainMarks {
 
 TEST_F(frmMainDesigns, ASolveIsNamedInTheStatusLineAndIsCurrent) {
     StartSolved();
-    EXPECT_THAT(Design(), HasSubstr("1 shift, 100,000 units a year - "));
+    EXPECT_THAT(Design(), MatchesRegex("1 shift, 100,000 units a year: .64,336 in [0-9.]+ m?s"));
     EXPECT_FALSE(IsMarked());
     EXPECT_EQ(Caption("mnuViewLastCont"), "&Solution summary");
 }

@@ -76,13 +76,18 @@ TEST_F(frmMainMenus, NoMnemonicIsUsedTwice) {
 }
 
 TEST_F(frmMainMenus, EnterPressesEveryButtonThatHasTheFocus) {
-    Start("INSERT INTO Demand VALUES (5000, 100);");
+    Start("UPDATE Gen SET Tasks = 1; INSERT INTO Demand VALUES (5000, 100);");
     Window->SelectDemand(0);
     Window->RunEvent([] {});
+    int buttons = 0;
     for (QAbstractButton* button : Window->centralWidget()->findChildren<QAbstractButton*>()) {
         if (!button->objectName().startsWith("cmd") && !button->objectName().startsWith("chk")) {
             continue;
         }
+        if (!button->isVisible()) {
+            continue;  // help for models without tasks
+        }
+        ++buttons;
         ASSERT_TRUE(button->isEnabled());
         for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
             int pressed = 0;
@@ -94,6 +99,7 @@ TEST_F(frmMainMenus, EnterPressesEveryButtonThatHasTheFocus) {
             EXPECT_EQ(pressed, 1) << button->objectName().toStdString();
         }
     }
+    EXPECT_EQ(buttons, 8);
 }
 
 TEST_F(frmMainMenus, SaveIsEnabledExactlyWhenSomethingChanged) {

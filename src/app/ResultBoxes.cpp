@@ -1,0 +1,159 @@
+#include "app/ResultBoxes.h"
+
+#include <QApplication>
+#include <QSplitter>
+#include <QToolButton>
+#include <algorithm>
+
+#include "app/BoxFrame.h"
+#include "app/WindowMemory.h"
+
+namespace quarnel02 {
+
+namespace {
+
+enum Graph : std::size_t { Summary = 0, Demand = 1, Line = 2, Costs = 3 };
+
+QString KeyOf(int rows, std::size_t splitter) {
+    return QStringLiteral("Results/rows%1-%2").arg(rows).arg(splitter);
+}
+
+}  // namespace
+
+ResultBoxes::ResultBoxes(Splitters splitters, Box network, const std::array<Box, kGraphs>& graphs,
+                         QObject* parent)
+    : QObject(parent), m_splitters(splitters), m_network(network), m_graphs(graphs) {
+    std::vector<Box> all(m_graphs.begin(), m_graphs.end());
+    all.push_back(m_network);
+    for (const Box& box : all) {
+        const auto toggle = [this, frame = box.Frame] {
+            Enlarge(m_enlarged == nullptr ? frame : nullptr);
+        };
+        connect(box.Frame, &BoxFrame::DoubleClicked, this, toggle);
+        connect(box.Button, &QToolButton::clicked, this, toggle);
+    }
+    ShowBoxes();
+}
+
+ResultBoxes::Rows ResultBoxes::RowsFor(const std::array<bool, kGraphs>& used) {
+    if (std::find(used.begin(), used.end(), true) == used.end()) {
+        return Rows::None;
+    }
+    return used[Demand] || used[Costs] ? Rows::Two : Rows::One;
+}
+
+void ResultBoxes::ShowUsed(const std::array<bool, kGraphs>& used) {
+    if (used == m_used) {
+        return;
+    }
+    m_used = used;
+    Enlarge(nullptr);
+    const Rows rows = RowsFor(used);
+    if (rows != m_rows) {
+        Arrange(rows);
+    }
+    ShowBoxes();
+}
+
+/// What the user made of the present arrangement is kept for its next use.
+void ResultBoxes::NoteSizes() {
+    m_sizes[m_rows] = {m_splitters.Area->saveState(), m_splitters.Upper->saveState(),
+                       m_splitters.Lower->saveState()};
+}
+
+void ResultBoxes::Arrange(Rows rows) {
+    NoteSizes();
+    m_rows = rows;
+    if (rows == Rows::Two) {
+        m_splitters.Lower->insertWidget(0, m_graphs[Line].Frame);
+    } else {
+        m_splitters.Upper->insertWidget(1, m_graphs[Line].Frame);
+    }
+    ShowBoxes();
+    const auto kept = m_sizes.find(rows);
+    if (kept == m_sizes.end()) {
+        ShareByDefault(rows);
+        return;
+    }
+    m_splitters.Area->restoreState(kept->second[0]);
+    m_splitters.Upper->restoreState(kept->second[1]);
+    m_splitters.Lower->restoreState(kept->second[2]);
+}
+
+/// In hundredths of the room. The summary has the longest lines.
+void ResultBoxes::ShareByDefault(Rows rows) {
+    constexpr int unit = 100;
+    if (rows == Rows::Two) {
+        m_splitters.Area->setSizes({30 * unit, 35 * unit, 35 * unit});
+        m_splitters.Upper->setSizes({55 * unit, 45 * unit});
+        m_splitters.Lower->setSizes({50 * unit, 50 * unit});
+    } else {
+        m_splitters.Area->setSizes({45 * unit, 55 * unit, 0});
+        m_splitters.Upper->setSizes({55 * unit, 45 * unit, 0});
+    }
+}
+
+void ResultBoxes::ShowBoxes() {
+    m_network.Frame->setVisible(m_enlarged == nullptr || m_enlarged == m_network.Frame);
+    for (std::size_t i = 0; i < kGraphs; ++i) {
+        BoxFrame* frame = m_graphs[i].Frame;
+        frame->setVisible(m_enlarged == nullptr ? m_used[i] : m_enlarged == frame);
+    }
+    for (QSplitter* row : {m_splitters.Upper, m_splitters.Lower}) {
+        const auto frames = row->findChildren<BoxFrame*>(QString(), Qt::FindDirectChildrenOnly);
+        row->setVisible(std::any_of(frames.begin(), frames.end(),
+                                    [](const BoxFrame* frame) { return !frame->isHidden(); }));
+    }
+}
+
+void ResultBoxes::Enlarge(BoxFrame* frame) {
+    if (frame == m_enlarged) {
+        return;
+    }
+    if (m_enlarged == nullptr) {
+        NoteSizes();
+    }
+    m_enlarged = frame;
+    ShowBoxes();
+    emit EnlargedChanged(IsEnlarged());
+}
+
+void ResultBoxes::Toggle() {
+    BoxFrame* chosen = m_network.Frame;
+    for (const Box& box : m_graphs) {
+        const QWidget* focus = QApplication::focusWidget();
+        if (focus != nullptr && box.Frame->isAncestorOf(focus)) {
+            chosen = box.Frame;
+        }
+    }
+    Enlarge(IsEnlarged() ? nullptr : chosen);
+}
+
+void ResultBoxes::Restore() {
+    Enlarge(nullptr);
+}
+
+void ResultBoxes::Remember(WindowMemory& memory) {
+    if (!IsEnlarged()) {
+        NoteSizes();
+    }
+    for (const auto& [rows, states] : m_sizes) {
+        for (std::size_t i = 0; i < states.size(); ++i) {
+            memory.Keep(KeyOf(static_cast<int>(rows), i), states.at(i));
+        }
+    }
+}
+
+void ResultBoxes::Recall(const WindowMemory& memory) {
+    for (const Rows rows : {Rows::One, Rows::Two}) {
+        std::array<QByteArray, 3> states;
+        for (std::size_t i = 0; i < states.size(); ++i) {
+            states.at(i) = memory.Bytes(KeyOf(static_cast<int>(rows), i));
+        }
+        if (!states[0].isEmpty()) {
+            m_sizes[rows] = states;
+        }
+    }
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,278 @@
+// The results area: which boxes stand in it, that they share all of it, and what is remembered.
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+
+#include <QCommandLinkButton>
+#include <QSplitter>
+#include <QToolButton>
+
+#include "app/WindowTest.h"
+#include "basic/Files.h"
+#include "editors/frmTask.h"
+#include "support/ModelScript.h"
+
+namespace quarnel02 {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class frmMainResults : public test::WindowTest {
+  protected:
+    /// Names of the boxes that can be seen, from the upper left.
+    [[nodiscard]] std::vector<std::string> Boxes() const {
+        std::vector<std::string> seen;
+        for (const char* name :
+             {"frameArc", "frameGraph_0", "frameGraph_1", "frameGraph_2", "frameGraph_3"}) {
+            if (Find<QWidget>(name).isVisible()) {
+                seen.emplace_back(name);
+            }
+        }
+        return seen;
+    }
+    [[nodiscard]] QRect Place(const std::string& name) const {
+        const auto& box = Find<QWidget>(name);
+        return {box.mapTo(Window.get(), QPoint()), box.size()};
+    }
+    /// Share of the results area that the visible boxes take; the rest is splitter handles.
+    [[nodiscard]] double Filled() const {
+        double filled = 0;
+        for (const std::string& box : Boxes()) {
+            filled += Place(box).width() * Place(box).height();
+        }
+        const QSize area = Find<QSplitter>("splRight").size();
+        return filled / (area.width() * area.height());
+    }
+
+    void StartWithAModel() {
+        test::ModelScript model = test::WorkedExample();
+        model.Demand = {{100000, 50}, {200000, 50}};
+        Start(model.Sql() + "UPDATE Gen SET Tasks = 2;");
+        Window->resize(1300, 900);
+        QCoreApplication::processEvents();
+    }
+    void DesignFixed() {
+        Dialogs.Accept();
+        Dialogs.Press(QMessageBox::No);
+        Click("cmdContinuous_1");
+        Activate();
+        QCoreApplication::processEvents();
+    }
+    void DesignStochastic() {
+        Click("cmdStoch");
+        Activate();
+        QCoreApplication::processEvents();
+    }
+    /// Ends the program and starts it again on the same directory.
+    void Restart() {
+        Window->close();
+        ASSERT_FALSE(Window->isVisible());
+        Window.reset();
+        Window = std::make_unique<frmMain>(Copy->Directory());
+        ASSERT_TRUE(Window->StartUp());
+        Window->show();
+        Activate();
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] bool HelpsToBegin() const { return Find<QWidget>("pageFirst").isVisible(); }
+};
+
+TEST_F(frmMainResults, WithoutADesignTheNetworkHasAllTheRoom) {
+    StartWithAModel();
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc"));
+    EXPECT_GT(Filled(), 0.99);
+    EXPECT_FALSE(HelpsToBegin());
+}
+
+TEST_F(frmMainResults, AFixedDesignHasSummaryAndLineSideBySide) {
+    StartWithAModel();
+    DesignFixed();
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2"));
+    EXPECT_GT(Filled(), 0.97);
+    EXPECT_EQ(Place("frameGraph_0").top(), Place("frameGraph_2").top());
+    EXPECT_LT(Place("frameGraph_0").right(), Place("frameGraph_2").left());
+    EXPECT_GT(Place("frameGraph_0").top(), Place("frameArc").bottom());
+}
+
+TEST_F(frmMainResults, AStochasticDesignHasFourBoxesInTwoRows) {
+    StartWithAModel();
+    DesignFixed();
+    DesignStochastic();
+    EXPECT_EQ(Boxes().size(), 5U);
+    EXPECT_GT(Filled(), 0.97);
+    EXPECT_EQ(Place("frameGraph_0").top(), Place("frameGraph_1").top());
+    EXPECT_EQ(Place("frameGraph_2").top(), Place("frameGraph_3").top());
+    EXPECT_GT(Place("frameGraph_2").top(), Place("frameGraph_0").bottom());
+    EXPECT_EQ(Find<QLabel>("label_picGraph_0").text(), "Final solution");
+    DesignFixed();
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2"));
+    EXPECT_EQ(Find<QLabel>("label_picGraph_0").text(), "Solution summary");
+}
+
+TEST_F(frmMainResults, AnotherModelPutsTheBoxesAway) {
+    StartWithAModel();
+    DesignFixed();
+    Item("mnuFileNew").trigger();
+    EXPECT_EQ(Boxes().size(), 1U);
+}
+
+TEST_F(frmMainResults, F11EnlargesTheBoxWithTheFocusAndEscapePutsItBack) {
+    StartWithAModel();
+    DesignFixed();
+    const QRect before = Place("frameGraph_2");
+    Find<QWidget>("picGraph_2").setFocus();
+    EXPECT_EQ(Boxes().size(), 3U);
+    PressKey(Qt::Key_F11);
+    EXPECT_THAT(Boxes(), ElementsAre("frameGraph_2"));
+    QCoreApplication::processEvents();
+    EXPECT_GT(Filled(), 0.99);
+    EXPECT_EQ(Caption("mnuViewEnlarge"), "Show all box&es");
+    PressKey(Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2"));
+    EXPECT_EQ(Place("frameGraph_2"), before);
+    EXPECT_EQ(Caption("mnuViewEnlarge"), "&Enlarge a box");
+}
+
+TEST_F(frmMainResults, F11ElsewhereEnlargesTheNetworkAndGoesBack) {
+    StartWithAModel();
+    DesignFixed();
+    Box("txtDays").setFocus();
+    PressKey(Qt::Key_F11);
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc"));
+    PressKey(Qt::Key_F11);
+    EXPECT_EQ(Boxes().size(), 3U);
+}
+
+TEST_F(frmMainResults, ADoubleClickOnAPictureOrItsTitleEnlargesIt) {
+    StartWithAModel();
+    DesignFixed();
+    for (const char* place : {"picGraph_0", "label_picGraph_0", "frameGraph_0"}) {
+        auto& target = Find<QWidget>(place);
+        const QPoint corner(2, 2);
+        QTest::mouseClick(&target, Qt::LeftButton, Qt::NoModifier, corner);
+        EXPECT_EQ(Boxes().size(), 3U) << place;
+        QTest::mouseDClick(&target, Qt::LeftButton, Qt::NoModifier, corner);
+        EXPECT_THAT(Boxes(), ElementsAre("frameGraph_0")) << place;
+        QTest::mouseDClick(&target, Qt::LeftButton, Qt::NoModifier, corner);
+        EXPECT_EQ(Boxes().size(), 3U) << place;
+    }
+    QTest::mouseClick(&Find<QToolButton>("btnEnlarge_2"), Qt::LeftButton);
+    EXPECT_THAT(Boxes(), ElementsAre("frameGraph_2"));
+}
+
+TEST_F(frmMainResults, TheNextDesignShowsAllItsBoxes) {
+    StartWithAModel();
+    DesignFixed();
+    PressKey(Qt::Key_F11);
+    ASSERT_EQ(Boxes().size(), 1U);
+    DesignStochastic();
+    EXPECT_EQ(Boxes().size(), 5U);
+}
+
+TEST_F(frmMainResults, SizesOutliveTheProgram) {
+    StartWithAModel();
+    DesignFixed();
+    Find<QSplitter>("splRight").setSizes({200, 600, 0});
+    Find<QSplitter>("splUpper").setSizes({300, 600, 0});
+    DesignStochastic();
+    DesignFixed();
+    Find<QSplitter>("splMain").setSizes({400, 800});
+    Window->resize(1210, 777);
+    QCoreApplication::processEvents();
+    const QRect network = Place("frameArc");
+    const QRect summary = Place("frameGraph_0");
+    const QSize size = Window->size();
+    EXPECT_LT(summary.width(), Place("frameGraph_2").width());
+    EXPECT_FALSE(std::filesystem::exists(Copy->File("window.ini")));
+    Restart();
+    EXPECT_TRUE(std::filesystem::exists(Copy->File("window.ini")));
+    EXPECT_EQ(Window->size(), size);
+    DesignFixed();
+    EXPECT_EQ(Place("frameArc").left(), network.left());
+    EXPECT_NEAR(Place("frameArc").height(), network.height(), 2);
+    EXPECT_NEAR(Place("frameGraph_0").width(), summary.width(), 2);
+}
+
+TEST_F(frmMainResults, ADamagedMemoryIsAsGoodAsNone) {
+    Start();
+    const QSize usual = Window->size();
+    WriteFile(Copy->File("window.ini"),
+              "[Window]\ngeometry=@ByteArray(x)\ncolumns=3\n[Results]\nrows1-0=@Invalid()\n\xff");
+    Window.reset();
+    Window = std::make_unique<frmMain>(Copy->Directory());
+    ASSERT_TRUE(Window->StartUp());
+    Window->show();
+    EXPECT_EQ(Window->size(), usual);
+    EXPECT_THAT(Dialogs.Seen, IsEmpty());
+}
+
+TEST_F(frmMainResults, APipeInPlaceOfTheMemoryStopsNothing) {
+    Start();
+    Window.reset();
+    ASSERT_EQ(mkfifo(Copy->File("window.ini").c_str(), 0600), 0);
+    Window = std::make_unique<frmMain>(Copy->Directory());
+    ASSERT_TRUE(Window->StartUp());
+    Window->show();
+    Window->close();
+    EXPECT_FALSE(Window->isVisible());
+    EXPECT_THAT(Dialogs.Seen, IsEmpty());
+}
+
+TEST_F(frmMainResults, AnEmptyModelShowsWhereToBeginUntilItsFirstTask) {
+    Start();
+    EXPECT_TRUE(HelpsToBegin());
+    Dialogs.Add([this](QDialog& editor) {
+        EXPECT_NE(dynamic_cast<frmTask*>(&editor), nullptr);
+        RecordSet tasks = Copy->Open().OpenRecordSet("SELECT * FROM Tasks;");
+        tasks.AddNew();
+        tasks.Set("TaskId", 1);
+        tasks.Set("Description", "Press");
+        tasks.Update();
+        Window->SetText(TextBox::txtTasks, "1");
+        EXPECT_TRUE(HelpsToBegin());
+        editor.reject();
+    });
+    QTest::mouseClick(&Find<QPushButton>("cmdFirstTasks"), Qt::LeftButton);
+    EXPECT_TRUE(Dialogs.AllGiven());
+    EXPECT_FALSE(HelpsToBegin());
+    EXPECT_TRUE(Find<QWidget>("picArc").isVisible());
+}
+
+TEST_F(frmMainResults, PastingBeginsInTheTaskEditor) {
+    Start();
+    Dialogs.Add([](QDialog& editor) {
+        EXPECT_NE(dynamic_cast<frmTask*>(&editor), nullptr);
+        editor.reject();
+    });
+    Find<QPushButton>("cmdFirstPaste").setFocus();
+    PressKey(Qt::Key_Return);
+    EXPECT_TRUE(Dialogs.AllGiven());
+    EXPECT_TRUE(HelpsToBegin());
+}
+
+TEST_F(frmMainResults, AnExampleOpensAsAnUntitledCopy) {
+    Start();
+    QMenu& menu = Find<QMenu>("mnuFileExamples");
+    QTest::mouseClick(&Find<QPushButton>("cmdFirstExample"), Qt::LeftButton);
+    ASSERT_TRUE(menu.isVisible());
+    QAction* pump = nullptr;
+    for (QAction* action : menu.actions()) {
+        pump = action->text() == "pump" ? action : pump;
+    }
+    ASSERT_NE(pump, nullptr);
+    EXPECT_TRUE(HelpsToBegin());
+    pump->trigger();
+    menu.close();
+    EXPECT_FALSE(HelpsToBegin());
+    EXPECT_EQ(Box("txtProduct").text(), "Circulation pump");
+    EXPECT_EQ(Title(), "Quarnel02");
+    EXPECT_FALSE(IsStarred());
+    EXPECT_EQ(Find<QLabel>("lblFile").text(), "Circulation pump - no file yet");
+    EXPECT_FALSE(std::filesystem::exists(Copy->File("Marrowgate.cfg")));
+}
+
+}  // namespace
+}  // namespace quarnel02
