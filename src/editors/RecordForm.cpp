@@ -42,8 +42,6 @@ void RecordForm::Begin(const Controls& controls, RecordBoxes& boxes, std::vector
     ShowSaveButton(true);
     controls.Save->setMinimumWidth(controls.Save->sizeHint().width());
     const int character = fontMetrics().averageCharWidth();
-    controls.First->setFixedWidth(6 * character);
-    controls.Last->setFixedWidth(6 * character);
     controls.GoTo->setMinimumWidth(20 * character);
     ConnectButtons();
     ConnectSheet();

@@ -22,6 +22,15 @@ StudyCell CellOf(const std::optional<float>& single) {
     return single ? StudyCell(Dollars(*single)) : StudyCell();
 }
 
+/// Empty without a line.
+StudyCell CapacityCell(float capacity, bool hasLine) {
+    StudyCell cell;
+    if (hasLine) {
+        cell = Dollars(capacity);
+    }
+    return cell;
+}
+
 StudyCell Flag(bool value) {
     return value ? 1.0 : 0.0;
 }
@@ -132,8 +141,8 @@ StudyTable SensitivityTable(std::span<const ExpectedSensitivityRow> rows) {
     table.Columns.insert(table.Columns.end(), {"capacity_low", "capacity_high"});
     for (const ExpectedSensitivityRow& row : rows) {
         std::vector<StudyCell>& cells = table.Rows.emplace_back(CellsOf(row));
-        cells.push_back(row.CostLow ? StudyCell(Dollars(row.CapacityLow)) : StudyCell());
-        cells.push_back(row.CostHigh ? StudyCell(Dollars(row.CapacityHigh)) : StudyCell());
+        cells.push_back(CapacityCell(row.CapacityLow, row.CostLow.has_value()));
+        cells.push_back(CapacityCell(row.CapacityHigh, row.CostHigh.has_value()));
     }
     return table;
 }

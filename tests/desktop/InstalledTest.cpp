@@ -52,7 +52,9 @@ TEST_F(Installed, ForTheShellAreProgramsAndExamples) {
         UnorderedElementsAre(
             "bin/quarnel02-solve", "share/man/man1/quarnel02-solve.1.gz", "bin/quarnel02-convert",
             "share/man/man1/quarnel02-convert.1.gz", "share/quarnel02/examples/pump.mdb",
-            "share/quarnel02/examples/worked-example.mdb", "share/doc/quarnel02-batch/changelog.gz",
+            "share/quarnel02/examples/worked-example.mdb", "share/quarnel02/examples/buxey.mdb",
+            "share/quarnel02/examples/gunther.mdb", "share/quarnel02/examples/kilbridge.mdb",
+            "share/quarnel02/examples/seventy.mdb", "share/doc/quarnel02-batch/changelog.gz",
             "share/doc/quarnel02-batch/changelog.Debian.gz",
             "share/doc/quarnel02-batch/copyright"));
 }

@@ -166,8 +166,8 @@ TEST(DrawLine, ShortensALongNameWithAnEllipsis) {
 }
 
 TEST(DrawLine, GrowsDownwardsForMoreStationsThanThePaperHolds) {
-    const Picture picture = Drawn(Line(50), {4000, 1800});
-    EXPECT_EQ(picture.Width(), 4000);
+    const Picture picture = Drawn(Line(50), {4400, 1800});
+    EXPECT_EQ(picture.Width(), 4400);
     EXPECT_GT(picture.Height(), 1800);
     EXPECT_EQ(Cards(picture).size(), 50U);
     EXPECT_EQ(Count(picture, "50 Bench"), 1);
