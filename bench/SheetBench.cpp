@@ -201,21 +201,36 @@ void Paste480(benchmark::State& state) {
     });
 }
 
-#define SHEET_BENCHMARK(name) BENCHMARK(name)->UseManualTime()->Unit(benchmark::kMillisecond)
-SHEET_BENCHMARK(PageThrough);
-SHEET_BENCHMARK(TurnTheWheel);
-SHEET_BENCHMARK(GoAcross);
-SHEET_BENCHMARK(TypeALetter);
-SHEET_BENCHMARK(StoreACell)->Iterations(100);
-SHEET_BENCHMARK(Paste480)->Iterations(30);
+/// Without a number of iterations the library finds one.
+void Register(const char* name, void (*benchmark)(benchmark::State&),
+              benchmark::IterationCount iterations = 0) {
+    auto* registered = benchmark::RegisterBenchmark(name, benchmark);
+    registered->UseManualTime()->Unit(benchmark::kMillisecond);
+    if (iterations > 0) {
+        registered->Iterations(iterations);
+    }
+}
 
 }  // namespace
+
+static void RegisterAll() {
+    constexpr benchmark::IterationCount stores = 100;
+    constexpr benchmark::IterationCount pastes = 30;
+    Register("PageThrough", PageThrough);
+    Register("TurnTheWheel", TurnTheWheel);
+    Register("GoAcross", GoAcross);
+    Register("TypeALetter", TypeALetter);
+    Register("StoreACell", StoreACell, stores);
+    Register("Paste480", Paste480, pastes);
+}
+
 }  // namespace quarnel02
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
+    quarnel02::RegisterAll();
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -197,6 +197,7 @@ std::vector<std::string> StudyNames() {
 
 std::vector<std::string> FormatNames() {
     std::vector<std::string> names;
+    names.reserve(kFormats.size());
     for (const FormatName& format : kFormats) {
         names.emplace_back(format.Name);
     }

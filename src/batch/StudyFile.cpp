@@ -139,7 +139,7 @@ class Study {
         }
     }
 
-    void NoteRequest(Findings& findings, const FixedDemandRequest& request) const {
+    static void NoteRequest(Findings& findings, const FixedDemandRequest& request) {
         findings.Details["shifts"] = request.Shifts;
         findings.Details["volume"] = JsonNumber(request.Volume);
         findings.Details["station_limit"] =

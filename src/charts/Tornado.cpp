@@ -94,7 +94,7 @@ void TornadoDrawing::DrawHead() {
     constexpr double least_columns = 22;
     const Page& page = m_picture.LaidOutFor();
     const Font bold = m_picture.PageFont(1, true);
-    const double rows = static_cast<double>(m_rows.size());
+    const auto rows = static_cast<double>(m_rows.size());
     m_picture.SetPaper(std::max(page.Width, least_columns * m_line),
                        std::max(page.Height, (rows * 1.2 + 7) * m_line));
     const std::string title =

@@ -80,8 +80,8 @@ class VolumeDrawing {
             const std::string who =
                 curve.Dashed ? curve.Name + ", " + ShiftsText(range.Shifts) : curve.Name;
             const std::string each = m_shown == VolumeCost::Total ? " a year" : " each";
-            const std::string words =
-                "{x} units, " + who + ": {y}" + each + "; " + curve.Lines[place];
+            std::string words = "{x} units, ";
+            words.append(who).append(": {y}").append(each).append("; ").append(curve.Lines[place]);
             m_shown == VolumeCost::Total ? DrawStraight(curve, range, words)
                                          : DrawBent(curve, range, words);
         }

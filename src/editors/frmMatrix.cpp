@@ -83,10 +83,10 @@ void frmMatrix::ChooseTab(int tab) {
         return;
     }
     if (!m_ui->pageValues->FinishEditing()) {
-        m_ui->tabMatrix->setCurrentIndex(kValues);
+        m_ui->tabMatrix->setCurrentIndex(Values);
         return;
     }
-    if (tab == kMarks) {
+    if (tab == Marks) {
         ShowGrid(m_ui->pageValues->Current());
     } else {
         const QModelIndex cell = m_ui->picMatrix->currentIndex();
@@ -155,7 +155,7 @@ void frmMatrix::Commit() {
     if (!m_ui->pageValues->FinishEditing()) {
         return;
     }
-    const bool on_values = m_ui->stackMatrix->currentIndex() == kValues;
+    const bool on_values = m_ui->stackMatrix->currentIndex() == Values;
     bool finished = false;
     RunEvent([&] {
         const auto unusable =

@@ -38,7 +38,7 @@ class frmMatrix : public EditorDialog {
     void Finish() override { m_network.Rebuild(); }
 
   private:
-    enum Tab { kMarks, kValues };
+    enum Tab { Marks, Values };
 
     void ConnectGrid();
     void ChooseTab(int tab);

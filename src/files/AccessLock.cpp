@@ -17,10 +17,10 @@ void RequireNotOpenInAccess(const fs::path& file, std::string_view name) {
         std::error_code unknown;
         if (fs::exists(lock, unknown)) {
             const std::string lock_name = PathText(lock.filename());
-            throw RunTimeError(ErrorKind::DatabaseLocked,
-                               std::string(name) + " is open in Access: the lock file " +
-                                   lock_name + " stands beside it. Close it there. If nobody has " +
-                                   "it open, delete " + lock_name + ".");
+            std::string text(name);
+            text.append(" is open in Access: the lock file ").append(lock_name);
+            text.append(" stands beside it. Close it there. If nobody has it open, delete ");
+            throw RunTimeError(ErrorKind::DatabaseLocked, text.append(lock_name).append("."));
         }
     }
 }

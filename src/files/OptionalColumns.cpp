@@ -45,7 +45,7 @@ const auto& OptionalColumns() {
 
 std::optional<Value> DefaultOfColumn(std::string_view table, std::string_view column) {
     const auto& columns = OptionalColumns();
-    const auto found = std::find_if(
+    const auto* const found = std::find_if(
         columns.begin(), columns.end(),
         [&](const OptionalColumn& each) { return each.Table == table && each.Column == column; });
     return found == columns.end() ? std::nullopt : std::optional(found->Default);

@@ -49,7 +49,7 @@ class RowIntake {
 
   private:
     template <class Read>
-    Value Named(Read read) const {
+    [[nodiscard]] Value Named(Read read) const {
         try {
             return read();
         } catch (const RunTimeError& error) {

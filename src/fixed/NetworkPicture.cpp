@@ -45,7 +45,7 @@ class NetworkDrawing {
     void DrawNodes();
     void DrawChips();
     void DrawChip(int task);
-    double DrawLegendAt(Picture& picture) const;
+    static double DrawLegendAt(Picture& picture);
     void DrawFixedLegend(double height);
     [[nodiscard]] double ToX(double x) const {
         return m_picture.Sheet.Left + m_picture.Sheet.Scale * x;
@@ -192,7 +192,7 @@ void NetworkDrawing::DrawChip(int task) {
     m_picture.Text(left, ToY(kNetworkAxis) - line / 2, number, font, kBlack);
 }
 
-double NetworkDrawing::DrawLegendAt(Picture& picture) const {
+double NetworkDrawing::DrawLegendAt(Picture& picture) {
     const std::vector<LegendEntry> legend = {{"no resource", kGrey},
                                              {"possible", kDarkBlue},
                                              {"over the limit", kRed},

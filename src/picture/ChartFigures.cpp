@@ -141,14 +141,15 @@ bool Chart::LabelAbove(double paperX, double y, const std::string& text, Colour 
     const double width = m_picture.WidthOf(text, m_font);
     const double left =
         std::clamp(paperX - width / 2, m_plot.Left, std::max(m_plot.Left, m_plot.Right - width));
-    for (const int lines : {1, 2, 3}) {
+    const auto place = [&](int lines) {
         const double top = ToY(y) - lines * m_line;
-        if (m_labels.TryTake({left, top, left + width, top + m_line})) {
+        const bool room = m_labels.TryTake({left, top, left + width, top + m_line});
+        if (room) {
             m_picture.Text(left, top, text, m_font, colour);
-            return true;
         }
-    }
-    return false;
+        return room;
+    };
+    return place(1) || place(2) || place(3);
 }
 
 }  // namespace quarnel02
