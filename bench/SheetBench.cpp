@@ -204,7 +204,9 @@ void Paste480(benchmark::State& state) {
 /// Without a number of iterations the library finds one.
 void Register(const char* name, void (*benchmark)(benchmark::State&),
               benchmark::IterationCount iterations = 0) {
-    auto* registered = benchmark::RegisterBenchmark(name, benchmark);
+    // The library keeps it.
+    auto* registered =
+        benchmark::RegisterBenchmark(name, benchmark);  // NOLINT(clang-analyzer-cplusplus.*)
     registered->UseManualTime()->Unit(benchmark::kMillisecond);
     if (iterations > 0) {
         registered->Iterations(iterations);

@@ -81,7 +81,7 @@ void ResultBoxes::Arrange(Rows rows) {
 }
 
 /// In hundredths of the room. The summary has the longest lines.
-void ResultBoxes::ShareByDefault(Rows rows) {
+void ResultBoxes::ShareByDefault(Rows rows) const {
     constexpr int unit = 100;
     if (rows == Rows::Two) {
         m_splitters.Area->setSizes({30 * unit, 35 * unit, 35 * unit});

@@ -57,7 +57,7 @@ class ResultBoxes : public QObject {
     void Enlarge(BoxFrame* frame);
     void Arrange(Rows rows);
     void ShowBoxes();
-    void ShareByDefault(Rows rows);
+    void ShareByDefault(Rows rows) const;
     void NoteSizes();
     [[nodiscard]] static Rows RowsFor(const std::array<bool, kGraphs>& used);
 

@@ -30,7 +30,7 @@ void frmMain::ConnectSheetFiles() {
 /// Where the last import or export was, now or in an earlier session, else where the model's own
 /// file is, else home.
 QString frmMain::UserDirectory() {
-    const QString last = m_memory.Text(kLastDirectory);
+    QString last = m_memory.Text(kLastDirectory);
     if (!last.isEmpty() && QFileInfo(last).isDir()) {
         return last;
     }

@@ -118,6 +118,8 @@ void PictureBox::PictureChanged() {
 void PictureBox::ShowText() {
     const auto text = m_picture->IsComposed() ? std::nullopt : TextOf(*m_picture);
     m_text->setVisible(text.has_value());
+    m_text->setAccessibleName(accessibleName());
+    m_text->setAccessibleDescription(QStringLiteral("Text to select and copy"));
     if (text && m_text->toPlainText().toStdString() != *text) {
         m_text->setPlainText(QString::fromStdString(*text));
     }

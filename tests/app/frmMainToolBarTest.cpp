@@ -44,7 +44,8 @@ TEST_F(frmMainToolBar, OffersFileEditorsAndDesigns) {
     }
     EXPECT_THAT(texts,
                 ElementsAre("New", "Open", "Save", "|", "Undo", "Redo", "|", "Tasks", "Resources",
-                            "Matrix", "|", "1 Shift", "2 Shifts", "3 Shifts", "Stochastic"));
+                            "Matrix", "|", "1 Shift", "2 Shifts", "3 Shifts", "Stochastic", "|",
+                            "Study"));
 }
 
 TEST_F(frmMainToolBar, UndoStaysShortWhileTheMenuNamesTheStep) {
