@@ -204,9 +204,7 @@ void Paste480(benchmark::State& state) {
 /// Without a number of iterations the library finds one.
 void Register(const char* name, void (*benchmark)(benchmark::State&),
               benchmark::IterationCount iterations = 0) {
-    // The library keeps it.
-    auto* registered =
-        benchmark::RegisterBenchmark(name, benchmark);  // NOLINT(clang-analyzer-cplusplus.*)
+    auto* registered = benchmark::RegisterBenchmark(name, benchmark);
     registered->UseManualTime()->Unit(benchmark::kMillisecond);
     if (iterations > 0) {
         registered->Iterations(iterations);

@@ -20,8 +20,8 @@ QString KeyOf(int rows, std::size_t splitter) {
 
 }  // namespace
 
-ResultBoxes::ResultBoxes(Splitters splitters, Box network, const std::array<Box, kGraphs>& graphs,
-                         QObject* parent)
+ResultBoxes::ResultBoxes(const Splitters& splitters, Box network,
+                         const std::array<Box, kGraphs>& graphs, QObject* parent)
     : QObject(parent), m_splitters(splitters), m_network(network), m_graphs(graphs) {
     std::vector<Box> all(m_graphs.begin(), m_graphs.end());
     all.push_back(m_network);

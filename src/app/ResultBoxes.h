@@ -33,7 +33,7 @@ class ResultBoxes : public QObject {
     };
 
     /// `graphs` in the order of picGraph.
-    ResultBoxes(Splitters splitters, Box network, const std::array<Box, kGraphs>& graphs,
+    ResultBoxes(const Splitters& splitters, Box network, const std::array<Box, kGraphs>& graphs,
                 QObject* parent);
 
     /// Shows the boxes that are used, beside the network.

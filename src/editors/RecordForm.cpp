@@ -25,7 +25,8 @@ QString ToText(std::string_view text) {
 
 }  // namespace
 
-RecordForm::RecordForm(MainForm& form, EditHistory& history, NumberedTable table, QWidget* parent)
+RecordForm::RecordForm(MainForm& form, EditHistory& history, const NumberedTable& table,
+                       QWidget* parent)
     : EditorDialog(form, history, parent),
       m_records(form, table),
       m_sheet(form, table.Kind, nullptr),

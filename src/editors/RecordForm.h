@@ -50,7 +50,7 @@ class RecordForm : public EditorDialog {
         SheetPanel* Sheet;
     };
 
-    RecordForm(MainForm& form, EditHistory& history, NumberedTable table, QWidget* parent);
+    RecordForm(MainForm& form, EditHistory& history, const NumberedTable& table, QWidget* parent);
 
     /// `columns` says which column each of the boxes shows, by position; `first` is the box that
     /// typing begins in. Shows the first record.

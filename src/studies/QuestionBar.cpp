@@ -39,7 +39,7 @@ QuestionBar::QuestionBar(QWidget* parent)
 
 QuestionBar::~QuestionBar() = default;
 
-void QuestionBar::ConnectBox(FieldBox& box) {
+void QuestionBar::ConnectBox(FieldBox& box) const {
     LimitWidth(box);
     connect(&box, &FieldBox::Entered, this, &QuestionBar::Take);
     connect(&box, &FieldBox::Left, this, &QuestionBar::Take);

@@ -31,7 +31,7 @@ class QuestionBar : public QWidget {
     void Changed();
 
   private:
-    void ConnectBox(FieldBox& box);
+    void ConnectBox(FieldBox& box) const;
     void Take();
     [[nodiscard]] StudyQuestion Typed() const;
 

@@ -22,6 +22,7 @@ std::string PlainText(const ShownCell& cell) {
 
 std::vector<CsvCell> CsvRowOf(std::vector<std::string> texts) {
     std::vector<CsvCell> row;
+    row.reserve(texts.size());
     for (std::string& text : texts) {
         row.push_back(text.empty() ? CsvCell() : CsvCell(std::move(text)));
     }

@@ -46,7 +46,7 @@ QVariant StudyTableModel::data(const QModelIndex& index, int role) const {
         case Qt::ToolTipRole:
             return QString::fromStdString(CellAt(index).Text);
         case Qt::TextAlignmentRole:
-            return QVariant(AlignmentOf(m_table.Columns[static_cast<std::size_t>(index.column())]));
+            return {AlignmentOf(m_table.Columns[static_cast<std::size_t>(index.column())])};
         default:
             return {};
     }
@@ -61,7 +61,7 @@ QVariant StudyTableModel::headerData(int section, Qt::Orientation orientation, i
         case Qt::DisplayRole:
             return QString::fromStdString(column.Heading);
         case Qt::TextAlignmentRole:
-            return QVariant(AlignmentOf(column));
+            return {AlignmentOf(column)};
         default:
             return {};
     }

@@ -42,7 +42,7 @@ std::vector<StudyPicture*> VolumesPage::AllPictures() const {
     return {m_ui->picVolumes};
 }
 
-void VolumesPage::ConnectBox(FieldBox& box) {
+void VolumesPage::ConnectBox(FieldBox& box) const {
     LimitWidth(box);
     connect(&box, &FieldBox::Entered, this, &VolumesPage::TakeSpan);
     connect(&box, &FieldBox::Left, this, &VolumesPage::TakeSpan);

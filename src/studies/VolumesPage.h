@@ -40,7 +40,7 @@ class VolumesPage : public StudyPage {
     };
 
     [[nodiscard]] std::array<QCheckBox*, kEquipmentClasses> TypeBoxes() const;
-    void ConnectBox(FieldBox& box);
+    void ConnectBox(FieldBox& box) const;
     void ShowSpan();
     [[nodiscard]] VolumeSpan Typed() const;
     void TakeSpan();

@@ -42,10 +42,9 @@ TEST_F(frmMainToolBar, OffersFileEditorsAndDesigns) {
             EXPECT_FALSE(action->toolTip().isEmpty()) << texts.back();
         }
     }
-    EXPECT_THAT(texts,
-                ElementsAre("New", "Open", "Save", "|", "Undo", "Redo", "|", "Tasks", "Resources",
-                            "Matrix", "|", "1 Shift", "2 Shifts", "3 Shifts", "Stochastic", "|",
-                            "Study"));
+    EXPECT_THAT(texts, ElementsAre("New", "Open", "Save", "|", "Undo", "Redo", "|", "Tasks",
+                                   "Resources", "Matrix", "|", "1 Shift", "2 Shifts", "3 Shifts",
+                                   "Stochastic", "|", "Study"));
 }
 
 TEST_F(frmMainToolBar, UndoStaysShortWhileTheMenuNamesTheStep) {
