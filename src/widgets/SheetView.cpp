@@ -25,6 +25,10 @@ bool StartsEditing(const QKeyEvent& event) {
     return event.key() == Qt::Key_F2 || event.key() == Qt::Key_Backspace || IsPrintable(event);
 }
 
+bool IsTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
 }  // namespace
 
 SheetView::SheetView(QWidget* parent) : SheetView(new SheetDelegate, parent) {}
@@ -267,28 +271,41 @@ void SheetView::currentChanged(const QModelIndex& current, const QModelIndex& pr
 }
 
 void SheetView::LeaveSheet(bool forward) {
-    QAbstractScrollArea::focusNextPrevChild(forward);
+    // The view's own goes to the next cell.
+    QAbstractScrollArea::focusNextPrevChild(forward);  // NOLINT(bugprone-parent-virtual-call)
 }
 
-void SheetView::keyPressEvent(QKeyEvent* event) {
-    const bool back = (event->modifiers() & Qt::ShiftModifier) != 0;
-    const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
-    if (IsEditing() || event->key() == Qt::Key_Escape) {
-        event->ignore();  // not for the sheet: the editor of the cell did not want it, either
-    } else if (tab && (event->modifiers() & Qt::ControlModifier) != 0) {
-        LeaveSheet(!back && event->key() == Qt::Key_Tab);
-    } else if (IsEnter(*event) && IsRepeated(*event)) {
-        event->accept();
-    } else if (!MayAct()) {
-        event->accept();
-    } else if (IsEnter(*event) && currentIndex().isValid()) {
+/// Whether the key goes from cell to cell.
+bool SheetView::GoOn(const QKeyEvent& event) {
+    const bool back = (event.modifiers() & Qt::ShiftModifier) != 0;
+    if (!currentIndex().isValid() || !(IsEnter(event) || IsTab(event))) {
+        return false;
+    }
+    if (IsEnter(event)) {
         Move(back ? Qt::Key_Up : Qt::Key_Return);
-    } else if (tab && currentIndex().isValid()) {
-        Move(back ? Qt::Key_Backtab : event->key());
-    } else if (Extend(*event)) {
+    } else {
+        Move(back ? Qt::Key_Backtab : event.key());
+    }
+    return true;
+}
+
+/// What the editor of a cell did not want is not for the sheet, either.
+void SheetView::keyPressEvent(QKeyEvent* event) {
+    if (IsEditing() || event->key() == Qt::Key_Escape) {
+        event->ignore();
+        return;
+    }
+    if (IsTab(*event) && (event->modifiers() & Qt::ControlModifier) != 0) {
+        const bool back = (event->modifiers() & Qt::ShiftModifier) != 0;
+        LeaveSheet(!back && event->key() == Qt::Key_Tab);
+        return;
+    }
+    if ((IsEnter(*event) && IsRepeated(*event)) || !MayAct() || GoOn(*event) || Extend(*event)) {
         event->accept();
-    } else if (event->text().isEmpty() || StartsEditing(*event) ||
-               event->matches(QKeySequence::SelectAll)) {
+        return;
+    }
+    if (event->text().isEmpty() || StartsEditing(*event) ||
+        event->matches(QKeySequence::SelectAll)) {
         QTableView::keyPressEvent(event);
     } else {
         event->ignore();

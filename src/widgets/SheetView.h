@@ -84,6 +84,7 @@ class SheetView : public QTableView {
     void LeaveCell(int key);
     void Move(int key);
     void MoveTo(int row, int column);
+    bool GoOn(const QKeyEvent& event);
     bool Extend(const QKeyEvent& event);
     void ExtendTo(const QModelIndex& cell);
     void LeaveSheet(bool forward);
