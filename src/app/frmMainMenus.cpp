@@ -62,17 +62,17 @@ void frmMain::ConnectFileMenu() {
 }
 
 void frmMain::ConnectEditMenu() {
-    const auto on = [this](QAction* action, void (EditHistory::*step)()) {
+    const auto on = [this](QAction* action, void (*step)(EditHistory&)) {
         connect(action, &QAction::triggered, this, [this, step] {
-            RunCommand([&] {
-                (m_commands.History().*step)();
+            RunCommand([this, step] {
+                step(m_commands.History());
                 m_commands.Current().Changed = true;
                 ShowInputs(*this);
             });
         });
     };
-    on(m_ui->mnuEditUndo, &EditHistory::Undo);
-    on(m_ui->mnuEditRedo, &EditHistory::Redo);
+    on(m_ui->mnuEditUndo, [](EditHistory& history) { history.Undo(); });
+    on(m_ui->mnuEditRedo, [](EditHistory& history) { history.Redo(); });
 }
 
 /// An example is opened as an untitled copy: its file may belong to the system.

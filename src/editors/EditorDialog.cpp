@@ -26,20 +26,20 @@ EditorDialog::EditorDialog(MainForm& form, EditHistory& history, QWidget* parent
     : QDialog(parent),
       m_form(form),
       m_history(history),
-      m_undo(AddStepAction(QKeySequence::Undo, &EditHistory::Undo)),
-      m_redo(AddStepAction(QKeySequence::Redo, &EditHistory::Redo)) {
+      m_undo(AddStepAction(QKeySequence::Undo, [](EditHistory& steps) { steps.Undo(); })),
+      m_redo(AddStepAction(QKeySequence::Redo, [](EditHistory& steps) { steps.Redo(); })) {
     WatchKeys();
     setModal(true);
     ShowSteps();
 }
 
-QAction* EditorDialog::AddStepAction(QKeySequence::StandardKey key, void (EditHistory::*step)()) {
+QAction* EditorDialog::AddStepAction(QKeySequence::StandardKey key, HistoryStep step) {
     auto* action = new QAction(this);
     action->setShortcuts(key);
     addAction(action);
     connect(action, &QAction::triggered, this, [this, step] {
-        RunEvent([&] {
-            (m_history.*step)();
+        RunEvent([this, step] {
+            step(m_history);
             ShowInputs(m_form);
             ShowAgain();
         });

@@ -44,7 +44,8 @@ class EditorDialog : public QDialog {
   private:
     [[nodiscard]] bool TryFinish();
     bool Attempt(const std::function<void()>& event);
-    QAction* AddStepAction(QKeySequence::StandardKey key, void (EditHistory::*step)());
+    using HistoryStep = void (*)(EditHistory&);
+    QAction* AddStepAction(QKeySequence::StandardKey key, HistoryStep step);
     void ShowSteps();
 
     MainForm& m_form;

@@ -17,7 +17,7 @@ class SheetDelegate : public QStyledItemDelegate {
     using QStyledItemDelegate::QStyledItemDelegate;
 
     /// The box of the cell that is being edited; nullptr without one.
-    [[nodiscard]] FieldBox* Box() const { return m_box; }
+    [[nodiscard]] FieldBox* Box() const { return qobject_cast<FieldBox*>(m_box.data()); }
     [[nodiscard]] QModelIndex Cell() const { return m_cell; }
 
     [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
@@ -40,7 +40,7 @@ class SheetDelegate : public QStyledItemDelegate {
   private:
     bool FilterKey(const QKeyEvent& event);
 
-    mutable QPointer<FieldBox> m_box;
+    mutable QPointer<QWidget> m_box;  ///< no FieldBox any more while it is destroyed
     mutable QPersistentModelIndex m_cell;
 };
 
