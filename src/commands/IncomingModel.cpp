@@ -7,7 +7,6 @@
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "commands/LoadModel.h"
-#include "shell/Demand.h"
 #include "shell/HeadlessForm.h"
 
 namespace fs = std::filesystem;
@@ -72,9 +71,7 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
 
 void ShowLoadedModel(MainForm& form) {
     LoadModel(form);
-    form.ClearDemand();
-    form.ShowDemandSum("", {});
-    ListDemand(form.Copy(), form);
+    ShowDemand(form);
 }
 
 IncomingModel::IncomingModel(MainForm& form)

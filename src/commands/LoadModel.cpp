@@ -37,12 +37,16 @@ void LoadModel(MainForm& form) {
     CreateLinks(database, form, form.picArc);
 }
 
-void ShowInputs(MainForm& form) {
-    const Database database = form.OpenWorkingCopy();
-    FillBoxes(database, form);
+void ShowDemand(MainForm& form) {
     form.ClearDemand();
     form.ShowDemandSum("", {});
     ListDemand(form.Copy(), form);
+}
+
+void ShowInputs(MainForm& form) {
+    const Database database = form.OpenWorkingCopy();
+    FillBoxes(database, form);
+    ShowDemand(form);
     CreateLinks(database, form, form.picArc);
 }
 

@@ -9,6 +9,9 @@ namespace quarnel02 {
 /// when Gen has no row, and what CreateLinks throws; the pointer is restored in any case.
 void LoadModel(MainForm& form);
 
+/// Shows the demand rows of the working copy and their sum; nothing of what was shown before stays.
+void ShowDemand(MainForm& form);
+
 /// Shows what has been entered after the tables have become others under the form: parameters and
 /// demand; and rebuilds arcs and pathways. Results stay. Throws as LoadModel does.
 void ShowInputs(MainForm& form);

@@ -41,7 +41,7 @@ TextBlock RecordSheet::CopyBlock(const CellRange& range) const {
 
 std::string RecordSheet::MissingFor(const BlockEdit& edit) const {
     const std::size_t missing = MissingRecords(m_tables, m_kind, edit.Row, edit.Block);
-    return missing == 0 ? "" : StepName("", missing, NameOf(m_kind)).substr(1);
+    return missing == 0 ? "" : CountText(missing, NameOf(m_kind));
 }
 
 std::string RecordSheet::StepOf(std::string_view verb, std::size_t row, std::size_t cells) const {

@@ -8,8 +8,8 @@
 #include <numeric>
 #include <string_view>
 
-#include "basic/Numbers.h"
 #include "sheets/SheetColumns.h"
+#include "sheets/UndoStack.h"
 
 namespace quarnel02 {
 
@@ -50,13 +50,11 @@ ChangedRows ChangesOf(const TableRows& before, const TableRows& after) {
 
 std::string Counted(std::string_view verb, std::size_t count, const NamedTable& table,
                     std::size_t first) {
-    std::string name(verb);
-    if (count == 1) {
-        name += " " + std::string(table.Record);
-        return table.Numbered ? name + " " + std::to_string(first + 1) : name;
+    if (count != 1) {
+        return StepName(verb, count, table.Record);
     }
-    return name + " " + NumberText(static_cast<std::int64_t>(count)) + " " +
-           std::string(table.Record) + "s";
+    std::string name = std::string(verb) + " " + std::string(table.Record);
+    return table.Numbered ? name + " " + std::to_string(first + 1) : name;
 }
 
 std::string RowsName(const NamedTable& table, const TableRows& before, const TableRows& after) {

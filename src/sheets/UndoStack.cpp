@@ -87,26 +87,13 @@ void UndoStack::Redo(const Database& database) {
     ++m_done;
 }
 
-UndoStep::UndoStep(UndoStack& stack, const Database& database, std::string name)
-    : m_stack(stack),
-      m_database(database),
-      m_name(std::move(name)),
-      m_before(ReadInputTables(database)) {}
-
-void UndoStep::Done() {
-    m_stack.Push(m_name, m_before, ReadInputTables(m_database));
-}
-
-void StoreStep(UndoStack& stack, const Database& database, std::string name,
-               const InputTables& after) {
-    const InputTables before = ReadInputTables(database);
-    WriteInputTables(database, after);
-    stack.Push(std::move(name), before, after);
+std::string CountText(std::size_t count, std::string_view what) {
+    return NumberText(static_cast<std::int64_t>(count)) + " " + std::string(what) +
+           (count == 1 ? "" : "s");
 }
 
 std::string StepName(std::string_view verb, std::size_t count, std::string_view what) {
-    return std::string(verb) + " " + NumberText(static_cast<std::int64_t>(count)) + " " +
-           std::string(what) + (count == 1 ? "" : "s");
+    return std::string(verb) + " " + CountText(count, what);
 }
 
 }  // namespace quarnel02

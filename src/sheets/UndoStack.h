@@ -63,25 +63,8 @@ class UndoStack {
     std::size_t m_bytes = 0;
 };
 
-/// One step in the making: notes the tables, and at Done adds what has changed since then as a step
-/// of that name. Without Done nothing is added, as when the change failed and was rolled back.
-class UndoStep {
-  public:
-    /// Stack and database must outlive the step. Throws what the store reports.
-    UndoStep(UndoStack& stack, const Database& database, std::string name);
-
-    void Done();
-
-  private:
-    UndoStack& m_stack;
-    const Database& m_database;
-    std::string m_name;
-    InputTables m_before;
-};
-
-/// WriteInputTables as a step of that name.
-void StoreStep(UndoStack& stack, const Database& database, std::string name,
-               const InputTables& after);
+/// "1 task", "480 cells".
+std::string CountText(std::size_t count, std::string_view what);
 
 /// Name of a step: "Paste 480 cells", "Move 1 task".
 std::string StepName(std::string_view verb, std::size_t count, std::string_view what);

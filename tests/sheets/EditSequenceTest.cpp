@@ -84,7 +84,7 @@ void Planner::Store(const std::string& name, InputTables after, Meaning meaning)
         m_done.push_back(m_meaning);
         m_undone.clear();
     }
-    StoreStep(m_stack, m_store, name, after);
+    test::StoreStep(m_stack, m_store, name, after);
     m_tables = std::move(after);
     m_meaning = std::move(meaning);
 }

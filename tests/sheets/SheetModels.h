@@ -4,6 +4,7 @@
 
 #include "sheets/InputTables.h"
 #include "sheets/NumberedRows.h"
+#include "sheets/UndoStack.h"
 
 namespace quarnel02::test {
 
@@ -46,6 +47,14 @@ inline InputTables SmallModel() {
                      PairRow(2, 2, 7, 1, 38000), PairRow(3, 2, 9, 2, 26000)};
     tables.Demand = {{33.3, 40.0}, {1000.0, 60.0}};
     return tables;
+}
+
+/// Stores the tables and notes that as a step.
+inline void StoreStep(UndoStack& stack, const Database& database, const std::string& name,
+                      const InputTables& after) {
+    const InputTables before = ReadInputTables(database);
+    WriteInputTables(database, after);
+    stack.Push(name, before, after);
 }
 
 }  // namespace quarnel02::test
