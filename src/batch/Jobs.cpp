@@ -28,15 +28,15 @@ struct CloseFile {
     void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 /// A temporary file without a name.
-using Scratch = std::unique_ptr<std::FILE, CloseFile>;
+using TemporaryFile = std::unique_ptr<std::FILE, CloseFile>;
 
 [[noreturn]] void ThrowSystemError(const char* what) {
     throw RunTimeError(ErrorKind::FileAccess, std::string(what) + " cannot be made: " +
                                                   std::generic_category().message(errno) + ".");
 }
 
-Scratch MakeScratch() {
-    Scratch file(std::tmpfile());
+TemporaryFile MakeTemporaryFile() {
+    TemporaryFile file(std::tmpfile());
     if (!file) {
         ThrowSystemError("A temporary file");
     }
@@ -87,8 +87,8 @@ class WaitedSignals : Immovable {
 /// A job and its process.
 struct Running {
     pid_t Process = -1;  ///< -1 once it has ended
-    Scratch Out;
-    Scratch Err;
+    TemporaryFile Out;
+    TemporaryFile Err;
     int Status = 0;
 };
 
@@ -123,7 +123,7 @@ class Pool {
     }
 
     void Start(int number) {
-        Running job{-1, MakeScratch(), MakeScratch(), 0};
+        Running job{-1, MakeTemporaryFile(), MakeTemporaryFile(), 0};
         std::cout.flush();
         job.Process = ::fork();
         if (job.Process == -1) {

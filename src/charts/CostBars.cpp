@@ -50,7 +50,7 @@ ChartFrame FrameOf(const std::vector<CostBar>& bars) {
     return frame;
 }
 
-std::string DollarText(double dollars) {
+std::string CostText(double dollars) {
     return Format(dollars, "$#,##0");
 }
 
@@ -59,13 +59,13 @@ void DrawBar(Picture& picture, Chart& chart, const CostBar& bar, double left, do
     for (const CostPart& part : PartsOf(bar)) {
         if (part.Dollars > 0) {
             chart.Bar(left, right, from, from + part.Dollars, part.Fill);
-            picture.Describe(bar.Name + ": " + part.Name + " " + DollarText(part.Dollars) + " of " +
-                             DollarText(SumOf(bar)) + " a year" +
+            picture.Describe(bar.Name + ": " + part.Name + " " + CostText(part.Dollars) + " of " +
+                             CostText(SumOf(bar)) + " a year" +
                              (bar.Words.empty() ? "" : "; " + bar.Words));
             from += part.Dollars;
         }
     }
-    chart.LabelAbove((left + right) / 2, from, DollarText(SumOf(bar)), kInk);
+    chart.LabelAbove((left + right) / 2, from, CostText(SumOf(bar)), kInk);
 }
 
 void DrawBars(Picture& picture, const std::vector<CostBar>& bars) {

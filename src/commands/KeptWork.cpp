@@ -7,6 +7,7 @@
 #include <tuple>
 #include <utility>
 
+#include "basic/Counted.h"
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
 #include "commands/KeptName.h"
@@ -121,10 +122,6 @@ bool HasInputs(const fs::path& file, std::uint64_t inputs) {
     } catch (const RunTimeError&) {
         return false;
     }
-}
-
-std::string Counted(std::int64_t count, const char* thing) {
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
 /// "2026-11-21 10:05" of "2026-11-21 10-05-33".

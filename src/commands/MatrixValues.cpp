@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "basic/Counted.h"
 #include "basic/Numbers.h"
 #include "sheets/BlockShape.h"
 #include "sheets/RecordOrder.h"
@@ -14,10 +15,6 @@ namespace {
 
 TaskResource PairAt(std::size_t row, std::size_t column) {
     return {static_cast<std::int16_t>(row + 1), static_cast<std::int16_t>(column + 1)};
-}
-
-std::string Counted(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 InputTables WithMissing(InputTables tables, const MissingPairs& missing) {

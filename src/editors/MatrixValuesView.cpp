@@ -16,8 +16,8 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr int kShownTasks = 16;
-constexpr int kShownResources = 7;
+constexpr int kVisibleTasks = 16;
+constexpr int kVisibleResources = 7;
 
 class FigurePainter : public SheetDelegate {
   public:
@@ -128,8 +128,8 @@ void MatrixValuesView::FitSections() {
 }
 
 QSize MatrixValuesView::sizeHint() const {
-    const int columns = std::min(model() == nullptr ? 0 : model()->columnCount(), kShownResources);
-    const int rows = std::min(model() == nullptr ? 0 : model()->rowCount(), kShownTasks);
+    const int columns = std::min(model() == nullptr ? 0 : model()->columnCount(), kVisibleResources);
+    const int rows = std::min(model() == nullptr ? 0 : model()->rowCount(), kVisibleTasks);
     int width = 0;
     for (int column = 0; column < columns; ++column) {
         width += columnWidth(column);

@@ -17,21 +17,13 @@
 
 namespace quarnel02 {
 
-namespace {
-
-QString ToText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
-
 RecordForm::RecordForm(MainForm& form, EditHistory& history, const NumberedTable& table,
                        QWidget* parent)
     : EditorDialog(form, history, parent),
       m_records(form, table),
       m_sheet(form, table.Kind, nullptr),
       m_kind(table.Kind),
-      m_noun(ToText(NameOf(table.Kind))) {}
+      m_noun(QString::fromUtf8(NameOf(table.Kind))) {}
 
 void RecordForm::Begin(const Controls& controls, RecordBoxes& boxes, std::vector<int> columns,
                        FieldBox& first) {

@@ -9,10 +9,6 @@ namespace {
 
 constexpr int kTypeColumn = 3;
 
-QString ToText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 }  // namespace
 
 frmResource::frmResource(MainForm& form, EditHistory& history, QWidget* parent)
@@ -65,8 +61,8 @@ void frmResource::ShowCurrent(bool keepTyped) {
 void frmResource::ShowType() {
     if (const auto type = TypeOfCode(m_ui->picRes->Tag().toStdString())) {
         m_ui->picRes->SetPicture(type->Type);
-        m_ui->picRes->setToolTip(ToText(type->Help));
-        m_ui->lblResType->setText(ToText(type->Label));
+        m_ui->picRes->setToolTip(QString::fromUtf8(type->Help));
+        m_ui->lblResType->setText(QString::fromUtf8(type->Label));
     }
 }
 

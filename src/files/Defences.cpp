@@ -24,6 +24,13 @@ constexpr std::array<std::pair<int, int>, 10> kLimits = {{
     {SQLITE_LIMIT_TRIGGER_DEPTH, 10},
 }};
 
+constexpr int kSecondsOfWork = 3;
+constexpr int kStepsBetweenLooks = 1000;
+
+int IsOverdue(void* until) {
+    return std::clock() > *static_cast<const std::clock_t*>(until) ? 1 : 0;
+}
+
 }  // namespace
 
 void Defend(SQLite::Database& database) {
@@ -41,6 +48,15 @@ void Defend(SQLite::Database& database) {
                                 "temp_store = MEMORY", "ignore_check_constraints = ON"}) {
         database.exec(std::string("PRAGMA ") + setting);
     }
+}
+
+WorkLimit::WorkLimit(sqlite3* database) {
+    Restart();
+    sqlite3_progress_handler(database, kStepsBetweenLooks, IsOverdue, &m_until);
+}
+
+void WorkLimit::Restart() {
+    m_until = std::clock() + kSecondsOfWork * CLOCKS_PER_SEC;
 }
 
 }  // namespace quarnel02

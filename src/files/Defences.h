@@ -4,9 +4,25 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <ctime>
+
+#include "basic/Immovable.h"
+
 namespace quarnel02 {
 
 /// Has the connection run nothing that the file defines, and limits what the file may ask for.
 void Defend(SQLite::Database& database);
+
+/// Interrupts a database that computes for more than three seconds in one go.
+class WorkLimit : Immovable {
+  public:
+    explicit WorkLimit(sqlite3* database);
+
+    /// Gives it three seconds again.
+    void Restart();
+
+  private:
+    std::clock_t m_until = 0;
+};
 
 }  // namespace quarnel02

@@ -14,15 +14,9 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr int kSecondsOfWork = 3;
-constexpr int kStepsBetweenLooks = 1000;
 constexpr std::int64_t kRowsBetweenLooks = 10000;
 
 constexpr std::uintmax_t kMostFile = std::uintmax_t{256} << 20;
-
-int IsOverdue(void* until) {
-    return std::clock() > *static_cast<const std::clock_t*>(until) ? 1 : 0;
-}
 
 /// A field of a user's row as our tables hold it. Throws for a value that it cannot hold.
 Value Converted(const ReadStatement& row, std::size_t place, const ColumnSchema& column) {
@@ -85,12 +79,7 @@ ForeignFile::ForeignFile(const fs::path& path, std::string_view name)
         m_database.exec("BEGIN");
         m_database.execAndGet("SELECT COUNT(*) FROM sqlite_master");
     });
-    GiveTime();
-    sqlite3_progress_handler(Handle(), kStepsBetweenLooks, IsOverdue, &m_until);
-}
-
-void ForeignFile::GiveTime() {
-    m_until = std::clock() + kSecondsOfWork * CLOCKS_PER_SEC;
+    m_limit.emplace(Handle());
 }
 
 void ForeignFile::RequireKnownFormat() const {
@@ -181,7 +170,7 @@ std::int64_t ForeignFile::ReadRows(const TableSchema& table, const RowAction& ac
         std::vector<Value> values(table.Columns.size());
         for (; Step(rows); action(values)) {
             if (intake.Rows() % kRowsBetweenLooks == 0) {
-                GiveTime();
+                m_limit->Restart();
             }
             intake.StartRow();
             for (std::size_t field = 0; field < values.size(); ++field) {

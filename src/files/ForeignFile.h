@@ -5,12 +5,13 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <cstdint>
-#include <ctime>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "files/Defences.h"
 #include "files/ModelSource.h"
 #include "files/RowIntake.h"
 
@@ -49,11 +50,10 @@ class ForeignFile : public ModelSource {
     void RequireKnownFormat() const;
     void RequireTable(const TableSchema& table) const;
     void RequireColumns(const TableSchema& table) const;
-    void GiveTime();
 
     std::filesystem::path m_path;
     std::string m_name;
-    std::clock_t m_until = 0;
+    std::optional<WorkLimit> m_limit;
     ContentLimit m_content;
     SQLite::Database m_database;
 };

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <ctime>
 #include <system_error>
 
 #include "basic/Files.h"
 #include "basic/ScopeGuard.h"
+#include "files/Defences.h"
 #include "files/ModelChecks.h"
 #include "files/ModelImage.h"
 #include "files/ReadModel.h"
@@ -20,9 +20,7 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::uintmax_t kMostFile = std::uintmax_t{64} << 20;
-constexpr int kSecondsOfWork = 3;
-constexpr int kStepsBetweenLooks = 1000;
+constexpr std::uintmax_t kMostScript = std::uintmax_t{64} << 20;
 
 /// What SQL text may do: change rows, and compute what it puts into them.
 int Authorize(void* /*context*/, int action, const char* /*table*/, const char* /*detail*/,
@@ -42,21 +40,16 @@ int Authorize(void* /*context*/, int action, const char* /*table*/, const char* 
     }
 }
 
-int IsOverdue(void* until) {
-    return std::clock() > *static_cast<const std::clock_t*>(until) ? 1 : 0;
-}
-
 /// Runs the statements of one text in a model's tables.
 class Script {
   public:
     Script(sqlite3* database, const std::string& text, std::string_view name)
-        : m_database(database), m_text(text), m_name(name) {
+        : m_database(database), m_text(text), m_name(name), m_limit(database) {
         constexpr int longest = 16 << 20;
         sqlite3_limit(database, SQLITE_LIMIT_LENGTH, longest);
         sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
         sqlite3_exec(database, "PRAGMA max_page_count = 32768", nullptr, nullptr, nullptr);
         sqlite3_set_authorizer(database, Authorize, nullptr);
-        sqlite3_progress_handler(database, kStepsBetweenLooks, IsOverdue, &m_until);
     }
 
     void Run() {
@@ -128,12 +121,12 @@ class Script {
     const std::string& m_text;
     std::string m_name;
     std::size_t m_at = 0;
-    std::clock_t m_until = std::clock() + kSecondsOfWork * CLOCKS_PER_SEC;
+    WorkLimit m_limit;
 };
 
 std::string ScriptIn(const fs::path& source, std::string_view name) {
     RequireOrdinaryFile(source, name);
-    if (fs::file_size(source) > kMostFile) {
+    if (fs::file_size(source) > kMostScript) {
         RefuseFile(name, "is larger than 64 MB, which no model is.");
     }
     std::string text = ReadFile(source);

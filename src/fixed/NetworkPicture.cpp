@@ -21,7 +21,7 @@ constexpr Colour kBrightRed{250, 0, 50};
 constexpr Colour kYellow{250, 250, 0};
 constexpr Colour kBlack{0, 0, 0};
 
-constexpr double kMargin = 150;
+constexpr double kNetworkMargin = 150;
 constexpr double kFaded = 0.3;
 constexpr double kVeil = 0.15;
 
@@ -82,13 +82,13 @@ void NetworkDrawing::PlaceSheet(double head) {
     const double across = std::max(1.0, outline.Right - outline.Left);
     const double chips = LineHeight(m_picture.PageFont());
     const double down = outline.Bottom - outline.Top;
-    const double room = page.Height - head - 2 * kMargin;
-    const double scale = page.Zoom * std::min({largest, (page.Width - 2 * kMargin) / across,
+    const double room = page.Height - head - 2 * kNetworkMargin;
+    const double scale = page.Zoom * std::min({largest, (page.Width - 2 * kNetworkMargin) / across,
                                                room / std::max(1.0, down)});
     m_picture.Sheet.Scale = std::max(scale, smallest);
-    m_picture.SetPaper(
-        std::max(page.Width, m_picture.Sheet.Scale * across + 2 * kMargin),
-        std::max(page.Height, std::max(m_picture.Sheet.Scale * down, chips) + head + 2 * kMargin));
+    m_picture.SetPaper(std::max(page.Width, m_picture.Sheet.Scale * across + 2 * kNetworkMargin),
+                       std::max(page.Height, std::max(m_picture.Sheet.Scale * down, chips) + head +
+                                                 2 * kNetworkMargin));
     m_picture.Sheet.Left =
         m_picture.Width() / 2 - m_picture.Sheet.Scale * (outline.Left + outline.Right) / 2;
     m_picture.Sheet.Top = (head + m_picture.Height()) / 2 -
@@ -197,9 +197,9 @@ double NetworkDrawing::DrawLegendAt(Picture& picture) {
                                              {"possible", kDarkBlue},
                                              {"over the limit", kRed},
                                              {"chosen", kBrightRed, false, kYellow}};
-    const double height = DrawLegend(picture, legend, kMargin / 2, kMargin / 2,
-                                     picture.LaidOutFor().Width - kMargin / 2);
-    return height + kMargin / 2;
+    const double height = DrawLegend(picture, legend, kNetworkMargin / 2, kNetworkMargin / 2,
+                                     picture.LaidOutFor().Width - kNetworkMargin / 2);
+    return height + kNetworkMargin / 2;
 }
 
 /// On paper of its own where the network moves under it.

@@ -10,7 +10,7 @@ namespace quarnel02::jet {
 namespace {
 
 constexpr std::size_t kCataloguePage = 2;
-constexpr std::uint32_t kPageBits = 0x00FFFFFF;      ///< of an object's number
+constexpr std::uint32_t kNumberBits = 0x00FFFFFF;    ///< of an object's number
 constexpr std::uint32_t kSystemObject = 0x80000002;  ///< either bit
 
 constexpr std::array<std::string_view, 4> kColumns = {"Id", "Name", "Type", "Flags"};
@@ -84,7 +84,7 @@ std::vector<CatalogueEntry> ReadCatalogue(TableReader& tables) {
         const auto kind = KindOf(Get<std::int64_t>(row[2]));
         const auto flags = static_cast<std::uint32_t>(Get<std::int64_t>(row[3]));
         if (kind && (flags & kSystemObject) == 0 && !IsOwnName(name)) {
-            entries.push_back({{*kind, name}, number & kPageBits});
+            entries.push_back({{*kind, name}, number & kNumberBits});
         }
     });
     return entries;

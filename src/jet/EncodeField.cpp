@@ -14,7 +14,6 @@ namespace {
 
 constexpr double kCurrencyUnits = 10000;
 constexpr char16_t kByteOrderMark = 0xFEFF;
-constexpr std::size_t kUnit = sizeof(char16_t);
 
 [[noreturn]] void RefuseType() {
     throw FieldFault(true, "is not of the column's type. Correct it.");
@@ -80,7 +79,7 @@ std::string DoubleBytes(double real) {
 
 bool IsCompressible(const std::u16string& text) {
     constexpr char16_t byte_end = 0x100;
-    return text.size() > kUnit && std::all_of(text.begin(), text.end(), [](char16_t unit) {
+    return text.size() > kCodeUnit && std::all_of(text.begin(), text.end(), [](char16_t unit) {
                return unit > 0 && unit < byte_end;
            });
 }
@@ -89,10 +88,10 @@ std::string TextBytes(const std::u16string& text, bool compress) {
     const bool narrow = compress && IsCompressible(text);
     std::string bytes;
     if (narrow) {
-        AppendNumber(bytes, kByteOrderMark, kUnit);
+        AppendNumber(bytes, kByteOrderMark, kCodeUnit);
     }
     for (const char16_t unit : text) {
-        AppendNumber(bytes, unit, narrow ? 1 : kUnit);
+        AppendNumber(bytes, unit, narrow ? 1 : kCodeUnit);
     }
     return bytes;
 }
@@ -110,10 +109,10 @@ std::string Text(const Value& value, std::size_t mostBytes, bool compress) {
     if (!text) {
         throw FieldFault(true, "is damaged: it is not UTF-8. Enter it again.");
     }
-    if (text->size() * kUnit > mostBytes) {
+    if (text->size() * kCodeUnit > mostBytes) {
         throw FieldFault(false, "has " + std::to_string(text->size()) +
                                     " characters, and the column takes " +
-                                    std::to_string(mostBytes / kUnit) + ". Shorten it.");
+                                    std::to_string(mostBytes / kCodeUnit) + ". Shorten it.");
     }
     if (text->starts_with(kByteOrderMark)) {  // which would mark it as compressed
         throw FieldFault(true, "begins with a byte order mark. Enter it again.");

@@ -4,15 +4,15 @@
 
 #include "basic/RunTimeError.h"
 #include "jet/EncodeField.h"
+#include "jet/Format.h"
 #include "jet/Little.h"
 
 namespace quarnel02::jet {
 
 namespace {
 
-constexpr std::size_t kEntry = 2;         ///< of counts and offsets
-constexpr std::size_t kMostBytes = 4060;  ///< of a row
-constexpr unsigned kBitsOfByte = 8;
+constexpr std::size_t kEntry = 2;            ///< of counts and offsets
+constexpr std::size_t kMostRowBytes = 4060;  ///< of a row
 
 bool IsNull(const Value& value) {
     return std::holds_alternative<std::monostate>(value);
@@ -77,7 +77,7 @@ std::string RowEncoder::Encode(const Row& row) {
         AppendVariable(bytes, row);
     }
     bytes += Mask(row);
-    if (bytes.size() > kMostBytes) {
+    if (bytes.size() > kMostRowBytes) {
         throw RunTimeError(ErrorKind::Overflow,
                            "An Access database cannot hold the model: the texts in row " +
                                std::to_string(m_count) + " of table " + m_table +

@@ -108,4 +108,16 @@ enum class TypeCode : unsigned {
 
 inline constexpr unsigned kColumnIsFixed = 0x01;
 
+/// Where a data page or a leaf says how many of its bytes are free.
+inline constexpr std::size_t kFreeSpaceAt = 2;
+
+/// In a usage map: where the bits begin that it holds itself, and what stands before them in a page
+/// of bits.
+inline constexpr std::size_t kBitmapAt = 5;
+inline constexpr std::size_t kUsageHeader = 4;
+
+inline constexpr unsigned kGeneralSortOrder = 0x409;
+
+inline constexpr unsigned kBitsOfByte = 8;
+
 }  // namespace quarnel02::jet

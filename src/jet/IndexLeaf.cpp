@@ -14,8 +14,6 @@ namespace {
 constexpr char kNotNull = 0x7F;
 constexpr std::size_t kKeysAt = 0x1E0;
 constexpr std::size_t kEndsAt = 27;  ///< a bit for every place where a key ends
-constexpr std::size_t kFreeSpaceAt = 2;
-constexpr unsigned kBitsOfByte = 8;
 
 /// What the letters sort by in the order "General", either case.
 constexpr std::array<unsigned char, 26> kLetterKeys = {

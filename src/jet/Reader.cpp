@@ -6,6 +6,7 @@
 #include "basic/RunTimeError.h"
 #include "jet/Catalogue.h"
 #include "jet/Header.h"
+#include "jet/Names.h"
 #include "jet/TableReader.h"
 
 namespace fs = std::filesystem;
@@ -15,10 +16,6 @@ namespace quarnel02::jet {
 namespace {
 
 constexpr std::uintmax_t kMostFile = 256UL * 1024UL * 1024UL;
-
-char Lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
 
 bool SameName(std::string_view one, std::string_view other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),

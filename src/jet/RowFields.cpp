@@ -4,7 +4,6 @@ namespace quarnel02::jet {
 
 namespace {
 
-constexpr unsigned kBitsOfByte = 8;
 constexpr std::size_t kMostVariable = 255;
 constexpr std::size_t kJump = 256;  ///< what a byte cannot count to
 

@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t kMostColumns = 255;
 constexpr std::size_t kMostIndices = 1000;  ///< no table has more than 32
 /// 255 columns and 32 indices with the longest names fill fewer.
-constexpr int kMostPages = 64;
+constexpr int kMostDefinitionPages = 64;
 constexpr std::size_t kChainHeader = 8;
 constexpr std::size_t kExtraFlagsAt = 16;
 constexpr unsigned kComputed = 0xC0;
@@ -19,7 +19,7 @@ std::string Joined(const Pages& pages, std::size_t page) {
     std::string joined(pages.PageOf(kDefinitionPage, page).Text());
     page = Bytes(joined).U32(kOwnerAt);
     for (int count = 1; page != 0; ++count) {
-        if (count == kMostPages) {
+        if (count == kMostDefinitionPages) {
             throw Damage();
         }
         const Bytes next = pages.PageOf(kDefinitionPage, page);

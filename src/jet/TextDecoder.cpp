@@ -8,10 +8,9 @@ namespace {
 
 constexpr unsigned kUsualCodePage = 1252;
 constexpr unsigned kCompressedMark = 0xFEFF;
-constexpr std::size_t kUnit = 2;
 
 bool IsCompressed(Bytes text) {
-    return text.Size() >= kUnit && text.U16(0) == kCompressedMark;
+    return text.Size() >= kCodeUnit && text.U16(0) == kCompressedMark;
 }
 
 /// A compressed text holds stretches of one byte a character and stretches of two; a byte 0
@@ -20,7 +19,7 @@ std::u16string Expanded(Bytes text) {
     std::u16string units;
     units.reserve(text.Size());
     bool narrow = true;
-    for (std::size_t at = kUnit; at < text.Size();) {
+    for (std::size_t at = kCodeUnit; at < text.Size();) {
         if (text.U8(at) == 0) {
             narrow = !narrow;
             ++at;
@@ -29,19 +28,19 @@ std::u16string Expanded(Bytes text) {
             ++at;
         } else {
             units += static_cast<char16_t>(text.U16(at));
-            at += kUnit;
+            at += kCodeUnit;
         }
     }
     return units;
 }
 
 std::u16string Units(Bytes text) {
-    if (text.Size() % kUnit != 0) {
+    if (text.Size() % kCodeUnit != 0) {
         throw Damage();
     }
     std::u16string units;
-    units.reserve(text.Size() / kUnit);
-    for (std::size_t at = 0; at < text.Size(); at += kUnit) {
+    units.reserve(text.Size() / kCodeUnit);
+    for (std::size_t at = 0; at < text.Size(); at += kCodeUnit) {
         units += static_cast<char16_t>(text.U16(at));
     }
     return units;

@@ -1,12 +1,11 @@
 #include "jet/UsageMap.h"
 
+#include "jet/Format.h"
+
 namespace quarnel02::jet {
 
 namespace {
 
-constexpr unsigned kBitsOfByte = 8;
-constexpr std::size_t kBitmapAt = 5;     ///< in a map that holds its bits itself
-constexpr std::size_t kUsageHeader = 4;  ///< of a page of bits
 constexpr std::size_t kReferenceSize = 4;
 
 enum MapKind : unsigned { Own = 0, Referring = 1 };

@@ -2,6 +2,7 @@
 
 // Internal to jet/.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,6 +15,7 @@ std::string Utf8Of(std::u16string_view text);
 /// Nothing for a text that is not UTF-8.
 std::optional<std::u16string> Utf16Of(std::string_view text);
 
+inline constexpr std::size_t kCodeUnit = sizeof(char16_t);  ///< bytes
 inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
 
 }  // namespace quarnel02::jet

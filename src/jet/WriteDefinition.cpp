@@ -4,7 +4,9 @@
 #include <numeric>
 
 #include "basic/RunTimeError.h"
+#include "jet/Format.h"
 #include "jet/Little.h"
+#include "jet/Names.h"
 
 namespace quarnel02::jet {
 
@@ -12,19 +14,13 @@ namespace {
 
 constexpr unsigned kTableMark = 1625;
 constexpr unsigned kIndexMark = 1923;
-constexpr unsigned kGeneralSortOrder = 0x409;
 constexpr unsigned kCompressedText = 1;
 constexpr unsigned kNone16 = 0xFFFF;
 constexpr unsigned kNone32 = 0xFFFFFFFF;
 constexpr std::size_t kIndexColumns = 10;
 constexpr std::size_t kPageHeader = 8;
 constexpr std::size_t kLengthAt = 8;
-constexpr std::size_t kFreeSpaceAt = 2;
 constexpr unsigned kSystemRelation = 4;
-
-char Lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
 
 bool LessWithoutCase(const std::string& one, const std::string& other) {
     return std::lexicographical_compare(one.begin(), one.end(), other.begin(), other.end(),

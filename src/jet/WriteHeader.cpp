@@ -15,7 +15,6 @@ namespace {
 
 constexpr unsigned kJet4Version = 1;
 constexpr unsigned kWesternCodePage = 1252;
-constexpr unsigned kGeneralSortOrder = 0x409;
 constexpr std::size_t kSortOrderAt = 0x6E;
 constexpr std::size_t kEngineVersionAt = 0x9C;
 constexpr std::size_t kCommitsAt = 0xE00;

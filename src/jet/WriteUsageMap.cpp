@@ -1,5 +1,6 @@
 #include "jet/WriteUsageMap.h"
 
+#include "jet/Format.h"
 #include "jet/Little.h"
 
 namespace quarnel02::jet {
@@ -7,11 +8,8 @@ namespace quarnel02::jet {
 namespace {
 
 constexpr std::size_t kRowBytes = 69;
-constexpr std::size_t kBitmapAt = 5;
-constexpr std::size_t kBitsOfByte = 8;
 constexpr std::size_t kOwnBits = (kRowBytes - kBitmapAt) * kBitsOfByte;
 constexpr char kRefersToPages = 1;
-constexpr std::size_t kUsageHeader = 4;
 constexpr std::size_t kPageBits = (kJet4.PageSize - kUsageHeader) * kBitsOfByte;
 constexpr std::size_t kFreePage = 1;
 

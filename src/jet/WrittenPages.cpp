@@ -9,11 +9,10 @@ namespace quarnel02::jet {
 namespace {
 
 /// One page of bits tells of so many, which is enough for a model.
-constexpr std::size_t kMostPages = (kJet4.PageSize - 4) * 8;
+constexpr std::size_t kMostPages = (kJet4.PageSize - kUsageHeader) * kBitsOfByte;
 constexpr std::size_t kMostRows = 255;
-constexpr std::size_t kEntry = 2;
-constexpr std::size_t kFreeSpaceAt = 2;
-constexpr std::size_t kPlacesAt = kJet4.RowCountAt + kEntry;
+constexpr std::size_t kRowEntry = 2;
+constexpr std::size_t kPlacesAt = kJet4.RowCountAt + kRowEntry;
 constexpr unsigned kPageMark = 0x100;  ///< beside the type of every page
 
 }  // namespace
@@ -48,25 +47,25 @@ std::size_t WrittenPages::Number16(std::size_t page, std::size_t at) const {
 }
 
 void WrittenPages::StartRows(std::size_t page, std::size_t owner) {
-    PutNumber(page, 0, kDataPage | kPageMark, kEntry);
-    PutNumber(page, kFreeSpaceAt, kJet4.PageSize - kPlacesAt, kEntry);
+    PutNumber(page, 0, kDataPage | kPageMark, kRowEntry);
+    PutNumber(page, kFreeSpaceAt, kJet4.PageSize - kPlacesAt, kRowEntry);
     PutNumber(page, kOwnerAt, owner, sizeof(std::uint32_t));
 }
 
 bool WrittenPages::HasRoom(std::size_t page, std::size_t rowSize) const {
-    return rowSize + kEntry <= Number16(page, kFreeSpaceAt) &&
+    return rowSize + kRowEntry <= Number16(page, kFreeSpaceAt) &&
            Number16(page, kJet4.RowCountAt) < kMostRows;
 }
 
 std::uint32_t WrittenPages::AddRow(std::size_t page, std::string_view row) {
     const std::size_t count = Number16(page, kJet4.RowCountAt);
-    const std::size_t place = kPlacesAt + count * kEntry;
-    const std::size_t end = count == 0 ? kJet4.PageSize : Number16(page, place - kEntry);
+    const std::size_t place = kPlacesAt + count * kRowEntry;
+    const std::size_t end = count == 0 ? kJet4.PageSize : Number16(page, place - kRowEntry);
     const std::size_t start = end - row.size();
     m_bytes.replace(page * kJet4.PageSize + start, row.size(), row);
-    PutNumber(page, place, start, kEntry);
-    PutNumber(page, kJet4.RowCountAt, count + 1, kEntry);
-    PutNumber(page, kFreeSpaceAt, Number16(page, kFreeSpaceAt) - row.size() - kEntry, kEntry);
+    PutNumber(page, place, start, kRowEntry);
+    PutNumber(page, kJet4.RowCountAt, count + 1, kRowEntry);
+    PutNumber(page, kFreeSpaceAt, Number16(page, kFreeSpaceAt) - row.size() - kRowEntry, kRowEntry);
     return static_cast<std::uint32_t>(page << kRowNumberBits | count);
 }
 

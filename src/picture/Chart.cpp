@@ -13,7 +13,6 @@ namespace quarnel02 {
 namespace {
 
 constexpr double kTickLength = 60;
-constexpr double kGap = 75;
 constexpr int kMostSteps = 10;
 
 /// As many steps as texts of that size have room for.
@@ -61,16 +60,17 @@ void Chart::LayOutPlot() {
     m_picture.SetPaper(std::max(page.Width, least_columns * m_line),
                        std::max(page.Height, least_lines * m_line + LegendHeight()));
     const double head = LineHeight(m_picture.PageFont(1, true)) + LegendHeight() + 1.5 * m_line;
-    m_plot.Top = 2 * kGap + head;
-    m_plot.Bottom = m_picture.Height() - 2 * kGap - 2.5 * m_line;
+    m_plot.Top = 2 * kChartGap + head;
+    m_plot.Bottom = m_picture.Height() - 2 * kChartGap - 2.5 * m_line;
     const double height = m_plot.Bottom - m_plot.Top;
     if (m_frame.LabelsOnBars) {
         m_frame.Y.High *= height / (height - label_lines * m_line);
     }
     m_yScale = RoundScale(m_frame.Y.Low, m_frame.Y.High,
                           StepsIn(m_plot.Bottom - m_plot.Top, lines_per_step * m_line));
-    m_plot.Left = 2 * kGap + kTickLength + WidestTick(m_frame.Y, m_yScale, m_font, *page.Measure);
-    m_plot.Right = m_picture.Width() - 2 * kGap;
+    m_plot.Left =
+        2 * kChartGap + kTickLength + WidestTick(m_frame.Y, m_yScale, m_font, *page.Measure);
+    m_plot.Right = m_picture.Width() - 2 * kChartGap;
     if (!m_frame.Places.empty()) {
         m_xScale = {0, static_cast<double>(m_frame.Places.size()), 1};
         return;
@@ -92,26 +92,27 @@ double Chart::ToY(double y) const {
 void Chart::PrintCentred(double x, double top, const std::string& text, const Font& font,
                          Colour colour) {
     const std::string shown =
-        Elided(text, m_picture.Width() - 2 * kGap, font, *m_picture.LaidOutFor().Measure);
+        Elided(text, m_picture.Width() - 2 * kChartGap, font, *m_picture.LaidOutFor().Measure);
     const double width = m_picture.WidthOf(shown, font);
-    m_picture.Text(
-        std::clamp(x - width / 2, kGap, std::max(kGap, m_picture.Width() - width - kGap)), top,
-        shown, font, colour);
+    m_picture.Text(std::clamp(x - width / 2, kChartGap,
+                              std::max(kChartGap, m_picture.Width() - width - kChartGap)),
+                   top, shown, font, colour);
 }
 
 void Chart::DrawHead() {
     const Font bold = m_picture.PageFont(1, true);
-    PrintCentred(m_picture.Width() / 2, kGap, m_frame.Title, bold, kInk);
-    DrawLegend(m_picture, m_frame.Legend, kGap, kGap + LineHeight(bold), m_picture.Width() - kGap);
-    const double right = m_picture.Width() - 2 * kGap;
-    m_picture.Text(kGap, m_plot.Top - 1.5 * m_line - kGap,
+    PrintCentred(m_picture.Width() / 2, kChartGap, m_frame.Title, bold, kInk);
+    DrawLegend(m_picture, m_frame.Legend, kChartGap, kChartGap + LineHeight(bold),
+               m_picture.Width() - kChartGap);
+    const double right = m_picture.Width() - 2 * kChartGap;
+    m_picture.Text(kChartGap, m_plot.Top - 1.5 * m_line - kChartGap,
                    Elided(m_frame.Y.Title, right, m_font, *m_picture.LaidOutFor().Measure), m_font,
                    kSoftInk);
 }
 
 double Chart::LegendHeight() const {
     Picture probe(m_picture.LaidOutFor());
-    return DrawLegend(probe, m_frame.Legend, kGap, 0, probe.Width() - kGap);
+    return DrawLegend(probe, m_frame.Legend, kChartGap, 0, probe.Width() - kChartGap);
 }
 
 void Chart::DrawAxes() {
@@ -121,7 +122,7 @@ void Chart::DrawAxes() {
     if (m_yScale.Low > 0) {
         DrawBreak();
     }
-    PrintCentred((m_plot.Left + m_plot.Right) / 2, m_picture.Height() - m_line - kGap,
+    PrintCentred((m_plot.Left + m_plot.Right) / 2, m_picture.Height() - m_line - kChartGap,
                  m_frame.X.Title, m_font, kSoftInk);
 }
 
@@ -148,14 +149,14 @@ void Chart::DrawXTicks() {
         const double left = x - m_picture.WidthOf(text, m_font) / 2;
         if (left >= free_from) {
             m_picture.Text(left, m_plot.Bottom + m_line / 2, text, m_font, kSoftInk);
-            free_from = x + m_picture.WidthOf(text, m_font) / 2 + kGap / 2;
+            free_from = x + m_picture.WidthOf(text, m_font) / 2 + kChartGap / 2;
         }
     }
 }
 
 /// Whole names where all have room, else numbers, as many as have room.
 void Chart::DrawPlaces() {
-    const double room = ToX(1) - ToX(0) - kGap / 2;
+    const double room = ToX(1) - ToX(0) - kChartGap / 2;
     const bool whole = std::all_of(
         m_frame.Places.begin(), m_frame.Places.end(),
         [&](const std::string& name) { return m_picture.WidthOf(name, m_font) <= room; });
@@ -168,7 +169,7 @@ void Chart::DrawPlaces() {
         if (middle - width / 2 >= free_from) {
             m_picture.Text(middle - width / 2, m_plot.Bottom + m_line / 2, text, m_font, kInk);
             m_picture.Describe(m_frame.Places[place]);
-            free_from = middle + width / 2 + kGap / 2;
+            free_from = middle + width / 2 + kChartGap / 2;
         }
     }
 }
@@ -179,7 +180,7 @@ void Chart::DrawYTicks() {
         m_picture.Line(m_plot.Left, y, m_plot.Right, y, kGridLine);
         m_picture.Line(m_plot.Left - kTickLength, y, m_plot.Left, y, kInk);
         const std::string text = TickText(m_frame.Y, m_yScale, value);
-        m_picture.Text(m_plot.Left - kTickLength - kGap / 2 - m_picture.WidthOf(text, m_font),
+        m_picture.Text(m_plot.Left - kTickLength - kChartGap / 2 - m_picture.WidthOf(text, m_font),
                        y - m_line / 2, text, m_font, kSoftInk);
     }
 }

@@ -11,6 +11,8 @@
 
 namespace quarnel02 {
 
+inline constexpr double kChartGap = 75;  ///< between the parts of a chart, twips
+
 /// A curve or a kind of bar in the legend of a drawing.
 struct LegendEntry {
     std::string Text;

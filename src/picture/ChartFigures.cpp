@@ -8,12 +8,6 @@
 
 namespace quarnel02 {
 
-namespace {
-
-constexpr double kGap = 75;
-
-}  // namespace
-
 double DrawLegend(Picture& picture, std::span<const LegendEntry> legend, double left, double top,
                   double right) {
     constexpr double sample = 240;
@@ -25,9 +19,9 @@ double DrawLegend(Picture& picture, std::span<const LegendEntry> legend, double 
     double x = left;
     double y = top;
     for (const LegendEntry& entry : legend) {
-        const std::string text =
-            Elided(entry.Text, right - left - sample - kGap, font, *picture.LaidOutFor().Measure);
-        const double width = sample + kGap + picture.WidthOf(text, font);
+        const std::string text = Elided(entry.Text, right - left - sample - kChartGap, font,
+                                        *picture.LaidOutFor().Measure);
+        const double width = sample + kChartGap + picture.WidthOf(text, font);
         if (x > left && x + width > right) {
             x = left;
             y += line;
@@ -37,8 +31,8 @@ double DrawLegend(Picture& picture, std::span<const LegendEntry> legend, double 
         if (entry.Core) {
             picture.Add(LineFigure{x, y + line / 2, x + sample, y + line / 2, 2, *entry.Core});
         }
-        picture.Text(x + sample + kGap, y, text, font, kInk);
-        x += width + 3 * kGap;
+        picture.Text(x + sample + kChartGap, y, text, font, kInk);
+        x += width + 3 * kChartGap;
     }
     return y + line - top;
 }
@@ -75,9 +69,9 @@ void Chart::Guide(double x, const std::string& name, const std::string& shorter,
     m_picture.Line(ToX(x), m_plot.Top, ToX(x), m_plot.Bottom, colour);
     m_picture.Describe(name);
     for (const std::string& text : {name, shorter}) {
-        const Extent place{ToX(x) + kTwipsPerPixel, m_plot.Top + kGap / 2,
+        const Extent place{ToX(x) + kTwipsPerPixel, m_plot.Top + kChartGap / 2,
                            ToX(x) + kTwipsPerPixel + m_line,
-                           m_plot.Top + kGap / 2 + m_picture.WidthOf(text, m_font)};
+                           m_plot.Top + kChartGap / 2 + m_picture.WidthOf(text, m_font)};
         const bool reaches_far =
             place.Bottom > m_plot.Top + most_of_height * (m_plot.Bottom - m_plot.Top);
         if (!text.empty() && (!reaches_far || text == shorter) && m_labels.TryTake(place)) {
@@ -99,7 +93,7 @@ void Chart::Ring(double x, double y, Colour colour) {
 void Chart::ArrowUp(double x, const std::string& text, Colour colour) {
     constexpr double half_head = 60;
     constexpr double head = 105;
-    const double tip = m_plot.Top + kGap / 2;
+    const double tip = m_plot.Top + kChartGap / 2;
     m_picture.DrawWidth = 2;
     m_picture.Line(ToX(x), tip + m_line, ToX(x), tip, colour);
     m_picture.Describe(text);
@@ -108,7 +102,7 @@ void Chart::ArrowUp(double x, const std::string& text, Colour colour) {
     m_picture.DrawWidth = 1;
     m_labels.Take({ToX(x) - half_head, tip, ToX(x) + half_head, tip + m_line});
     const double width = m_picture.WidthOf(text, m_font);
-    for (const double left : {ToX(x) + kGap, ToX(x) - kGap - width, ToX(x) - width / 2}) {
+    for (const double left : {ToX(x) + kChartGap, ToX(x) - kChartGap - width, ToX(x) - width / 2}) {
         for (const double top : {tip, tip + m_line, tip + 2 * m_line}) {
             if (m_labels.TryTake({left, top, left + width, top + m_line})) {
                 m_picture.Text(left, top, text, m_font, colour);
@@ -124,9 +118,10 @@ bool Chart::Label(double x, double y, const std::string& text, Colour colour, bo
     const Font font = m_picture.PageFont(0, bold);
     const double width = m_picture.WidthOf(text, font);
     for (int step = 0; step < most_steps; ++step) {
-        const double away = kGap + step * m_line / 2;
+        const double away = kChartGap + step * m_line / 2;
         for (const double top : {ToY(y) + away, ToY(y) - away - m_line}) {
-            for (const double left : {ToX(x) + kGap, ToX(x) - kGap - width, ToX(x) - width / 2}) {
+            for (const double left :
+                 {ToX(x) + kChartGap, ToX(x) - kChartGap - width, ToX(x) - width / 2}) {
                 if (m_labels.TryTake({left, top, left + width, top + m_line})) {
                     m_picture.Text(left, top, text, font, colour);
                     return true;

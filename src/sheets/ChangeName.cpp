@@ -70,7 +70,7 @@ std::string RowsName(const NamedTable& table, const TableRows& before, const Tab
     return Counted("Change", before.size() - same, table, rows.First);
 }
 
-bool IsCount(const SheetColumn& column) {
+bool IsTotal(const SheetColumn& column) {
     return column.Place == GenColumn::Tasks || column.Place == GenColumn::Resources;
 }
 
@@ -87,7 +87,7 @@ std::string ParametersName(const TableRows& before, const TableRows& after) {
     }
     std::string name;
     for (const SheetColumn& column : GeneralColumns()) {
-        if (!IsCount(column) && before[0].at(column.Place) != after[0].at(column.Place)) {
+        if (!IsTotal(column) && before[0].at(column.Place) != after[0].at(column.Place)) {
             name = name.empty() ? "Change " + InText(column.Caption) : "Change parameters";
         }
     }

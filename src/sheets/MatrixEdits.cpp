@@ -53,10 +53,6 @@ class PairSetter {
     CellEdit m_edit;
 };
 
-std::int64_t NumberAt(std::size_t place) {
-    return static_cast<std::int64_t>(place) + 1;
-}
-
 bool PairSetter::Exists(std::size_t row, std::size_t column) const {
     return row < m_edit.Tables.Tasks.size() && column < m_edit.Tables.Resources.size() &&
            m_tasks.contains(NumberAt(row)) && m_resources.contains(NumberAt(column));

@@ -10,10 +10,6 @@ namespace quarnel02 {
 
 namespace {
 
-std::int64_t NumberAt(std::size_t place) {
-    return static_cast<std::int64_t>(place) + 1;
-}
-
 bool IsAboveZero(const Value& value) {
     const auto* number = std::get_if<double>(&value);
     return number != nullptr && *number > 0;

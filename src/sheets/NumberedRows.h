@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -11,6 +12,11 @@ namespace quarnel02 {
 
 /// Place of the number in a row of Tasks and of Resources.
 constexpr std::size_t kNumberPlace = 0;
+
+/// The number of the record at a place of a list.
+constexpr std::int64_t NumberAt(std::size_t place) {
+    return static_cast<std::int64_t>(place) + 1;
+}
 
 TableRows& RowsOf(InputTables& tables, RecordKind kind);
 const TableRows& RowsOf(const InputTables& tables, RecordKind kind);

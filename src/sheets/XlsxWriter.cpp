@@ -47,7 +47,7 @@ bool IsKept(double number) {
 }
 
 /// A text that reads back to the number.
-std::string ExactText(double number) {
+std::string AllDigits(double number) {
     constexpr int all_digits = 17;
     return Digits(number, all_digits);
 }
@@ -85,7 +85,7 @@ lxw_error XlsxSheet::WriteCell(lxw_row_t row, lxw_col_t column, const Value& val
     }
     if (const auto* real = std::get_if<double>(&value)) {
         return IsKept(*real) ? worksheet_write_number(m_target, row, column, *real, format)
-                             : WriteText(row, column, ExactText(*real), format);
+                             : WriteText(row, column, AllDigits(*real), format);
     }
     const auto* text = std::get_if<std::string>(&value);
     return text == nullptr ? LXW_NO_ERROR : WriteText(row, column, *text, format);

@@ -17,7 +17,7 @@ namespace {
 
 constexpr Colour kCurve{0, 0, 127};
 constexpr Colour kGuide{200, 215, 235};
-constexpr Colour kChosen{200, 0, 0};
+constexpr Colour kChosenInk{200, 0, 0};
 
 /// A capacity from which on a demand needs a shift less.
 struct ShiftGuide {
@@ -199,11 +199,12 @@ void DrawCosts(Picture& picture, const ExpectedCosts& costs) {
                           {span.Low, span.High, "Dollars per year", false, true},
                           {},
                           {}});
-    chart.Ring(costs.Capacity, costs.Cost, kChosen);
+    chart.Ring(costs.Capacity, costs.Cost, kChosenInk);
     picture.Describe("The cheapest capacity, " + Format(costs.Capacity, "#,##0") + ": " +
                      Format(costs.Cost, "$#,##0") + " a year");
     chart.Label(costs.Capacity, costs.Cost,
-                ThousandsText(costs.Capacity) + ": " + Format(costs.Cost, "$#,##0"), kChosen, true);
+                ThousandsText(costs.Capacity) + ": " + Format(costs.Cost, "$#,##0"), kChosenInk,
+                true);
     for (const Cliff& cliff : CliffsOf(costs, chart.Highest())) {
         chart.ArrowUp((cliff.From + cliff.To) / 2,
                       "up to " + ShortDollars(cliff.Dearest) + " (penalty)", kCurve);

@@ -117,7 +117,7 @@ std::string PlainText(double value) {
     return value < whole_from ? NumberText(static_cast<float>(value)) : Format(value, "###0");
 }
 
-std::string VolumeText(float volume) {
+std::string PlainVolume(float volume) {
     const double decimal = DecimalOfSingle(volume);
     return decimal == std::floor(decimal) ? Format(decimal, "###0") : NumberText(decimal);
 }
@@ -132,7 +132,7 @@ std::string ReportText(const StochasticLine& line) {
         if (outcome.Point.Probability == 0) {
             continue;
         }
-        printer.Print("Demand:     ", VolumeText(outcome.Point.Volume));
+        printer.Print("Demand:     ", PlainVolume(outcome.Point.Volume));
         printer.Print("Shifts:     ", NumberText(outcome.Shifts));
         printer.Print("Total Cost: ", Dollars(outcome.TotalCost, "$#,###"));
         printer.Print("Penalty:    ", PlainText(outcome.Penalty));

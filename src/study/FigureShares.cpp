@@ -10,7 +10,7 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr double kPercent = 0.01;
+constexpr double kOnePercent = 0.01;
 constexpr int kMostTimes = 10;
 
 }  // namespace
@@ -22,7 +22,7 @@ StepSpan StepsOf(const LineModel& model, const ModelFigure& figure) {
         span.From = kStepsOfToday / kMostTimes;
     }
     if (figure.Kind == FigureKind::UpTime) {
-        const double most = kStepsOfToday / (ValueOf(model, figure) * kPercent);
+        const double most = kStepsOfToday / (ValueOf(model, figure) * kOnePercent);
         span.To = static_cast<int>(std::clamp(most, double{kStepsOfToday}, double(span.To)));
     }
     return span;
@@ -43,7 +43,7 @@ SharedCost::SharedCost(const Production& production, const Resource& resource, d
     m_available = hours * kSecondsPerHour / units;
     m_transport = shared(FigureKind::TransportTime, production.TransportTime);
     m_toolChange = shared(FigureKind::ToolChange, resource.ToolChange);
-    m_upTime = shared(FigureKind::UpTime, resource.UpTime) * kPercent;
+    m_upTime = shared(FigureKind::UpTime, resource.UpTime) * kOnePercent;
     m_times = figure == FigureKind::TaskTimes ? share : 1;
     m_fixedCost = shared(FigureKind::FixedCost, resource.FixedCost);
     m_capital = shared(FigureKind::ICF, resource.ICF) * shared(FigureKind::ACF, production.ACF);

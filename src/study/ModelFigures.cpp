@@ -10,7 +10,7 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr double kToday = 100;  ///< percent
+constexpr double kPercentOfToday = 100;
 
 struct ParameterField {
     FigureKind Kind;
@@ -94,7 +94,7 @@ double ValueOf(const LineModel& model, const ModelFigure& figure) {
         return model.Parameters().*ParameterOf(figure.Kind).Field;
     }
     const auto field = ResourceFieldOf(figure.Kind).Field;
-    return field == nullptr ? kToday : model.ResourceOf(figure.Resource).*field;
+    return field == nullptr ? kPercentOfToday : model.ResourceOf(figure.Resource).*field;
 }
 
 LineModel WithValue(const LineModel& model, const ModelFigure& figure, double value) {
@@ -106,7 +106,7 @@ LineModel WithValue(const LineModel& model, const ModelFigure& figure, double va
     } else if (const auto field = ResourceFieldOf(figure.Kind).Field; field != nullptr) {
         resources[static_cast<std::size_t>(figure.Resource) - 1].*field = value;
     } else {
-        factor = value / kToday;
+        factor = value / kPercentOfToday;
     }
     return {std::move(production),
             std::move(resources),

@@ -8,13 +8,13 @@
 #include <utility>
 
 #include "line/CostModel.h"
+#include "line/WorkTime.h"
 #include "study/VolumePieces.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr std::int16_t kMostShifts = 3;
 constexpr double kCurveWork = 0.6;  ///< share of the work that makes curves
 
 /// Whether one number of shifts is cheaper than another.

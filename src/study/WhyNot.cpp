@@ -8,14 +8,13 @@
 #include "line/CostModel.h"
 #include "line/Demand.h"
 #include "line/ResourceCurve.h"
+#include "line/WorkTime.h"
 #include "study/FigureText.h"
 #include "study/LargestVolume.h"
 
 namespace quarnel02 {
 
 namespace {
-
-constexpr std::int16_t kMostShifts = 3;
 
 /// Whenever there is a line there is one with a station for every task, because no station needs
 /// less time for a task than one that does nothing else. So tasks can be looked at one by one.
@@ -111,7 +110,7 @@ std::optional<std::int16_t> FewestShifts(const LoneTasks& tasks, FixedDemandRequ
 }
 
 /// "Task 3", "Tasks 3, 4 and 7".
-std::string TasksText(const std::vector<int>& tasks) {
+std::string TasksInWords(const std::vector<int>& tasks) {
     std::string text = tasks.size() == 1 ? "Task " : "Tasks ";
     for (std::size_t place = 0; place < tasks.size(); ++place) {
         const bool last = place + 1 == tasks.size();
@@ -124,7 +123,7 @@ std::string ImpossibleText(const WhyNot& why) {
     if (why.ImpossibleTasks.empty()) {
         return {};
     }
-    return TasksText(why.ImpossibleTasks) + ": no resource can do " +
+    return TasksInWords(why.ImpossibleTasks) + ": no resource can do " +
            (why.ImpossibleTasks.size() == 1 ? "it" : "them") +
            ". Enter a task time in the matrix.\n";
 }
@@ -132,11 +131,11 @@ std::string ImpossibleText(const WhyNot& why) {
 std::string CannotText(const WhyNot& why, const FixedDemandRequest& request) {
     std::string text = ImpossibleText(why);
     if (!why.OverloadedTasks.empty()) {
-        text += TasksText(why.OverloadedTasks) +
+        text += TasksInWords(why.OverloadedTasks) +
                 ": even 32,767 parallel stations are not enough for this volume.\n";
     }
     if (!why.ForbiddenTasks.empty()) {
-        text += TasksText(why.ForbiddenTasks) + ": only the station limit of " +
+        text += TasksInWords(why.ForbiddenTasks) + ": only the station limit of " +
                 NumberText(int{*request.StationLimit}) + " forbids it.\n";
     }
     return text;
@@ -194,7 +193,7 @@ std::string ExpectedWhyNotText(const WhyNot& why, const FixedDemandRequest& leas
     beyond.insert(beyond.end(), why.ForbiddenTasks.begin(), why.ForbiddenTasks.end());
     std::sort(beyond.begin(), beyond.end());
     if (!beyond.empty()) {
-        text += TasksText(beyond) + ": even " + Format(kMostInCurve, "#,###") +
+        text += TasksInWords(beyond) + ": even " + Format(kMostInCurve, "#,###") +
                 " parallel stations are not enough for the lowest volume of the demand, " +
                 FigureText(least.Volume) + " units per year.\n";
     }
