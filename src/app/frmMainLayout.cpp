@@ -7,7 +7,7 @@
 #include <QStatusBar>
 #include <algorithm>
 
-#include "app/DemandColumns.h"
+#include "app/DemandListColumns.h"
 #include "app/frmMain.h"
 #include "ui_frmMain.h"
 #include "widgets/Contrast.h"
@@ -19,7 +19,7 @@ void frmMain::LayOut() {
     m_ui->picArc->SetZoomable(true);
     m_ui->chkFitWidth->setChecked(true);
     m_ui->lstDemand->setMinimumHeight(4 * fontMetrics().lineSpacing());
-    m_ui->lstDemand->setItemDelegate(new DemandColumns(m_ui->lstDemand));
+    m_ui->lstDemand->setItemDelegate(new DemandListColumns(m_ui->lstDemand));
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         new QShortcut(key, m_ui->chkFitWidth, m_ui->chkFitWidth, &QCheckBox::click,
                       Qt::WidgetShortcut);

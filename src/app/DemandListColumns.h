@@ -5,7 +5,7 @@
 namespace quarnel02 {
 
 /// Paints the lines of the demand list, "12,500:  25%", as two columns that end under one another.
-class DemandColumns : public QStyledItemDelegate {
+class DemandListColumns : public QStyledItemDelegate {
     Q_OBJECT
 
   public:

@@ -1,4 +1,4 @@
-#include "app/DemandColumns.h"
+#include "app/DemandListColumns.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -6,7 +6,7 @@
 namespace quarnel02 {
 
 /// The style paints the line without its text; volume and probability end at 48 and 92 % of it.
-void DemandColumns::paint(QPainter* painter, const QStyleOptionViewItem& option,
+void DemandListColumns::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const {
     constexpr double volume_end = 0.48;
     constexpr double probability_end = 0.92;
