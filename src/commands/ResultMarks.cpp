@@ -1,8 +1,6 @@
 #include "commands/ResultMarks.h"
 
 #include <algorithm>
-#include <array>
-#include <ctime>
 
 #include "basic/NumberFormat.h"
 #include "model/InputDigest.h"
@@ -11,14 +9,6 @@
 namespace quarnel02 {
 
 namespace {
-
-std::string TimeText(std::chrono::system_clock::time_point time) {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    std::array<char, 32> text{};
-    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &local)};
-}
 
 /// "6 ms", "1.2 s", "75 s"; at least a millisecond.
 std::string DurationText(std::chrono::system_clock::duration duration) {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <exception>
+#include <vector>
 
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
@@ -70,6 +71,19 @@ std::string LeftOutText(LineEnd end) {
            NumberText(end.LastTask + 1) + " to " + NumberText(end.Tasks) + " within the limits.";
 }
 
+/// The stations of the line that the pathways in state 4 are.
+std::vector<StationGroup> ChosenGroups(const Database& database) {
+    RecordSet rows = database.OpenRecordSet(
+        "SELECT Pathways.ResourceId, Arcs.TaskStart, Arcs.TaskEnd, Pathways.Stations FROM Pathways "
+        "INNER JOIN Arcs ON Pathways.ArcId = Arcs.ArcId WHERE Pathways.Feasible = 4 ORDER BY "
+        "Arcs.TaskStart;");
+    std::vector<StationGroup> groups;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        groups.push_back({rows.Integer(0), rows.Integer(1), rows.Integer(2) - 1, rows.Integer(3)});
+    }
+    return groups;
+}
+
 /// The search has ended with a line. The report comes last: another program shows it.
 void ShowLine(MainForm& form, const Database& database, const LineModel& model,
               const FixedDemandOrder& order, LineEnd end) {
@@ -78,6 +92,7 @@ void ShowLine(MainForm& form, const Database& database, const LineModel& model,
     form.LastDesign = NewDesign(database, DesignCaption(order.Request, end),
                                 form.Text(TextBox::txtProduct), order.Request);
     form.LastDesign->Cost = cost;
+    form.LastDesign->Line = DesignedLine{model, ChosenGroups(database)};
     OpenReport(form.Copy(), kRunReport, form);
     if (end.LeavesTasksOut()) {
         form.ShowMessage(LeftOutText(end), MessageIcon::Critical);

@@ -4,11 +4,22 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "line/FixedDemand.h"
+#include "line/LineModel.h"
+#include "line/StationGroup.h"
+#include "line/StochasticLine.h"
 #include "model/Database.h"
 
 namespace quarnel02 {
+
+/// A line and the model that it was designed for, which may have been changed since.
+struct DesignedLine {
+    LineModel Model;
+    std::vector<StationGroup> Groups;             ///< in the order of the tasks
+    std::optional<StochasticLine> Expected = {};  ///< of a stochastic design
+};
 
 /// The design whose results the form shows, and what it was made from.
 struct DesignMade {
@@ -20,7 +31,11 @@ struct DesignMade {
     std::optional<FixedDemandRequest> Request = {};
     std::string Cost = {};                          ///< a year, as the report says it: "$202,004"
     std::chrono::system_clock::duration Took = {};  ///< the work, without questions to the planner
+    std::optional<DesignedLine> Line = {};
 };
+
+/// "2026-11-21 10:05", local time.
+std::string TimeText(std::chrono::system_clock::time_point time);
 
 /// A design that has just been made of the database as it is. Throws what the store reports.
 DesignMade NewDesign(const Database& database, const std::string& caption,

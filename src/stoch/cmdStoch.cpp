@@ -2,11 +2,14 @@
 
 #include <cmath>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "fixed/DrawLinks.h"
 #include "shell/Demand.h"
+#include "shell/LoadLineModel.h"
 #include "shell/ModelCheck.h"
 #include "shell/Reports.h"
 
@@ -60,6 +63,17 @@ StochasticOutcome Design(MainForm& form, const Database& database,
                          form);
 }
 
+std::optional<DesignedLine> DesignedLineOf(LineModel model, const StochasticOutcome& outcome) {
+    if (!outcome.Line) {
+        return std::nullopt;
+    }
+    std::vector<StationGroup> groups;
+    for (const ExpectedGroup& each : outcome.Line->Groups) {
+        groups.push_back(each.Group);
+    }
+    return DesignedLine{std::move(model), std::move(groups), outcome.Line};
+}
+
 }  // namespace
 
 StochasticOutcome cmdStoch_Click(MainForm& form,
@@ -78,6 +92,7 @@ StochasticOutcome cmdStoch_Click(MainForm& form,
                                     form.Text(TextBox::txtProduct));
         form.LastDesign->Cost = outcome.CostText + " expected";
         form.LastDesign->Took = outcome.Took;
+        form.LastDesign->Line = DesignedLineOf(LoadLineModel(database), outcome);
         OpenReport(form.Copy(), kProductionReport, form);
     }
     database.Close();  // ending the program cleans nothing up
