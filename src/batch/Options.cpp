@@ -47,6 +47,10 @@ constexpr std::array kValueOptions = {
                 &Options::KeepRunFiles},
     ValueOption{"--out", "Directory in which to leave the report as well", "DIR",
                 &Options::OutDirectory},
+    ValueOption{"--pdf",
+                "Write the report with its pictures to this file, as PDF; needs the desktop "
+                "package",
+                "FILE", &Options::Pdf},
     ValueOption{"--save", "Write the solved model to this file, never over MODEL", "FILE",
                 &Options::SaveAs},
     ValueOption{"--from", "First annual volume of a study of volumes; without it, 1", "A",
@@ -149,7 +153,7 @@ void RequireStudy(const CLI::App& app, const StudyOptions& study) {
 
 /// Each of several models would write over the results of the one before.
 void RequireOneModel(const CLI::App& app, const Options& options) {
-    for (const char* option : {"--out", "--save", "--keep-run-files"}) {
+    for (const char* option : {"--out", "--pdf", "--save", "--keep-run-files"}) {
         if (options.Models.size() > 1 && IsGiven(app, option)) {
             RefuseTogether(option, "several models", " Solve them one by one.");
         }

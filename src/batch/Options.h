@@ -27,6 +27,7 @@ struct Options {
     bool Pictures = false;
     std::optional<std::string> OutDirectory;
     std::optional<std::string> KeepRunFiles;
+    std::optional<std::string> Pdf;
     std::optional<std::string> SaveAs;
 };
 

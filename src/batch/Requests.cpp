@@ -55,6 +55,9 @@ std::vector<SolveRequest> RequestsOf(const Options& options) {
     request.OutDirectory = options.OutDirectory;
     request.Pictures = options.Pictures;
     request.KeepRunFiles = options.KeepRunFiles;
+    if (options.Pdf) {
+        request.Pdf = PdfOrder{*options.Pdf, {}};
+    }
     request.SaveAs = options.SaveAs;
     request.SaveFormat = SaveFormatOf(options);
     std::vector<SolveRequest> requests;

@@ -1,5 +1,7 @@
 #include "batch/Results.h"
 
+#include <chrono>
+#include <cstdlib>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -8,6 +10,7 @@
 #include "basic/RunTimeError.h"
 #include "files/SaveModel.h"
 #include "picture/SvgWriter.h"
+#include "report/ComposeReport.h"
 #include "shell/Reports.h"
 
 namespace fs = std::filesystem;
@@ -18,6 +21,7 @@ namespace {
 
 constexpr const char* kOut = "--out";
 constexpr const char* kKeep = "--keep-run-files";
+constexpr const char* kPdf = "--pdf";
 constexpr const char* kSave = "--save";
 
 using Pictures = std::vector<std::pair<const char*, const Picture*>>;
@@ -96,20 +100,45 @@ void RequireEmptyForRunFiles(const SolveRequest& request) {
     }
 }
 
-/// Saving also removes journals, and what killed programs have left, beside the saved file.
-void SpareModelFromSaving(const SolveRequest& request) {
-    if (!request.SaveAs) {
-        return;
-    }
+/// Replacing a file also removes journals, and what killed programs have left, beside it.
+void SpareModelFromReplacing(const char* option, const fs::path& file,
+                             const SolveRequest& request) {
     for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-        RequireOther(kSave, request.SaveAs->string() + suffix, request);
+        RequireOther(option, file.string() + suffix, request);
     }
     std::error_code ignored;
     const fs::path real = fs::canonical(request.Model, ignored);
     if (real.filename().string().starts_with(".quarnel02-")) {
         throw RunTimeError(ErrorKind::FileAccess, PathText(request.Model) +
-                                                      " has the name of a temporary file, which "
-                                                      "--save may remove. Rename it first.");
+                                                      " has the name of a temporary file, which " +
+                                                      option + " may remove. Rename it first.");
+    }
+}
+
+void SpareModelFromSaving(const SolveRequest& request) {
+    if (request.SaveAs) {
+        SpareModelFromReplacing(kSave, *request.SaveAs, request);
+    }
+}
+
+/// A document that cannot be written is known before the solve, as far as that can be.
+void SpareModelFromPdf(const SolveRequest& request) {
+    if (!request.Pdf) {
+        return;
+    }
+    const fs::path& file = request.Pdf->File;
+    SpareModelFromReplacing(kPdf, file, request);
+    const fs::path directory = fs::absolute(file).parent_path();
+    if (KindOfFile(directory) != FileKind::Directory) {
+        throw RunTimeError(ErrorKind::FileNotFound,
+                           std::string(kPdf) + " " + PathText(file) +
+                               " cannot be written: there is no directory " + PathText(directory) +
+                               ". Make it first, or name another file.");
+    }
+    if (request.SaveAs && fs::weakly_canonical(file) == fs::weakly_canonical(*request.SaveAs)) {
+        throw RunTimeError(ErrorKind::FileAccess, std::string(kPdf) + " and " + kSave +
+                                                      " name the same file, " + PathText(file) +
+                                                      ". Name two.");
     }
 }
 
@@ -127,10 +156,28 @@ void WriteResults(const BatchForm& form, const SolveRequest& request, const std:
     }
 }
 
+/// The time that SOURCE_DATE_EPOCH asks for, so that what is built again is the same; else now.
+std::chrono::system_clock::time_point ReportTime() {
+    const char* asked = std::getenv("SOURCE_DATE_EPOCH");
+    return asked == nullptr ? std::chrono::system_clock::now()
+                            : std::chrono::system_clock::from_time_t(std::atoll(asked));
+}
+
+void WritePdf(BatchForm& form, const SolveRequest& request) {
+    if (!request.Pdf) {
+        return;
+    }
+    const auto now = ReportTime();
+    form.LastDesign->When = now;
+    const Document document = ComposeReport(form, {PathText(request.Model.filename()), false, now});
+    WriteWhole(request.Pdf->File, request.Pdf->Make(document));
+}
+
 }  // namespace
 
 void RequireModelSpared(const SolveRequest& request) {
     SpareModelFromSaving(request);
+    SpareModelFromPdf(request);
     SpareModelFromReports(request);
     RequireEmptyForRunFiles(request);
 }
@@ -149,6 +196,7 @@ SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std
     }
     SolveOutcome outcome{ReadFile(file), form.Messages(), ""};
     WriteResults(form, request, report, outcome.Report);
+    WritePdf(form, request);
     if (request.SaveAs && outcome.Messages.empty()) {
         SaveModel(form.Copy().Path(), *request.SaveAs, request.SaveFormat.value_or(format));
     }

@@ -17,9 +17,9 @@ void RequireModelSpared(const SolveRequest& request);
 void MakeRunFileDirectory(const SolveRequest& request);
 
 /// What a solve has come to, from its messages and the report file `report` in the application
-/// directory: a report with messages is one of a line that is not whole. Leaves report and pictures
-/// of any line, and the solved model of a whole one, where they were asked for; that in `format`,
-/// the model's own, unless another was asked for. Throws FileAccess.
+/// directory: a report with messages is one of a line that is not whole. Leaves report, pictures
+/// and PDF document of any line, and the solved model of a whole one, where they were asked for;
+/// that in `format`, the model's own, unless another was asked for. Throws FileAccess.
 SolveOutcome TakeOutcome(BatchForm& form, const SolveRequest& request, const std::string& report,
                          ModelFormat format);
 

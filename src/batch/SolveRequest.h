@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "files/ModelFormat.h"
+#include "report/Document.h"
 
 namespace quarnel02 {
 
@@ -24,6 +26,14 @@ struct StudyOrder {
     std::optional<std::string> Share;  ///< of sensitivity, percent; else 10
 };
 
+/// Turns a document into the bytes of a PDF file.
+using PdfMaker = std::function<std::string(const Document&)>;
+
+struct PdfOrder {
+    std::filesystem::path File;
+    PdfMaker Make;
+};
+
 /// One run of the batch program.
 struct SolveRequest {
     std::filesystem::path Model;
@@ -39,6 +49,7 @@ struct SolveRequest {
     std::optional<std::filesystem::path> OutDirectory;  ///< where the report is left too
     bool Pictures = false;                              ///< leave the pictures there as well
     std::optional<std::filesystem::path> KeepRunFiles;  ///< where run files are kept
+    std::optional<PdfOrder> Pdf;                        ///< report of a line as a document
     std::optional<std::filesystem::path> SaveAs;        ///< where the solved model is written
     std::optional<ModelFormat> SaveFormat;              ///< in which format; else the model's own
 };

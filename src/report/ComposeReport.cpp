@@ -14,7 +14,7 @@ namespace quarnel02 {
 namespace {
 
 // Heights of pictures on paper, in widths.
-constexpr double kNetworkShape = 0.55;
+constexpr double kNetworkShape = 0.36;
 constexpr double kLineShape = 0.4;
 constexpr double kChartShape = 0.45;
 

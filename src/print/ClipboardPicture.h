@@ -1,0 +1,11 @@
+#pragma once
+
+#include "picture/Picture.h"
+
+namespace quarnel02 {
+
+/// Puts a picture on the clipboard: what a line printer wrote as text, a drawing as an image and as
+/// SVG, from which the program that takes it chooses.
+void CopyPicture(const Picture& picture);
+
+}  // namespace quarnel02

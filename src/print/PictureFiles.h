@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QImage>
+#include <string>
+
+#include "picture/Picture.h"
+
+namespace quarnel02 {
+
+// A picture as a file, on white paper and with the letters of files. It has the shape in which it
+// is shown; one that is shown small is laid out larger, so that its labels have room.
+
+/// Pixels, `scale` to a pixel of 15 twips.
+QImage PaperImage(const Picture& picture, double scale);
+std::string PngOf(const Picture& picture, double scale);
+std::string SvgOf(const Picture& picture);
+/// One page of the picture's size.
+std::string PdfOf(const Picture& picture, const std::string& title);
+
+}  // namespace quarnel02

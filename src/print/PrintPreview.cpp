@@ -1,0 +1,28 @@
+#include "print/PrintPreview.h"
+
+#include <QMarginsF>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QScreen>
+
+#include "print/PrintDocument.h"
+
+namespace quarnel02 {
+
+void ShowPrintPreview(QWidget* parent, const Document& document) {
+    constexpr double share_of_screen = 0.85;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPageMargins(QMarginsF(kPaperMargin, kPaperMargin, kPaperMargin, kPaperMargin),
+                           QPageLayout::Millimeter);
+    printer.setDocName(QString::fromStdString(document.Title));
+    QPrintPreviewDialog preview(&printer, parent);
+    preview.setWindowTitle(QStringLiteral("Print preview - ") +
+                           QString::fromStdString(document.Title));
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                     [&document](QPrinter* paper) { PrintDocument(document, *paper); });
+    preview.resize(preview.screen()->availableSize() * share_of_screen);
+    preview.exec();
+}
+
+}  // namespace quarnel02

@@ -1,0 +1,80 @@
+// The pages before they are printed.
+#include "print/PrintPreview.h"
+
+#include <gmock/gmock.h>
+
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QTest>
+
+#include "app/Answers.h"
+#include "basic/Files.h"
+#include "print/PrintDocument.h"
+#include "support/ProgramRun.h"
+
+namespace quarnel02 {
+namespace {
+
+using ::testing::HasSubstr;
+
+Document Lines(int lines) {
+    Document document{"Line design: Pump", "Pump", "2026-11-21 12:00", {}};
+    for (int line = 0; line < lines; ++line) {
+        document.Parts.emplace_back(ParagraphPart{"Line " + std::to_string(line)});
+    }
+    return document;
+}
+
+TEST(ShowPrintPreview, ShowsThePagesThatWillBePrinted) {
+    test::Answers dialogs;
+    int pages = 0;
+    QString title;
+    dialogs.Add([&](QDialog& dialog) {
+        title = dialog.windowTitle();
+        auto* preview = dialog.findChild<QPrintPreviewWidget*>();
+        ASSERT_NE(preview, nullptr);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return preview->pageCount() > 1; }));
+        pages = preview->pageCount();
+        dialog.reject();
+    });
+    ShowPrintPreview(nullptr, Lines(150));
+    EXPECT_GE(pages, 3);
+    EXPECT_EQ(title, "Print preview - Line design: Pump");
+}
+
+TEST(ShowPrintPreview, PrintsIntoAFileWithoutAPrinter) {
+    const TemporaryDirectory place;
+    const std::string file = (place.Path() / "printed.pdf").string();
+    test::Answers dialogs;
+    dialogs.Add([&](QDialog& dialog) {
+        auto* preview = dialog.findChild<QPrintPreviewWidget*>();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return preview->pageCount() > 0; }));
+        QPrinter& printer = *dynamic_cast<QPrintPreviewDialog&>(dialog).printer();
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(QString::fromStdString(file));
+        preview->print();
+        dialog.reject();
+    });
+    ShowPrintPreview(nullptr, Lines(3));
+    EXPECT_THAT(test::RunProgram({"pdftotext", file, "-"}).Out, HasSubstr("Line 2"));
+    EXPECT_THAT(test::RunProgram({"pdfinfo", file}).Out, HasSubstr("(A4)"));
+}
+
+TEST(PrintDocument, KeepsWithinOtherPaper) {
+    const TemporaryDirectory place;
+    const std::string file = (place.Path() / "printed.pdf").string();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString(file));
+    printer.setPageSize(QPageSize(QPageSize::A5));
+    printer.setPageOrientation(QPageLayout::Landscape);
+    const int pages = PrintDocument(Lines(40), printer);
+    EXPECT_GE(pages, 2);
+    EXPECT_THAT(test::RunProgram({"pdfinfo", file}).Out,
+                HasSubstr("Pages:           " + std::to_string(pages)));
+    EXPECT_THAT(test::RunProgram({"pdftotext", file, "-"}).Out, HasSubstr("Line 39"));
+}
+
+}  // namespace
+}  // namespace quarnel02
