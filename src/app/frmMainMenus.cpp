@@ -7,7 +7,7 @@
 #include "app/QtPaths.h"
 #include "app/frmGuide.h"
 #include "app/frmMain.h"
-#include "commands/LoadModel.h"
+#include "commands/TakeStep.h"
 #include "editors/frmMatrix.h"
 #include "editors/frmResource.h"
 #include "editors/frmTask.h"
@@ -62,17 +62,16 @@ void frmMain::ConnectFileMenu() {
 }
 
 void frmMain::ConnectEditMenu() {
-    const auto on = [this](QAction* action, void (*step)(EditHistory&)) {
+    const auto on = [this](QAction* action, HistoryStep step) {
         connect(action, &QAction::triggered, this, [this, step] {
             RunCommand([this, step] {
-                step(m_commands.History());
+                TakeStep(*this, m_commands.History(), step);
                 m_commands.Current().Changed = true;
-                ShowInputs(*this);
             });
         });
     };
-    on(m_ui->mnuEditUndo, [](EditHistory& history) { history.Undo(); });
-    on(m_ui->mnuEditRedo, [](EditHistory& history) { history.Redo(); });
+    on(m_ui->mnuEditUndo, &EditHistory::Undo);
+    on(m_ui->mnuEditRedo, &EditHistory::Redo);
 }
 
 /// An example is opened as an untitled copy: its file may belong to the system.
@@ -170,7 +169,9 @@ void frmMain::ShowGuide() {
 
 void frmMain::ShowStudy() {
     if (m_study == nullptr) {
-        m_study = new frmStudy(*this, History(), Current(), this);
+        m_study = new frmStudy(
+            *this, m_commands,
+            [this](const std::function<void()>& command) { return RunCommand(command); }, this);
         m_study->setWindowIcon(windowIcon());
         History().SetListener([this] { m_study->Look(); });
     }

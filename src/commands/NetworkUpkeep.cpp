@@ -8,7 +8,7 @@ namespace quarnel02 {
 NetworkUpkeep::NetworkUpkeep(MainForm& form) : m_form(form), m_inputs(Inputs()) {}
 
 std::uint64_t NetworkUpkeep::Inputs() const {
-    return InputDigest(m_form.OpenWorkingCopy());
+    return DesignDigest(m_form.OpenWorkingCopy());
 }
 
 void NetworkUpkeep::Rebuild() {

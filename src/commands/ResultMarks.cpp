@@ -33,7 +33,7 @@ void ResultMarks::NoteReport(const std::string& file) {
 
 void ResultMarks::Look() {
     if (m_form.LastDesign || !m_reports.empty()) {
-        m_inputs = InputDigest(m_form.OpenWorkingCopy());
+        m_inputs = DesignDigest(m_form.OpenWorkingCopy());
     }
 }
 

@@ -36,7 +36,7 @@ class ResultMarks {
 
     MainForm& m_form;
     std::map<std::string, std::uint64_t> m_reports;  ///< digest of what each was made from
-    std::uint64_t m_inputs = 0;                      ///< digest of the working copy
+    std::uint64_t m_inputs = 0;                      ///< DesignDigest of the working copy
 };
 
 /// "2 shifts, 60,000 units a year - Pump - 2026-11-21 10:05"; the time is local time.

@@ -34,14 +34,23 @@ void AddRows(Digest& digest, RecordSet& rows, const TableSchema& table) {
     }
 }
 
-}  // namespace
-
-std::uint64_t InputDigest(const Database& database) {
+Digest DigestOfLine(const Database& database) {
     Digest digest;
     for (const std::string table : {"Gen", "Tasks", "Resources", "Matrix", "Demand"}) {
         RecordSet rows = database.OpenRecordSet("SELECT * FROM " + table + ";");
         AddRows(digest, rows, *FindTable(table));
     }
+    return digest;
+}
+
+}  // namespace
+
+std::uint64_t DesignDigest(const Database& database) {
+    return DigestOfLine(database).Result();
+}
+
+std::uint64_t InputDigest(const Database& database) {
+    Digest digest = DigestOfLine(database);
     if (HasScenarios(database)) {
         RecordSet rows = database.OpenRecordSet("SELECT * FROM Scenarios;");
         if (!rows.Eof()) {  // without any the digest is that of older versions

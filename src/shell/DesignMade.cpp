@@ -17,7 +17,7 @@ std::string TimeText(std::chrono::system_clock::time_point time) {
 
 DesignMade NewDesign(const Database& database, const std::string& caption,
                      const std::string& product, const std::optional<FixedDemandRequest>& request) {
-    return {caption, product, std::chrono::system_clock::now(), InputDigest(database), request};
+    return {caption, product, std::chrono::system_clock::now(), DesignDigest(database), request};
 }
 
 }  // namespace quarnel02

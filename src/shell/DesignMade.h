@@ -26,7 +26,7 @@ struct DesignMade {
     std::string Caption;  ///< "2 shifts, 60,000 units a year" or "Capacity 84,000 units a year"
     std::string Product;
     std::chrono::system_clock::time_point When;
-    std::uint64_t Inputs;  ///< digest of the entered tables at that time
+    std::uint64_t Inputs;  ///< DesignDigest at that time
     /// What a fixed design was asked for; none of a stochastic one.
     std::optional<FixedDemandRequest> Request = {};
     std::string Cost = {};                          ///< a year, as the report says it: "$202,004"

@@ -2,9 +2,11 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "line/FixedDemand.h"
 #include "line/Pathways.h"
+#include "study/Scenarios.h"
 
 namespace quarnel02 {
 
@@ -23,6 +25,8 @@ std::string QuestionText(const StudyQuestion& question);
 struct StudyInput {
     std::shared_ptr<const PreparedLine> Line;
     StudyQuestion Question;
+    std::vector<Scenario> Scenarios = {};            ///< that the model keeps
+    std::shared_ptr<const DesignOrder> Opened = {};  ///< what the window first showed of the model
 
     [[nodiscard]] const LineModel& Model() const { return Line->Model; }
     /// Dollars per unit of unmet demand.

@@ -82,6 +82,10 @@ void StudyPage::ConnectParts() {
 void StudyPage::ShowContents() {
     m_computing = false;
     m_outOfDate = false;
+    Reveal();
+}
+
+void StudyPage::Reveal() {
     m_layout->setCurrentWidget(m_contents);
 }
 

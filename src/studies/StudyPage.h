@@ -62,6 +62,8 @@ class StudyPage : public QWidget {
     /// Shows the page, or a text in its place.
     void ShowContents();
     void ShowText(const std::string& text);
+    /// Shows the page although it may be out of date.
+    void Reveal();
     /// What the controls of the page ask for is another study.
     void Recompute();
 

@@ -9,9 +9,13 @@
 #include <QScreen>
 #include <algorithm>
 #include <exception>
+#include <utility>
 
+#include "model/InputDigest.h"
 #include "shell/LoadLineModel.h"
 #include "shell/ModelCheck.h"
+#include "shell/StoredScenarios.h"
+#include "studies/ScenarioStudy.h"
 #include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
 #include "ui_frmStudy.h"
@@ -24,12 +28,12 @@ constexpr int kPause = 300;  ///< ms
 
 }  // namespace
 
-frmStudy::frmStudy(MainForm& form, const EditHistory& history, const CurrentModel& current,
-                   QWidget* parent)
+frmStudy::frmStudy(MainForm& form, FileCommands& commands, Runner run, QWidget* parent)
     : QWidget(parent, Qt::Window),
       m_form(form),
-      m_history(history),
-      m_current(current),
+      m_history(commands.History()),
+      m_current(commands.Current()),
+      m_run(std::move(run)),
       m_ui(std::make_unique<Ui::frmStudy>()) {
     m_ui->setupUi(this);
     LayOut();
@@ -43,7 +47,8 @@ frmStudy::frmStudy(MainForm& form, const EditHistory& history, const CurrentMode
 frmStudy::~frmStudy() = default;
 
 std::vector<StudyPage*> frmStudy::Pages() const {
-    return {m_ui->pagLine, m_ui->pagVolumes, m_ui->pagAlternatives, m_ui->pagSensitivity};
+    return {m_ui->pagLine, m_ui->pagVolumes, m_ui->pagAlternatives, m_ui->pagSensitivity,
+            m_ui->pagScenarios};
 }
 
 StudyPage& frmStudy::CurrentPage() const {
@@ -111,10 +116,36 @@ void frmStudy::ConnectPages() {
         Save(m_ui->tabStudy->tabText(m_ui->tabStudy->currentIndex()),
              {TablesOfPage(), pictures.empty() ? nullptr : &pictures.front()->Shown()});
     });
+    connect(m_ui->pagScenarios, &ScenariosPage::Edited, this, &frmStudy::StoreScenarios);
+    AddStep(QKeySequence::Undo, &EditHistory::Undo);
+    AddStep(QKeySequence::Redo, &EditHistory::Redo);
     auto* close_window = new QAction(this);
     close_window->setShortcuts({QKeySequence::Close, QKeySequence(Qt::Key_Escape)});
     connect(close_window, &QAction::triggered, this, &QWidget::close);
     addAction(close_window);
+}
+
+void frmStudy::AddStep(QKeySequence::StandardKey key, HistoryStep step) {
+    auto* action = new QAction(this);
+    action->setShortcuts(key);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [this, step] {
+        m_run([this, step] {
+            TakeStep(m_form, m_history, step);
+            m_current.Changed = true;
+        });
+    });
+}
+
+void frmStudy::StoreScenarios(const std::string& step, const std::vector<Scenario>& scenarios) {
+    const bool stored = m_run([&] {
+        WriteScenarios(m_form.OpenWorkingCopy(), scenarios);
+        m_current.Changed = true;
+        m_history.Note(step);
+    });
+    if (!stored) {
+        m_ui->pagScenarios->ShowStored();
+    }
 }
 
 void frmStudy::Look() {
@@ -122,13 +153,34 @@ void frmStudy::Look() {
         return;
     }
     const bool other_file = TakeFile();
-    const bool other_model = TakeModel();
+    const Change change = TakeModel();
     const bool other_design = TakeDesign();
-    if (other_file || other_model) {
+    const bool other_line = other_file || change == Change::Line;
+    if (other_line) {
         ProposeQuestion();
+        NoteOpened(other_file);
     }
-    if (other_file || other_model || other_design) {
+    if (other_line || other_design) {
         HandOn();
+    } else if (change == Change::Scenarios) {
+        HandOnTo(*m_ui->pagScenarios);
+        m_pause.start();
+    }
+}
+
+/// What KeepPresent compares with: the model as the window first showed it, as long as it has the
+/// same resources.
+void frmStudy::NoteOpened(bool otherFile) {
+    const auto names = [](const LineModel& model) {
+        std::vector<std::string> all;
+        for (const Resource& resource : model.Resources()) {
+            all.push_back(resource.ShortName);
+        }
+        return all;
+    };
+    if (m_line && (otherFile || !m_opened || names(m_opened->Model) != names(m_line->Model))) {
+        m_opened = std::make_shared<const DesignOrder>(
+            OrderOf({m_line, m_ui->barQuestion->Question(), {}, {}}));
     }
 }
 
@@ -145,23 +197,29 @@ bool frmStudy::TakeFile() {
     return true;
 }
 
-bool frmStudy::TakeModel() {
+frmStudy::Change frmStudy::TakeModel() {
     const std::uint64_t inputs = m_history.Digest();
     if (m_inputs == inputs) {
-        return false;
+        return Change::None;
     }
     m_inputs = inputs;
-    m_line.reset();
     try {
-        ReadModel();
+        const Database database = m_form.OpenWorkingCopy();
+        m_scenarios = ReadScenarios(database);
+        const auto before = std::exchange(m_lineInputs, DesignDigest(database));
+        if (before == m_lineInputs) {
+            return Change::Scenarios;
+        }
+        m_line.reset();
+        ReadModel(database);
     } catch (const std::exception& error) {
+        m_line.reset();
         m_problem = error.what();
     }
-    return true;
+    return Change::Line;
 }
 
-void frmStudy::ReadModel() {
-    const Database database = m_form.OpenWorkingCopy();
+void frmStudy::ReadModel(const Database& database) {
     RequireUsableModel(database);
     LineModel model = LoadLineModel(database);
     if (model.TaskCount() == 0 || model.ResourceCount() == 0) {
@@ -211,16 +269,20 @@ std::string frmStudy::Obstacle() const {
 
 void frmStudy::HandOn() {
     for (StudyPage* page : Pages()) {
-        const bool asks_for_a_design = page != m_ui->pagVolumes;
-        const std::string obstacle =
-            !m_line ? m_problem : (asks_for_a_design ? Obstacle() : std::string());
-        if (m_line && obstacle.empty()) {
-            page->SetInput(StudyInput{m_line, m_ui->barQuestion->Question()});
-        } else {
-            page->SetInput(std::nullopt, obstacle);
-        }
+        HandOnTo(*page);
     }
     m_pause.start();
+}
+
+void frmStudy::HandOnTo(StudyPage& page) {
+    const bool asks_for_a_design = &page != m_ui->pagVolumes;
+    const std::string obstacle =
+        !m_line ? m_problem : (asks_for_a_design ? Obstacle() : std::string());
+    if (m_line && obstacle.empty()) {
+        page.SetInput(StudyInput{m_line, m_ui->barQuestion->Question(), m_scenarios, m_opened});
+    } else {
+        page.SetInput(std::nullopt, obstacle);
+    }
 }
 
 void frmStudy::ComputePage() {

@@ -4,13 +4,14 @@
 #include <QWidget>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "commands/CurrentModel.h"
-#include "commands/EditHistory.h"
+#include "commands/FileCommands.h"
+#include "commands/TakeStep.h"
 #include "shell/MainForm.h"
 #include "studies/SaveStudy.h"
 #include "studies/StudyPage.h"
@@ -28,9 +29,12 @@ class frmStudy : public QWidget {
     Q_DISABLE_COPY_MOVE(frmStudy)
 
   public:
+    /// Runs what an event does to the working copy, with messages for errors; false when it was not
+    /// done.
+    using Runner = std::function<bool(const std::function<void()>&)>;
+
     /// What it studies must live as long as it is shown.
-    frmStudy(MainForm& form, const EditHistory& history, const CurrentModel& current,
-             QWidget* parent);
+    frmStudy(MainForm& form, FileCommands& commands, Runner run, QWidget* parent);
     ~frmStudy() override;
 
     /// Takes over what has changed: the model, its file, the last design. To be called after every
@@ -42,15 +46,22 @@ class frmStudy : public QWidget {
     void hideEvent(QHideEvent* event) override;
 
   private:
+    /// What of the model has become another one since the last look.
+    enum class Change { None, Scenarios, Line };
+
     void LayOut();
     void LayOutCorner();
     void ConnectPages();
     bool TakeFile();
-    bool TakeModel();
+    Change TakeModel();
     bool TakeDesign();
-    void ReadModel();
+    void ReadModel(const Database& database);
     void ProposeQuestion();
+    void NoteOpened(bool otherFile);
     void HandOn();
+    void HandOnTo(StudyPage& page);
+    void AddStep(QKeySequence::StandardKey key, HistoryStep step);
+    void StoreScenarios(const std::string& step, const std::vector<Scenario>& scenarios);
     [[nodiscard]] std::string Obstacle() const;
     void ComputePage();
     void ShowState();
@@ -61,15 +72,19 @@ class frmStudy : public QWidget {
     [[nodiscard]] StudyPage& CurrentPage() const;
 
     MainForm& m_form;
-    const EditHistory& m_history;
-    const CurrentModel& m_current;
+    EditHistory& m_history;
+    CurrentModel& m_current;
+    Runner m_run;
     std::unique_ptr<Ui::frmStudy> m_ui;
     QTimer m_pause;  ///< from a change to computing
     std::optional<std::string> m_file;
-    std::optional<std::uint64_t> m_inputs;  ///< digest of what m_line was made of
+    std::optional<std::uint64_t> m_inputs;      ///< InputDigest of what was read
+    std::optional<std::uint64_t> m_lineInputs;  ///< DesignDigest of what m_line was made of
     std::optional<std::chrono::system_clock::time_point> m_design;
     bool m_chosen = false;  ///< the question is that of a design, or of the user
     std::shared_ptr<const PreparedLine> m_line;
+    std::shared_ptr<const DesignOrder> m_opened;
+    std::vector<Scenario> m_scenarios;
     std::string m_problem;  ///< why there is no line to study
 };
 

@@ -8,6 +8,7 @@
 #include "line/CheapestLine.h"
 #include "study/ExpectedDesigns.h"
 #include "study/LargestVolume.h"
+#include "study/ScenarioNames.h"
 #include "study/VolumePieces.h"
 
 namespace quarnel02 {
@@ -160,13 +161,17 @@ ScenarioOutcome OutcomeOf(const Scenario& scenario, const ScenarioOutcome& base,
         Design(outcome, watch);
     } catch (const RunTimeError& error) {
         outcome.Problem = error.what();
-        return outcome;
     }
+    return outcome;
+}
+
+void CompareOne(ScenarioOutcome& outcome, const ScenarioOutcome& base) {
+    outcome.Difference.reset();
     if (outcome.HasLine && base.HasLine) {
         outcome.Difference = static_cast<double>(outcome.Cost) - static_cast<double>(base.Cost);
     }
-    outcome.LineChanges = outcome.HasLine != base.HasLine || !SameLine(outcome.Table, base.Table);
-    return outcome;
+    outcome.LineChanges = outcome.Problem.empty() &&
+                          (outcome.HasLine != base.HasLine || !SameLine(outcome.Table, base.Table));
 }
 
 void AppendIfOther(std::vector<Difference>& differences, ScenarioTarget target,
@@ -207,22 +212,26 @@ std::vector<Difference> DifferencesBetween(const DesignOrder& base, const Design
     return differences;
 }
 
+void Compare(std::vector<ScenarioOutcome>& outcomes, std::size_t base) {
+    for (ScenarioOutcome& outcome : outcomes) {
+        CompareOne(outcome, outcomes[base]);
+    }
+}
+
 std::vector<ScenarioOutcome> SolveScenarios(const DesignOrder& base,
                                             std::span<const Scenario> scenarios,
                                             const StudyWatch& watch) {
     const auto all = static_cast<double>(scenarios.size() + 1);
     std::vector<ScenarioOutcome> outcomes(1);
-    outcomes.front().Name = "Base";
+    outcomes.front().Name = kBaseName;
     outcomes.front().Order = base;
     Design(outcomes.front(), watch.Part(0, 1 / all));
-    if (outcomes.front().HasLine) {
-        outcomes.front().Difference = 0;
-    }
     for (const Scenario& scenario : scenarios) {
         const auto done = static_cast<double>(outcomes.size());
         outcomes.push_back(
             OutcomeOf(scenario, outcomes.front(), watch.Part(done / all, (done + 1) / all)));
     }
+    Compare(outcomes, 0);
     return outcomes;
 }
 

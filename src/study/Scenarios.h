@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -49,9 +50,12 @@ struct ScenarioOutcome {
     double Capacity = 0;        ///< units per year in the shifts of CapacityShifts, whole
     double CapacityShifts = 0;  ///< per day
     std::optional<double>
-        Difference;            ///< of the cost to that of the base; none without a line there
+        Difference;            ///< of the cost to that of the base; none where one has no line
     bool LineChanges = false;  ///< resources, ranges of tasks or stations are not the base's
 };
+
+/// Makes Difference and LineChanges of all outcomes those to one of them.
+void Compare(std::vector<ScenarioOutcome>& outcomes, std::size_t base);
 
 /// The base, called "Base", and all scenarios side by side, in their order. The capacity of a fixed
 /// design is the largest whole volume that its line makes in its shifts. A scenario with a text

@@ -63,5 +63,14 @@ TEST(InputDigest, SeesWhatScenariosSay) {
               DigestAfter("INSERT INTO Scenarios VALUES ('More', 'Demand +11%');"));
 }
 
+TEST(DesignDigest, IsTheInputDigestWithoutScenarios) {
+    const auto digest_after = [](const std::string& change) {
+        return DesignDigest(TestModel(kModel + change).Open());
+    };
+    EXPECT_EQ(digest_after("INSERT INTO Scenarios VALUES ('More', 'Demand +10%');"),
+              DigestAfter(""));
+    EXPECT_NE(digest_after("UPDATE Gen SET Days = 251;"), DigestAfter(""));
+}
+
 }  // namespace
 }  // namespace quarnel02

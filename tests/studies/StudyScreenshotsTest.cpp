@@ -16,7 +16,8 @@ class StudyScreenshots : public test::StudyTest {
         Open();
         const std::array tabs = {std::pair(Tab::Line, "line"), std::pair(Tab::Volumes, "volumes"),
                                  std::pair(Tab::Alternatives, "alternatives"),
-                                 std::pair(Tab::Sensitivity, "sensitivity")};
+                                 std::pair(Tab::Sensitivity, "sensitivity"),
+                                 std::pair(Tab::Scenarios, "scenarios")};
         for (const auto& [tab, word] : tabs) {
             Show(tab);
             QCoreApplication::processEvents();

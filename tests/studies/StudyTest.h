@@ -18,7 +18,7 @@
 
 namespace quarnel02::test {
 
-enum class Tab { Line, Volumes, Alternatives, Sensitivity };
+enum class Tab { Line, Volumes, Alternatives, Sensitivity, Scenarios };
 
 /// The main window with the study window opened from its View menu.
 class StudyTest : public WindowTest {

@@ -151,7 +151,8 @@ TEST_F(frmStudyTests, IsMarkedWhileAnEditorHasStoredAnotherModel) {
 TEST_F(frmStudyTests, AnEmptyModelHasNothingToStudy) {
     Start();
     Open();
-    for (const Tab tab : {Tab::Line, Tab::Volumes, Tab::Alternatives, Tab::Sensitivity}) {
+    for (const Tab tab :
+         {Tab::Line, Tab::Volumes, Tab::Alternatives, Tab::Sensitivity, Tab::Scenarios}) {
         Show(tab);
         EXPECT_THAT(Message(), StartsWith("There is nothing to study yet. Enter tasks"));
         EXPECT_FALSE(Part<QPushButton>("cmdCopy").isEnabled());

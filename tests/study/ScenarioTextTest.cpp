@@ -107,7 +107,7 @@ TEST(ScenarioText, RefusesValuesThatCannotBe) {
               "\"StationLimit = 1.5\": StationLimit must be a whole number of at least 1 and at "
               "most 32767.");
     EXPECT_EQ(ErrorOf("Shifts +10%"),
-              "\"Shifts +10%\": Shifts takes no share. Write \"=\" and a number.");
+              "\"Shifts +10%\": Shifts takes no share. Write \"=\" and the new value.");
     EXPECT_EQ(ErrorOf("Bench.TaskTimes = 5"),
               "\"Bench.TaskTimes = 5\": task times change by a share, such as -5%.");
     EXPECT_EQ(ErrorOf("Days -100%"), "\"Days -100%\": nothing would be left of Days.");

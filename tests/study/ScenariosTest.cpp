@@ -99,6 +99,28 @@ TEST(Scenarios, WithAProblemLeaveTheOthers) {
     EXPECT_NEAR(static_cast<double>(outcomes[3].Cost), 600, 0.01);
 }
 
+TEST(Scenarios, AreComparedWithAnyOfThem) {
+    auto outcomes = SolveScenarios(
+        Fixed(), std::vector<Scenario>{{"Much", "Demand = 8000"},
+                                       {"Bad", "x"},
+                                       {"None", "Demand = 10000000; StationLimit = 1"}});
+    EXPECT_EQ(outcomes[0].Difference, 0);
+    EXPECT_NEAR(*outcomes[1].Difference, 200, 0.01);
+    Compare(outcomes, 1);
+    EXPECT_NEAR(*outcomes[0].Difference, -200, 0.01);
+    EXPECT_EQ(outcomes[1].Difference, 0);
+    EXPECT_FALSE(outcomes[1].LineChanges);
+    for (const std::size_t without : {std::size_t{2}, std::size_t{3}}) {
+        EXPECT_FALSE(outcomes[without].Difference);
+    }
+    EXPECT_FALSE(outcomes[2].LineChanges);
+    EXPECT_TRUE(outcomes[3].LineChanges);
+    Compare(outcomes, 3);
+    EXPECT_FALSE(outcomes[0].Difference);
+    EXPECT_TRUE(outcomes[0].LineChanges);
+    EXPECT_FALSE(outcomes[3].LineChanges);
+}
+
 TEST(Scenarios, OfADistributionHavePenalties) {
     const DesignOrder base{BenchOrPress().Model(), {}};
     const auto outcomes =

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "commands/EditHistory.h"
+#include "shell/MainForm.h"
+
+namespace quarnel02 {
+
+/// EditHistory::Undo or EditHistory::Redo.
+using HistoryStep = void (EditHistory::*)();
+
+/// Takes a step, and shows what has been entered anew where the line has become another one: marks
+/// on the network survive a step of scenarios. Throws as the step and ShowInputs do.
+void TakeStep(MainForm& form, EditHistory& history, HistoryStep step);
+
+}  // namespace quarnel02
