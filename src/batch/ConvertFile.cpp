@@ -12,7 +12,9 @@
 #include "files/SaveModel.h"
 #include "files/SqlText.h"
 #include "sheets/ModelSheets.h"
+#include "sheets/UndoStack.h"
 #include "sheets/WorkbookFile.h"
+#include "shell/StoredScenarios.h"
 
 namespace fs = std::filesystem;
 
@@ -128,13 +130,22 @@ std::string WriteSheets(const fs::path& workingCopy, const fs::path& to, Kind ki
                                                "back.");
 }
 
+/// An Access database has no table of them.
+std::string LostScenarios(const fs::path& workingCopy, const fs::path& to, ModelFormat format) {
+    const std::size_t count =
+        format == ModelFormat::Access ? ReadScenarios(Database::Open(workingCopy)).size() : 0;
+    return count == 0 ? ""
+                      : PathText(to) + " is written without the " + CountText(count, "scenario") +
+                            " of the model, which an Access database cannot hold.";
+}
+
 std::string Write(const ConvertRequest& request, const fs::path& workingCopy, Kind kind) {
     if (kind == Kind::Model) {
         const ModelFormat format =
             request.Format.value_or(FormatOfFile(request.To).value_or(ModelFormat::Sqlite));
         RequireNoObstacle(request.To, format);
         SaveModel(workingCopy, request.To, format);
-        return {};
+        return LostScenarios(workingCopy, request.To, format);
     }
     if (kind == Kind::Sql) {
         WriteWhole(request.To, SqlTextOf(workingCopy));

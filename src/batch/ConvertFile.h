@@ -18,7 +18,7 @@ struct ConvertRequest {
 /// Reads a model from one file and writes it, whole or not at all, to another of any kind but .ods.
 /// Between model files all tables are kept; a workbook, .csv files and SQL text hold what a planner
 /// enters. `From` is never changed; a file that holds more than a model, or is open elsewhere, is
-/// not replaced. Returns a line on what was written that would be refused if it were read back, ""
+/// not replaced. Returns a line on what was left out, or would be refused if it were read back; ""
 /// when there is nothing to say. Throws RunTimeError with one line that names the file, or its
 /// cells, and the remedy.
 std::string ConvertFile(const ConvertRequest& request);

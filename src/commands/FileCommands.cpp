@@ -165,6 +165,7 @@ std::optional<ModelFormat> FileCommands::Read(const fs::path& source) {
         }
         incoming.TakePlace();
         m_current.Changed = false;
+        m_withoutScenarios.reset();
         m_history.Restart();
         return format;
     } catch (const RunTimeError& error) {

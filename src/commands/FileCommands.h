@@ -102,6 +102,10 @@ class FileCommands {
     [[nodiscard]] bool SaveToFile(bool reload);
     [[nodiscard]] bool MayReplace(const std::string& target, const Obstacle& obstacle);
     [[nodiscard]] bool SaveElsewhere(const std::string& target, const Obstacle& obstacle);
+    [[nodiscard]] bool LosesScenarios(const std::filesystem::path& target) const;
+    [[nodiscard]] bool ProposeOwnFormat(const std::string& target);
+    [[nodiscard]] bool SaveInOwnFormat();
+    void NoteSaved();
     [[nodiscard]] bool TakeProposal();
     void AddToRecent();
     void ForgetFile();
@@ -117,6 +121,8 @@ class FileCommands {
     EditHistory m_history;
     SessionState m_state;
     std::string m_savedName;  ///< of the file written last, until somebody asks
+    /// The Access database that the user saves although it holds no scenarios.
+    std::optional<std::filesystem::path> m_withoutScenarios;
     bool m_proposed = false;  ///< the current file was proposed and never confirmed
 };
 

@@ -1,11 +1,14 @@
 // Save and Save As of the File menu.
 #include <exception>
+#include <utility>
 
 #include "basic/FailureText.h"
 #include "basic/Files.h"
 #include "commands/FileCommands.h"
 #include "commands/ModelPath.h"
 #include "model/InputDigest.h"
+#include "sheets/UndoStack.h"
+#include "shell/StoredScenarios.h"
 
 namespace fs = std::filesystem;
 
@@ -17,6 +20,9 @@ constexpr const char* kSaveFailed =
     "Could not save this file.  Possible cause: working.seq is open in Access, or is missing / "
     "invalid";
 constexpr const char* kOverwrite = "File already exists.  Overwrite?";
+constexpr const char* kWithoutScenarios =
+    "Save the Access database without the scenarios? They stay in this program until another model "
+    "is opened, and are then kept under File > Recover.";
 
 }  // namespace
 
@@ -96,8 +102,17 @@ bool FileCommands::SaveToFile(bool reload) {
         if (obstacle && !MayReplace(PathText(target), *obstacle)) {
             return false;
         }
+        if (LosesScenarios(target)) {
+            if (ProposeOwnFormat(PathText(target))) {
+                return SaveInOwnFormat();
+            }
+            if (!m_form.AskYesNo(kWithoutScenarios, MessageIcon::Question, Answer::No)) {
+                return false;
+            }
+            m_withoutScenarios = target;
+        }
         SaveModel(m_form.Copy().Path(), target, m_current.Format);
-        NoteBaseline(InputDigest(m_form.OpenWorkingCopy()));
+        NoteSaved();
         if (reload) {
             ShowLoadedModel(m_form);
         }
@@ -110,6 +125,38 @@ bool FileCommands::SaveToFile(bool reload) {
     m_savedName = m_current.File;
     AddToRecent();
     return true;
+}
+
+/// Scenarios have no place in an Access database; who has agreed once is not asked at every save.
+bool FileCommands::LosesScenarios(const fs::path& target) const {
+    return m_current.Format == ModelFormat::Access && m_withoutScenarios != target &&
+           !ReadScenarios(m_form.OpenWorkingCopy()).empty();
+}
+
+bool FileCommands::ProposeOwnFormat(const std::string& target) {
+    const std::size_t count = ReadScenarios(m_form.OpenWorkingCopy()).size();
+    return m_form.AskYesNo(target + " is to be an Access database, which cannot hold the " +
+                               CountText(count, "scenario") +
+                               " of this model. Save the model as a file of this program, which "
+                               "holds all of it?",
+                           MessageIcon::Question, Answer::Yes);
+}
+
+/// False when the model is in no file then.
+bool FileCommands::SaveInOwnFormat() {
+    const ModelFormat before = std::exchange(m_current.Format, ModelFormat::Sqlite);
+    if (AskForFile()) {
+        return SaveToFile(true);
+    }
+    m_current.Format = before;
+    return false;
+}
+
+/// Of what the file holds: scenarios that it lacks are kept when the model is left.
+void FileCommands::NoteSaved() {
+    const Database database = m_form.OpenWorkingCopy();
+    NoteBaseline(m_current.Format == ModelFormat::Access ? DesignDigest(database)
+                                                         : InputDigest(database));
 }
 
 bool FileCommands::MayReplace(const std::string& target, const Obstacle& obstacle) {

@@ -80,6 +80,20 @@ std::string CsvOf(const Sheet& sheet) {
     return WriteCsv(rows);
 }
 
+/// A file of an earlier model would be read as part of this one.
+void RemoveStaleSheets(const fs::path& directory, const Workbook& workbook) {
+    for (const std::string name : kSheets) {
+        const fs::path file = directory / (name + ".csv");
+        std::error_code failure;
+        if (FindSheet(workbook, name) == nullptr && KindOfFile(file) == FileKind::Ordinary &&
+            !fs::remove(file, failure)) {
+            throw RunTimeError(ErrorKind::FileAccess,
+                               PathText(file) + " is of an earlier model and cannot be removed: " +
+                                   failure.message() + ".");
+        }
+    }
+}
+
 }  // namespace
 
 Workbook ReadCsvDirectory(const fs::path& directory) {
@@ -110,6 +124,7 @@ void WriteCsvDirectory(const fs::path& directory, const Workbook& workbook) {
     for (const Sheet& sheet : workbook) {
         WriteWhole(directory / (sheet.Name + ".csv"), CsvOf(sheet));
     }
+    RemoveStaleSheets(directory, workbook);
 }
 
 }  // namespace quarnel02

@@ -19,8 +19,9 @@ Workbook ReadWorkbook(const std::filesystem::path& path);
 /// columns or 1,048,576 rows.
 void WriteXlsx(const std::filesystem::path& path, const Workbook& workbook);
 
-/// Writes each sheet as a .csv file into the directory, which is made when it is not there. Throws
-/// FileNotFound or FileAccess naming the file.
+/// Writes each sheet as a .csv file into the directory, which is made when it is not there; a file
+/// there of a model's sheet that the workbook lacks is removed. Throws FileNotFound or FileAccess
+/// naming the file.
 void WriteCsvDirectory(const std::filesystem::path& directory, const Workbook& workbook);
 
 }  // namespace quarnel02

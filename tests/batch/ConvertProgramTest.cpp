@@ -128,6 +128,19 @@ TEST_F(ConvertProgram, WritesAModelFileAsWhatItWas) {
     EXPECT_EQ(FormatOfFile(File("access.mdb")), ModelFormat::Sqlite);
 }
 
+TEST_F(ConvertProgram, SaysThatAccessDatabasesHoldNoScenarios) {
+    const std::string model =
+        Run.Make("more.mdb", std::string(kRows) +
+                                 "INSERT INTO Scenarios VALUES ('A', 'ACF +1%'), ('B', '');");
+    const ProgramResult result = Convert(model, File("access.mdb"), {"--format", "access"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_EQ(result.Err, "quarnel02-convert: " + File("access.mdb") +
+                              " is written without the 2 scenarios of the model, which an Access "
+                              "database cannot hold.\n");
+    ExpectConverted(model, File("own.mdb"));
+    EXPECT_EQ(InputsOf(File("own.mdb")).Scenarios.size(), 2U);
+}
+
 TEST_F(ConvertProgram, ReadsTheExamples) {
     WriteFile(Run.File("own.sql"), kRows);
     ExpectConverted(File("own.sql"), File("back.mdb"));

@@ -10,6 +10,7 @@
 #include "commands/Parameters.h"
 #include "files/SaveModel.h"
 #include "jet/TinyModel.h"
+#include "shell/StoredScenarios.h"
 #include "support/AccessTables.h"
 #include "support/CommandDesk.h"
 
@@ -198,6 +199,93 @@ TEST_F(AccessFiles, WorkIsKeptAndRecoveredAsAnUntitledModel) {
     EXPECT_EQ(Desk.WorkingDays(), "200");
     EXPECT_EQ(Desk.Commands.Current().File, "");
     EXPECT_EQ(Desk.Commands.Current().Format, ModelFormat::Sqlite);
+}
+
+/// An Access database that is open, and a scenario made since.
+struct AccessFilesWithScenarios : AccessFiles {
+    AccessFilesWithScenarios() {
+        Make("line.mdb");
+        Open("line.mdb");
+        WriteScenarios(Desk.Form.OpenWorkingCopy(), {{"Wages", "LaborCost +10%"}});
+        ChangeDays("200");
+    }
+    [[nodiscard]] std::string Asked() const {
+        return "ask[question]: " + PathText(Desk.UserFile("line.mdb")) +
+               " is to be an Access database, which cannot hold the 1 scenario of this model. Save "
+               "the model as a file of this program, which holds all of it? -> ";
+    }
+    static constexpr const char* kWithout =
+        "ask[question]: Save the Access database without the scenarios? They stay in this program "
+        "until another model is opened, and are then kept under File > Recover. -> ";
+};
+
+TEST_F(AccessFilesWithScenarios, AreSavedAsOurOwnWhenThatIsAgreed) {
+    Desk.Form.YesNoAnswers = {true};
+    Desk.Dialog.Answers = {{Desk.UserDirectory(), "own.mdb", {}}};
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Form.ProposedAnswers, std::vector{Answer::Yes});
+    EXPECT_EQ(Desk.Form.Events.at(0), Asked() + "yes");
+    EXPECT_EQ(Desk.Form.Events.at(1), "dialog[save|" + Desk.UserDirectory() + "|line.mdb]");
+    EXPECT_EQ(FormatOf("own.mdb"), ModelFormat::Sqlite);
+    EXPECT_EQ(ReadScenarios(Database::Open(Desk.UserFile("own.mdb"))).size(), 1U);
+    EXPECT_EQ(DaysIn("line.mdb"), "0|0|240|0.25|20|5|0|\"Pump\"\n");
+    EXPECT_FALSE(Desk.Commands.HasUnsavedWork());
+}
+
+TEST_F(AccessFilesWithScenarios, AreNotSavedWhenNeitherIsAgreed) {
+    Desk.Form.YesNoAnswers = {false, false};
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Form.Events, (Lines{Asked() + "no", std::string(kWithout) + "no"}));
+    EXPECT_EQ(Desk.Form.ProposedAnswers, (std::vector{Answer::Yes, Answer::No}));
+    EXPECT_EQ(DaysIn("line.mdb"), "0|0|240|0.25|20|5|0|\"Pump\"\n");
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
+    EXPECT_EQ(Desk.Commands.Current().Format, ModelFormat::Access);
+}
+
+TEST_F(AccessFilesWithScenarios, KeepTheirFormatWhenNoOtherFileIsNamed) {
+    Desk.Form.YesNoAnswers = {true};
+    Desk.Dialog.Answers = {{"", "", {}}};
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Commands.Current().Format, ModelFormat::Access);
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
+}
+
+TEST_F(AccessFilesWithScenarios, AreSavedWithoutThemOnceThatIsAgreed) {
+    Desk.Form.YesNoAnswers = {false, true};
+    Desk.Commands.Save();
+    EXPECT_EQ(DaysIn("line.mdb"), "0|0|200|0.25|20|5|0|\"Pump\"\n");
+    EXPECT_FALSE(Desk.Commands.Current().Changed);
+    EXPECT_TRUE(Desk.Commands.HasUnsavedWork()) << "no file holds the scenario";
+    ChangeDays("201");
+    Desk.Form.Events.clear();
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Form.Events, Lines{}) << "the same file is not asked about again";
+    EXPECT_EQ(DaysIn("line.mdb"), "0|0|201|0.25|20|5|0|\"Pump\"\n");
+    Desk.Dialog.Answers = {{Desk.UserDirectory(), "other.mdb", ModelFormat::Access}};
+    Desk.Form.YesNoAnswers = {false, false};
+    Desk.Commands.SaveAs();
+    EXPECT_FALSE(fs::exists(Desk.UserFile("other.mdb")));
+}
+
+TEST_F(AccessFilesWithScenarios, KeepThemWhenTheModelIsLeft) {
+    fs::remove_all(Desk.Application.File("Recovered"));
+    Desk.Form.YesNoAnswers = {false, true};
+    Desk.Commands.Save();
+    Desk.Commands.New();
+    const std::vector<KeptModel> kept = Desk.Commands.KeptModels();
+    ASSERT_EQ(kept.size(), 1U);
+    Desk.Commands.Recover(kept.front());
+    EXPECT_EQ(ReadScenarios(Desk.Form.OpenWorkingCopy()).size(), 1U);
+}
+
+TEST_F(AccessFilesWithScenarios, AreAskedAboutAgainInAnotherModel) {
+    Desk.Form.YesNoAnswers = {false, true};
+    Desk.Commands.Save();
+    Open("line.mdb");
+    WriteScenarios(Desk.Form.OpenWorkingCopy(), {{"Wages", "LaborCost +10%"}});
+    Desk.Form.YesNoAnswers = {false, false};
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Form.Events, (Lines{Asked() + "no", std::string(kWithout) + "no"}));
 }
 
 /// A model with a query of the user's.

@@ -77,6 +77,18 @@ TEST(WorkbookFile, ACsvFileStandsForItsDirectory) {
               "Volume (units/year),Probability (%)\n33.3,40\n1000,60\n");
 }
 
+TEST(WorkbookFile, NoScenariosOfAnEarlierModelStayAmongCsvFiles) {
+    const TemporaryDirectory directory;
+    InputTables tables = test::SmallModel();
+    tables.Scenarios = {test::ScenarioRow("Wages", "LaborCost +10%")};
+    WriteCsvDirectory(directory.Path(), SheetsOf(tables));
+    WriteFile(directory.Path() / "Costs.csv", "of the user");
+    EXPECT_EQ(TablesIn(directory.Path()), tables);
+    WriteCsvDirectory(directory.Path(), SheetsOf(test::SmallModel()));
+    EXPECT_EQ(TablesIn(directory.Path()), test::SmallModel());
+    EXPECT_TRUE(fs::exists(directory.Path() / "Costs.csv"));
+}
+
 TEST(WorkbookFile, CsvFilesMayUseSemicolonsAndDecimalCommas) {
     const TemporaryDirectory directory;
     WriteCsvDirectory(directory.Path(), SheetsOf(test::SmallModel()));
