@@ -34,10 +34,10 @@ double SumOf(const CostBar& bar) {
     return sum;
 }
 
-ChartFrame FrameOf(const std::vector<CostBar>& bars) {
+ChartFrame FrameOf(const std::vector<CostBar>& bars, const CostBarTitles& titles) {
     ChartFrame frame;
-    frame.Title = "Cost of the scenarios";
-    frame.X.Title = "Scenario";
+    frame.Title = titles.Chart;
+    frame.X.Title = titles.Bars;
     frame.Y = {0, 1, "Dollars per year", false, true};
     for (const CostBar& bar : bars) {
         frame.Y.High = std::max(frame.Y.High, SumOf(bar));
@@ -68,10 +68,10 @@ void DrawBar(Picture& picture, Chart& chart, const CostBar& bar, double left, do
     chart.LabelAbove((left + right) / 2, from, CostText(SumOf(bar)), kInk);
 }
 
-void DrawBars(Picture& picture, const std::vector<CostBar>& bars) {
+void DrawBars(Picture& picture, const std::vector<CostBar>& bars, const CostBarTitles& titles) {
     constexpr double share_of_place = 0.6;
     constexpr double widest = 1500;
-    Chart chart(picture, FrameOf(bars));
+    Chart chart(picture, FrameOf(bars, titles));
     const double half = std::min(share_of_place * (chart.ToX(1) - chart.ToX(0)), widest) / 2;
     for (std::size_t place = 0; place < bars.size(); ++place) {
         const double middle = chart.ToX(static_cast<double>(place) + 0.5);
@@ -81,12 +81,13 @@ void DrawBars(Picture& picture, const std::vector<CostBar>& bars) {
 
 }  // namespace
 
-void DrawCostBars(Picture& picture, std::vector<CostBar> bars) {
+void DrawCostBars(Picture& picture, std::vector<CostBar> bars, const CostBarTitles& titles) {
     if (bars.empty()) {
         picture.Clear();
         return;
     }
-    picture.Compose([all = std::move(bars)](Picture& each) { DrawBars(each, all); });
+    picture.Compose(
+        [all = std::move(bars), titles](Picture& each) { DrawBars(each, all, titles); });
 }
 
 }  // namespace quarnel02

@@ -8,7 +8,7 @@
 
 namespace quarnel02 {
 
-/// A scenario in a chart of costs.
+/// A scenario, or a line, in a chart of costs.
 struct CostBar {
     std::string Name;
     CostFigures Figures;
@@ -16,8 +16,14 @@ struct CostBar {
     std::string Words;   ///< its line and what else there is to say
 };
 
-/// The cost of each scenario as a bar of capital, machine, labour and penalty. Every part says
-/// what it is.
-void DrawCostBars(Picture& picture, std::vector<CostBar> bars);
+/// What a chart of costs is about.
+struct CostBarTitles {
+    std::string Chart = "Cost of the scenarios";
+    std::string Bars = "Scenario";
+};
+
+/// The cost of each scenario, or line, as a bar of capital, machine, labour and penalty. Every part
+/// says what it is.
+void DrawCostBars(Picture& picture, std::vector<CostBar> bars, const CostBarTitles& titles = {});
 
 }  // namespace quarnel02

@@ -108,7 +108,9 @@ void NumberPart(Picture& picture, const BoxFigure& box, const LoadPart& part) {
     }
 }
 
-void DrawBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, double right) {
+/// A label that would lie on the line of the available time stands over that.
+void DrawBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, double right,
+             double available) {
     double from = 0;
     for (const LoadPart& part : bar.Parts) {
         if (part.Seconds <= 0) {
@@ -121,7 +123,10 @@ void DrawBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, do
         NumberPart(picture, box, part);
         from += part.Seconds;
     }
-    chart.LabelAbove((left + right) / 2, std::max(from, bar.Seconds), SecondsText(bar.Seconds),
+    const double top = std::max(from, bar.Seconds);
+    const bool on_limit =
+        top < available && chart.ToY(top) - chart.ToY(available) < LineHeight(picture.PageFont());
+    chart.LabelAbove((left + right) / 2, on_limit ? available : top, SecondsText(bar.Seconds),
                      kInk);
 }
 
@@ -134,7 +139,7 @@ void DrawLoads(Picture& picture, const LoadValues& values) {
     picture.Describe("Available cycle time " + SecondsText(values.Available));
     for (std::size_t place = 0; place < values.Bars.size(); ++place) {
         const double middle = chart.ToX(static_cast<double>(place) + 0.5);
-        DrawBar(picture, chart, values.Bars[place], middle - half, middle + half);
+        DrawBar(picture, chart, values.Bars[place], middle - half, middle + half, values.Available);
     }
 }
 

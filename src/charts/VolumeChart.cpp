@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "picture/Chart.h"
 #include "picture/Inks.h"
@@ -134,7 +135,17 @@ class VolumeDrawing {
     VolumeCost m_shown;
 };
 
-void DrawCurves(Picture& picture, const std::vector<VolumeCurve>& curves, VolumeCost shown) {
+void DrawAsked(Chart& chart, const VolumeBounds& bounds, const std::vector<double>& asked) {
+    for (const double volume : asked) {
+        if (volume >= bounds.From && volume <= bounds.To) {
+            chart.Guide(volume, "Demand " + Format(volume, "#,##0"), ThousandsText(volume),
+                        kGuideInk);
+        }
+    }
+}
+
+void DrawCurves(Picture& picture, const std::vector<VolumeCurve>& curves, VolumeCost shown,
+                const std::vector<double>& asked) {
     const VolumeBounds bounds = BoundsOf(curves, shown);
     ChartFrame frame;
     frame.Title = shown == VolumeCost::Total ? "Cost over volume" : "Cost per unit over volume";
@@ -144,6 +155,7 @@ void DrawCurves(Picture& picture, const std::vector<VolumeCurve>& curves, Volume
         frame.Legend.push_back({curve.Name, curve.Pen, curve.Dashed, {}});
     }
     Chart chart(picture, std::move(frame));
+    DrawAsked(chart, bounds, asked);
     VolumeDrawing drawing(picture, chart, shown);
     for (const VolumeCurve& curve : curves) {
         drawing.Draw(curve);
@@ -183,14 +195,16 @@ VolumeCurve CurveOfClass(const LineModel& model, ResourceType type,
     return curve;
 }
 
-void DrawVolumes(Picture& picture, std::vector<VolumeCurve> curves, VolumeCost shown) {
+void DrawVolumes(Picture& picture, std::vector<VolumeCurve> curves, VolumeCost shown,
+                 std::vector<double> asked) {
     std::erase_if(curves, [](const VolumeCurve& curve) { return curve.Ranges.empty(); });
     if (curves.empty()) {
         picture.Clear();
         return;
     }
-    picture.Compose(
-        [all = std::move(curves), shown](Picture& each) { DrawCurves(each, all, shown); });
+    picture.Compose([all = std::move(curves), shown, asked = std::move(asked)](Picture& each) {
+        DrawCurves(each, all, shown, asked);
+    });
 }
 
 }  // namespace quarnel02

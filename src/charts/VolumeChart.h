@@ -31,7 +31,9 @@ std::vector<VolumeCurve> CurvesOf(const LineModel& model, std::span<const Volume
 VolumeCurve CurveOfClass(const LineModel& model, ResourceType type,
                          std::span<const VolumeRange> ranges);
 
-/// Cheapest cost over annual volume. Every stretch tells volume, cost and line.
-void DrawVolumes(Picture& picture, std::vector<VolumeCurve> curves, VolumeCost shown);
+/// Cheapest cost over annual volume. Every stretch tells volume, cost and line. Volumes that are
+/// `asked` for are marked where the curves reach them.
+void DrawVolumes(Picture& picture, std::vector<VolumeCurve> curves, VolumeCost shown,
+                 std::vector<double> asked = {});
 
 }  // namespace quarnel02

@@ -1,5 +1,6 @@
 #include "studies/AlternativesPage.h"
 
+#include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
 #include "ui_AlternativesPage.h"
 
@@ -8,6 +9,7 @@ namespace quarnel02 {
 AlternativesPage::AlternativesPage(QWidget* parent)
     : StudyPage(parent), m_ui(std::make_unique<Ui::AlternativesPage>()) {
     m_ui->setupUi(Contents());
+    m_ui->splSelected->setSizes({1, 1});
     connect(m_ui->tblBest, &StudyTableView::RowChanged, this, &AlternativesPage::ShowDetails);
     ConnectParts();
 }
@@ -16,6 +18,10 @@ AlternativesPage::~AlternativesPage() = default;
 
 std::vector<StudyTableView*> AlternativesPage::AllTables() const {
     return {m_ui->tblBest, m_ui->tblDetails};
+}
+
+std::vector<StudyPicture*> AlternativesPage::AllPictures() const {
+    return {m_ui->picBest};
 }
 
 BackgroundWork::Work AlternativesPage::Work(const StudyInput& input) {
@@ -39,6 +45,10 @@ void AlternativesPage::Show(const AlternativesStudy& study, bool expected) {
                  : QStringLiteral("Next best resource for the tasks of each station of the "
                                   "selected line"));
     m_ui->tblBest->SetTable(study.Best);
+    m_ui->picBest->Draw([&](Picture& picture) {
+        expected ? DrawCapacities(picture, study.ExpectedCosts, study.Marks)
+                 : DrawCostBars(picture, study.Bars, {"Cost of the cheapest lines", "Rank"});
+    });
     ShowContents();
 }
 

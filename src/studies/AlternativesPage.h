@@ -23,6 +23,7 @@ class AlternativesPage : public StudyPage {
   protected:
     BackgroundWork::Work Work(const StudyInput& input) override;
     [[nodiscard]] std::vector<StudyTableView*> AllTables() const override;
+    [[nodiscard]] std::vector<StudyPicture*> AllPictures() const override;
 
   private:
     void Show(const AlternativesStudy& study, bool expected);

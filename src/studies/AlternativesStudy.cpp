@@ -1,5 +1,6 @@
 #include "studies/AlternativesStudy.h"
 
+#include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "study/Alternatives.h"
 #include "study/Capacities.h"
@@ -70,26 +71,46 @@ AlternativesStudy LinesOf(const StudyInput& input, const StudyWatch& watch) {
                               {"Machine", true},
                               {"Labour", true}},
                              {}},
+                            {},
+                            {},
+                            {},
                             {}};
     int rank = 0;
     for (const Alternative& line : AlternativesFor(*input.Line, input.Question.Request)) {
         watch.Look();
         study.Best.Rows.push_back(LineCells(input.Model(), line, ++rank));
         study.Details.push_back(ReplacementTable(input, line.Design));
+        study.Bars.push_back(
+            {NumberText(rank), line.Figures, 0, LineText(input.Model(), GroupsOf(line.Design))});
     }
     return study;
 }
 
-std::vector<ShownCell> CapacityCells(const LineModel& model, const Capacity& capacity, int rank) {
+std::string LineOf(const LineModel& model, const Capacity& capacity) {
     std::vector<StationGroup> groups;
     for (const ExpectedGroup& group : capacity.Line.Groups) {
         groups.push_back(group.Group);
     }
+    return LineText(model, groups);
+}
+
+/// "2: capacity 84,000, $296,140 expected a year; Bench 1-8; one unit less costs 39,936 more"
+CapacityMark MarkOf(const LineModel& model, const Capacity& capacity, int rank) {
+    const double volume = DecimalOfSingle(capacity.Line.Capacity);
+    const double cost = DecimalOfSingle(capacity.Line.ExpectedCost);
+    const std::string word = CapacityWord(capacity);
+    return {volume, cost,
+            NumberText(rank) + ": capacity " + Format(volume, "#,##0") + ", " +
+                Format(cost, "$#,##0") + " expected a year; " + LineOf(model, capacity) +
+                (word.empty() ? "" : "; " + word)};
+}
+
+std::vector<ShownCell> CapacityCells(const LineModel& model, const Capacity& capacity, int rank) {
     const CostFigures& figures = capacity.Table.Totals;
     constexpr double whole = 100;
     return {WholeCell(rank),
             WholeCell(DecimalOfSingle(capacity.Line.Capacity)),
-            TextCell(LineText(model, groups)),
+            TextCell(LineOf(model, capacity)),
             DollarCell(DecimalOfSingle(capacity.Line.ExpectedCost)),
             DollarCell(capacity.Difference),
             DollarCell(capacity.Line.ExpectedPenalty),
@@ -138,12 +159,17 @@ AlternativesStudy CapacitiesOf(const StudyInput& input, const StudyWatch& watch)
                               {"Unmet units", true},
                               {"Where it stands"}},
                              {}},
+                            {},
+                            {},
+                            {},
                             {}};
+    const ExpectedDesigns designs = DesignWithCurves(input.Model(), input.Penalty(), watch);
+    study.ExpectedCosts = designs.Result.ExpectedCosts;
     int rank = 0;
-    for (const Capacity& capacity :
-         BestCapacities(DesignWithCurves(input.Model(), input.Penalty(), watch))) {
+    for (const Capacity& capacity : BestCapacities(designs)) {
         study.Best.Rows.push_back(CapacityCells(input.Model(), capacity, ++rank));
         study.Details.push_back(OutcomeTable(capacity));
+        study.Marks.push_back(MarkOf(input.Model(), capacity, rank));
     }
     return study;
 }

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "charts/CapacityChart.h"
+#include "charts/CostBars.h"
 #include "studies/ShownTable.h"
 #include "studies/StudyInput.h"
 #include "study/StudyWatch.h"
@@ -14,6 +16,9 @@ namespace quarnel02 {
 struct AlternativesStudy {
     ShownTable Best;
     std::vector<ShownTable> Details;  ///< one for each row
+    std::vector<CostBar> Bars;        ///< one for each row that is a line
+    CostCurve ExpectedCosts;          ///< over capacity, where rows are capacities
+    std::vector<CapacityMark> Marks;  ///< one for each row that is a capacity
 };
 
 /// Without rows when there is no line. Looks at `watch`. Throws as AlternativesFor and

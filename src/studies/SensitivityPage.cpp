@@ -1,5 +1,6 @@
 #include "studies/SensitivityPage.h"
 
+#include "charts/BreakEvenBars.h"
 #include "charts/Tornado.h"
 #include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
@@ -10,6 +11,7 @@ namespace quarnel02 {
 SensitivityPage::SensitivityPage(QWidget* parent)
     : StudyPage(parent), m_ui(std::make_unique<Ui::SensitivityPage>()) {
     m_ui->setupUi(Contents());
+    m_ui->splPictures->setSizes({1, 1});
     connect(m_ui->spnShare, &QSpinBox::valueChanged, this, [this] { Recompute(); });
     ConnectParts();
 }
@@ -21,7 +23,7 @@ std::vector<StudyTableView*> SensitivityPage::AllTables() const {
 }
 
 std::vector<StudyPicture*> SensitivityPage::AllPictures() const {
-    return {m_ui->picTornado};
+    return {m_ui->picTornado, m_ui->picBreakEvens};
 }
 
 BackgroundWork::Work SensitivityPage::Work(const StudyInput& input) {
@@ -41,6 +43,8 @@ void SensitivityPage::Show(const SensitivityStudy& study) {
     m_ui->lblFlips->setVisible(!study.Flips.empty());
     m_ui->tblSensitivity->SetTable(study.Figures);
     m_ui->picTornado->Draw([&](Picture& picture) { DrawTornado(picture, study.Rows, study.Cost); });
+    m_ui->picBreakEvens->Draw([&](Picture& picture) { DrawBreakEvens(picture, study.Rows); });
+    m_ui->picBreakEvens->setVisible(!m_ui->picBreakEvens->Shown().Figures().empty());
     ShowContents();
 }
 

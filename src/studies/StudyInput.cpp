@@ -40,6 +40,17 @@ double LikeliestVolume(const LineModel& model) {
     return likeliest == points.end() ? 0 : static_cast<double>(likeliest->Volume);
 }
 
+std::vector<double> AskedVolumes(const StudyInput& input) {
+    if (!input.Question.Expected) {
+        return {input.Question.Request.Volume};
+    }
+    std::vector<double> volumes;
+    for (const DemandPoint& point : input.Model().Demand()) {
+        volumes.push_back(static_cast<double>(point.Volume));
+    }
+    return volumes;
+}
+
 std::string NoLineText(const StudyInput& input) {
     const FixedDemandRequest request =
         input.Question.Expected ? LeastExpectedRequest(input.Model()) : input.Question.Request;

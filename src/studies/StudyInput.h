@@ -37,6 +37,9 @@ struct StudyInput {
 /// without any.
 double LikeliestVolume(const LineModel& model);
 
+/// The volumes that a question is about: its own, or those of the demand rows.
+std::vector<double> AskedVolumes(const StudyInput& input);
+
 /// Why the question has no line, with what would have one; "" when there is one. Throws as
 /// ExplainNoLine does.
 std::string NoLineText(const StudyInput& input);

@@ -153,8 +153,9 @@ void VolumesPage::ShowFiltered() {
     const VolumeFilter filter = Filter();
     m_ui->tblVolumes->SetTable(TableOf(model, study, filter));
     const auto shown = m_ui->cboCost->currentIndex() == 0 ? VolumeCost::Total : VolumeCost::PerUnit;
-    m_ui->picVolumes->Draw(
-        [&](Picture& picture) { DrawVolumes(picture, CurvesOf(model, study, filter), shown); });
+    m_ui->picVolumes->Draw([&](Picture& picture) {
+        DrawVolumes(picture, CurvesOf(model, study, filter), shown, AskedVolumes(m_shown->Input));
+    });
 }
 
 }  // namespace quarnel02

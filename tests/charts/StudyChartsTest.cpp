@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "charts/BreakEvenBars.h"
+#include "charts/CapacityChart.h"
 #include "charts/CostBars.h"
 #include "charts/StationLoad.h"
 #include "charts/Tornado.h"
@@ -231,11 +233,133 @@ TEST(CostBars, StackCapitalMachineLabourAndPenalty) {
     EXPECT_TRUE(Has(TextsOf(picture), "$600"));
 }
 
+TEST(CostBars, AreCalledAfterWhatTheyAreOf) {
+    Picture picture(9000, 6000);
+    DrawCostBars(picture, {{"1", {0, 100, 50, 200, 350}, 0, ""}}, {"Cost of the lines", "Rank"});
+    EXPECT_TRUE(Has(TextsOf(picture), "Cost of the lines"));
+    EXPECT_TRUE(Has(TextsOf(picture), "Rank"));
+}
+
+TEST(StationLoad, PutsNoLabelOnTheLineOfTheAvailableTime) {
+    const LineModel model = BenchAndRobot();
+    LineTable table = TableOfBenchAndRobot(model);
+    for (const double available : {70.5, 72.0, 75.0, 90.0, 60.0}) {
+        table.Basis.AvailableCycleTime = available;
+        Picture picture(9000, 6000);
+        DrawStationLoad(picture, model, table);
+        const auto lines = FiguresOf<LineFigure>(picture);
+        const auto limit = std::find_if(lines.begin(), lines.end(), [](const LineFigure& line) {
+            return line.Dashed && line.X2 - line.X1 > 1000;
+        });
+        ASSERT_NE(limit, lines.end());
+        const auto texts = FiguresOf<TextFigure>(picture);
+        const auto label = std::find_if(texts.begin(), texts.end(), [](const TextFigure& text) {
+            return text.Text == "70.0 s";
+        });
+        ASSERT_NE(label, texts.end()) << available;
+        EXPECT_TRUE(label->Y >= limit->Y1 || label->Y + LineHeight(label->Face) <= limit->Y1 + 1)
+            << available;
+    }
+}
+
+TEST(VolumeChart, MarksTheVolumesThatAreAskedFor) {
+    Picture picture(9000, 6000);
+    DrawVolumes(picture, CurvesOf(BenchAndRobot(), Ranges()), VolumeCost::Total, {500, 4500, 9000});
+    EXPECT_TRUE(Has(TextsOf(picture), "Demand 4,500"));
+    const Texts words = WordsOf(picture);
+    EXPECT_EQ(std::count_if(words.begin(), words.end(),
+                            [](const std::string& each) { return each.starts_with("Demand "); }),
+              2);  // the line and its name
+    std::optional<LineFigure> mark;
+    for (const HotSpot& spot : picture.HotSpots()) {
+        if (spot.Text == "Demand 4,500" && !mark) {
+            mark = std::get<LineFigure>(picture.Figures()[spot.Figure]);
+        }
+    }
+    ASSERT_TRUE(mark);
+    EXPECT_EQ(mark->X1, mark->X2);
+    // 4,500 is half-way between 1,000 and 8,000.
+    const HotSpot& two_shifts = picture.HotSpots().back();
+    const auto curve = std::get<LineFigure>(picture.Figures()[two_shifts.Figure]);
+    EXPECT_NEAR(mark->X1, (curve.X1 + curve.X2) / 2, 1e-6);
+}
+
+TEST(Tornado, HasItsScaleOnTopOfTheRows) {
+    std::vector<SensitivityRow> rows;
+    for (int i = 1; i <= 12; ++i) {
+        rows.push_back(Row("Figure " + std::to_string(i), 900.0F, 1100.0F));
+    }
+    Picture picture(9000, 2400);  // lower than the rows
+    DrawTornado(picture, rows, 1000);
+    const auto texts = FiguresOf<TextFigure>(picture);
+    const auto place = [&](const std::string& text) {
+        return std::find_if(texts.begin(), texts.end(),
+                            [&](const TextFigure& each) { return each.Text == text; });
+    };
+    ASSERT_NE(place("$1,000"), texts.end());
+    EXPECT_LT(place("$1,000")->Y, place("Figure 1")->Y);
+    EXPECT_LT(place("$1,000")->Y, 2400);
+    EXPECT_GT(place("Figure 12")->Y, 2400);
+}
+
+TEST(BreakEvens, ShowTheNearestOnesFirstInPercentOfToday) {
+    std::vector<SensitivityRow> rows = {Row("None", 900.0F, 1100.0F), Row("Far", 900.0F, 1100.0F),
+                                        Row("Near", 900.0F, 1100.0F), Row("Zero", 900.0F, 1100.0F)};
+    rows[1].BreakEven = 30;  // of 20
+    rows[2].BreakEven = 19;
+    rows[3].Value = 0;
+    rows[3].BreakEven = 1;
+    Picture picture(9000, 6000);
+    DrawBreakEvens(picture, rows);
+    EXPECT_TRUE(Has(WordsOf(picture), "Far, today 20: the line changes at 30 (+50.0 %)"));
+    EXPECT_TRUE(Has(WordsOf(picture), "Near, today 20: the line changes at 19 (-5.0 %)"));
+    const auto bars = FiguresOf<BoxFigure>(picture);
+    ASSERT_EQ(bars.size(), 2U);
+    EXPECT_LT(bars[0].Y, bars[1].Y);
+    EXPECT_NEAR(bars[1].Width, 10 * bars[0].Width, 1e-6);
+    EXPECT_NEAR(bars[0].X + bars[0].Width, bars[1].X, 1e-6);  // today's value between them
+    for (int i = 0; i < 20; ++i) {
+        rows.push_back(rows[1]);
+    }
+    DrawBreakEvens(picture, rows);
+    EXPECT_EQ(FiguresOf<BoxFigure>(picture).size(), 12U);
+}
+
+TEST(CapacityChart, RingsTheLocalMinimaOnTheCurve) {
+    CostCurve curve;
+    curve.Append({1000, 2000, 500000, 90000, {}});
+    curve.Append({2000.0001F, 4000, 100000, 120000, {}});
+    curve.Append({4000.0002F, 5000, 110000, 130000, {}});
+    Picture picture(9000, 6000);
+    DrawCapacities(picture, curve, {{2000, 90000, "1: Bench 1-4"}, {4000, 110000, "2: Robot 1-4"}});
+    const Texts words = WordsOf(picture);
+    EXPECT_TRUE(Has(words, "1: Bench 1-4"));
+    EXPECT_TRUE(Has(words, "2: Robot 1-4"));
+    EXPECT_TRUE(Has(words, "4,000 to 5,000 capacity") ||
+                std::any_of(words.begin(), words.end(), [](const std::string& each) {
+                    return each.find("$110,000 to $130,000 expected a year") != std::string::npos;
+                }));
+    EXPECT_TRUE(Has(TextsOf(picture), "1: $90,000"));
+    EXPECT_TRUE(Has(TextsOf(picture), "2"));
+    const auto rings = FiguresOf<CircleFigure>(picture);
+    ASSERT_EQ(rings.size(), 2U);
+    EXPECT_LT(rings[0].X, rings[1].X);
+    EXPECT_GT(rings[0].Y, rings[1].Y);
+    // The penalties of the lowest capacities are cut off.
+    for (const LineFigure& line : FiguresOf<LineFigure>(picture)) {
+        EXPECT_GE(std::min(line.Y1, line.Y2), 0);
+    }
+    EXPECT_FALSE(std::any_of(words.begin(), words.end(), [](const std::string& each) {
+        return each.find("$500,000") != std::string::npos;
+    }));
+}
+
 TEST(StudyCharts, AreEmptyWithoutValues) {
     Picture picture(9000, 6000);
     for (const auto& draw : std::vector<std::function<void()>>{
              [&] { DrawCostBars(picture, {}); }, [&] { DrawTornado(picture, {}, 1); },
              [&] { DrawVolumes(picture, {}, VolumeCost::Total); },
+             [&] { DrawBreakEvens(picture, {}); }, [&] { DrawCapacities(picture, {}, {}); },
              [&] { DrawStationLoad(picture, LineModel(), LineTable()); }}) {
         picture.Line(0, 0, 1, 1, {});
         draw();

@@ -127,6 +127,52 @@ TEST_F(StudyTabs, SensitivityDrawsTheStrongestFigures) {
     EXPECT_THAT(Words("picTornado"), Not(HasSubstr("Press: variable cost")));
 }
 
+TEST_F(StudyTabs, VolumesMarksTheDemandedVolume) {
+    Open(Tab::Volumes);
+    EXPECT_THAT(Words("picVolumes"), HasSubstr("Demand 60,000"));
+    Put("txtStudyVolume", "75000");
+    WaitUntilCurrent();
+    EXPECT_THAT(Words("picVolumes"),
+                testing::AllOf(HasSubstr("Demand 75,000"), Not(HasSubstr("Demand 60,000"))));
+    Choose("cboDesign", 1);
+    WaitUntilCurrent();
+    EXPECT_THAT(Words("picVolumes"),
+                testing::AllOf(HasSubstr("Demand 60,000"), HasSubstr("Demand 90,000")));
+}
+
+TEST_F(StudyTabs, SensitivityDrawsTheNearestBreakEvens) {
+    Open(Tab::Sensitivity);
+    const auto rows = SensitivityOf(Line(), kRequest, 0.1);
+    const auto nearest = std::find_if(rows.begin(), rows.end(), [](const SensitivityRow& row) {
+        return row.BreakEven.has_value();
+    });
+    ASSERT_NE(nearest, rows.end());
+    EXPECT_THAT(Words("picBreakEvens"), HasSubstr(": the line changes at "));
+}
+
+TEST_F(StudyTabs, AlternativesDrawsTheCostOfItsLines) {
+    Open(Tab::Alternatives);
+    const PreparedLine line = Line();
+    const auto best = AlternativesFor(line, kRequest);
+    ASSERT_GT(best.size(), 2U);
+    EXPECT_THAT(Words("picBest"), HasSubstr("3: Labour " + Dollars(best[2].Figures.Labour)));
+    EXPECT_THAT(Words("picBest"), HasSubstr(LineText(line.Model, GroupsOf(best[2].Design))));
+}
+
+TEST_F(StudyTabs, AlternativesMarksTheBestCapacitiesOnTheirCurve) {
+    Open(Tab::Alternatives);
+    Choose("cboDesign", 1);
+    WaitUntilCurrent();
+    const auto best = BestCapacities(DesignWithCurves(Line().Model, 18));
+    ASSERT_GT(best.size(), 1U);
+    for (std::size_t place = 0; place < best.size(); ++place) {
+        const double capacity = DecimalOfSingle(best[place].Line.Capacity);
+        EXPECT_THAT(Words("picBest"), HasSubstr(std::to_string(place + 1) + ": capacity " +
+                                                Format(capacity, "#,##0") + ", " +
+                                                Dollars(best[place].Line.ExpectedCost)));
+    }
+}
+
 TEST_F(StudyTabs, SensitivityOfTheDemandDistributionSaysWhereTheCapacityFlips) {
     Open(Tab::Sensitivity);
     Choose("cboDesign", 1);

@@ -1,0 +1,94 @@
+#include "charts/CapacityChart.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "basic/NumberFormat.h"
+#include "basic/Numbers.h"
+#include "picture/Chart.h"
+#include "picture/Inks.h"
+
+namespace quarnel02 {
+
+namespace {
+
+struct CapacityValues {
+    std::vector<Reading> Segments;
+    std::vector<CapacityMark> Marks;
+    double Cheapest = 0;
+    double Dearest = 0;
+};
+
+CapacityValues ValuesOf(const CostCurve& curve, std::vector<CapacityMark> marks) {
+    CapacityValues values{{}, std::move(marks), 0, 0};
+    values.Cheapest = static_cast<double>(curve.Segments().front().CostStart);
+    for (const CurveSegment& each : curve.Segments()) {
+        const Reading ends{static_cast<double>(each.Start), static_cast<double>(each.End),
+                           static_cast<double>(each.CostStart), static_cast<double>(each.CostEnd)};
+        values.Segments.push_back(ends);
+        values.Cheapest = std::min({values.Cheapest, ends.YStart, ends.YEnd});
+        values.Dearest = std::max({values.Dearest, ends.YStart, ends.YEnd});
+    }
+    return values;
+}
+
+/// Room for all marks and as much again, so that the penalties of low capacities leave them some.
+Axis CostAxis(const CapacityValues& values) {
+    constexpr double foot_from = 0.5;
+    constexpr double least_room = 1.2;
+    double highest = least_room * values.Cheapest;
+    for (const CapacityMark& mark : values.Marks) {
+        highest = std::max(highest, values.Cheapest + 2 * (mark.Cost - values.Cheapest));
+    }
+    Axis axis{0, std::min(highest, values.Dearest), "Expected dollars per year", false, true};
+    if (values.Cheapest > foot_from * axis.High) {
+        axis.Low = std::max(0.0, values.Cheapest - (axis.High - values.Cheapest) / 4);
+    }
+    return axis;
+}
+
+void DrawMarks(Picture& picture, Chart& chart, const std::vector<CapacityMark>& marks) {
+    for (std::size_t place = 0; place < marks.size(); ++place) {
+        const CapacityMark& mark = marks[place];
+        chart.Ring(mark.Capacity, mark.Cost, kRedInk);
+        picture.Describe(mark.Words);
+    }
+    for (std::size_t place = 0; place < marks.size(); ++place) {
+        const std::string rank = NumberText(static_cast<int>(place) + 1);
+        const bool cheapest = place == 0;
+        chart.Label(marks[place].Capacity, marks[place].Cost,
+                    cheapest ? rank + ": " + Format(marks[place].Cost, "$#,##0") : rank, kRedInk,
+                    cheapest);
+    }
+}
+
+void DrawValues(Picture& picture, const CapacityValues& values) {
+    ChartFrame frame;
+    frame.Title = "Expected cost over capacity";
+    frame.X = {values.Segments.front().XStart, values.Segments.back().XEnd,
+               "Capacity in three shifts (units/year)", true, false};
+    frame.Y = CostAxis(values);
+    Chart chart(picture, std::move(frame));
+    for (const Reading& ends : values.Segments) {
+        const bool drawn = chart.Line(ends.XStart, ends.YStart, ends.XEnd, ends.YEnd, kBlueInk, 2);
+        if (drawn && std::max(ends.YStart, ends.YEnd) <= chart.Highest()) {
+            picture.Describe("Capacity {x}: {y} expected a year", ends);
+        }
+    }
+    DrawMarks(picture, chart, values.Marks);
+}
+
+}  // namespace
+
+void DrawCapacities(Picture& picture, const CostCurve& expectedCosts,
+                    std::vector<CapacityMark> marks) {
+    if (expectedCosts.IsEmpty()) {
+        picture.Clear();
+        return;
+    }
+    picture.Compose([values = ValuesOf(expectedCosts, std::move(marks))](Picture& each) {
+        DrawValues(each, values);
+    });
+}
+
+}  // namespace quarnel02
