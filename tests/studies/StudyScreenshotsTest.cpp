@@ -1,5 +1,6 @@
 // Pictures of the study window, kept beside the test program, and what must hold on each of them.
 #include <QScreen>
+#include <tuple>
 
 #include "app/Screenshot.h"
 #include "generate_model.h"
@@ -12,6 +13,15 @@ using test::Tab;
 
 class StudyScreenshots : public test::StudyTest {
   protected:
+    /// The pump, or a model with so many tasks and half as many resources.
+    void StartWith(int tasks) {
+        constexpr int pump = 12;
+        if (tasks == pump) {
+            StartPump();
+        } else {
+            Start(GeneratedModelScript(tasks, (tasks + 1) / 2, 1));
+        }
+    }
     void KeepTabs(const std::string& name) {
         Open();
         const std::array tabs = {std::pair(Tab::Line, "line"), std::pair(Tab::Volumes, "volumes"),
@@ -33,26 +43,35 @@ class StudyScreenshots : public test::StudyTest {
     test::PaletteKeeper m_palette;
 };
 
-TEST_F(StudyScreenshots, FiveTasks) {
-    Start(GeneratedModelScript(5, 4, 1));
-    KeepTabs("5");
+class StudyScreenshotsOfSizes : public StudyScreenshots,
+                                public testing::WithParamInterface<std::tuple<int, bool>> {};
+
+TEST_P(StudyScreenshotsOfSizes, ShowEveryTab) {
+    const auto [tasks, dark] = GetParam();
+    if (dark) {
+        QApplication::setPalette(test::DarkPalette());
+    }
+    StartWith(tasks);
+    KeepTabs(std::to_string(tasks) + (dark ? "-dark" : ""));
+    EXPECT_EQ(Study->palette().color(QPalette::Window).lightness() < 80, dark);
 }
 
-TEST_F(StudyScreenshots, TwelveTasks) {
-    StartPump();
-    KeepTabs("12");
-}
+INSTANTIATE_TEST_SUITE_P(StudyScreenshots, StudyScreenshotsOfSizes,
+                         testing::Combine(testing::Values(5, 12, 50), testing::Bool()));
 
-TEST_F(StudyScreenshots, FiftyTasks) {
-    Start(GeneratedModelScript(50, 25, 1));
-    KeepTabs("50");
-}
-
-TEST_F(StudyScreenshots, TwelveTasksInADarkPalette) {
-    QApplication::setPalette(test::DarkPalette());
-    StartPump();
-    KeepTabs("dark");
-    EXPECT_LT(Study->palette().color(QPalette::Window).lightness(), 80);
+TEST_F(StudyScreenshots, AFewScenarios) {
+    StartPump(
+        "INSERT INTO Scenarios VALUES ('Faster bench', 'Bench.TaskTimes -2%'),"
+        "('Dearer labour', 'LaborCost +10%'), ('Growth', 'Demand = 90000; Shifts = 2'),"
+        "('Too much', 'Demand = 900000; StationLimit = 1'), ('Old', 'Lathe.ICF = 1');");
+    Open();
+    Show(Tab::Scenarios);
+    auto& table = Part<StudyTableView>("tblScenarios");
+    table.setFocus();
+    table.selectRow(3);
+    QCoreApplication::processEvents();
+    test::ExpectNothingClipped(*Study, "");
+    test::KeepScreenshot(*Study, "study-scenarios");
 }
 
 TEST_F(StudyScreenshots, TheDemandDistribution) {
