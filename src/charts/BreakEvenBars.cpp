@@ -31,8 +31,11 @@ std::vector<Distance> DistancesOf(const std::vector<SensitivityRow>& rows) {
     constexpr double whole = 100;
     std::vector<Distance> distances;
     for (const SensitivityRow& row : rows) {
-        if (row.BreakEven && row.Value != 0) {
-            const double percent = whole * (*row.BreakEven - row.Value) / row.Value;
+        if (!row.BreakEven || row.Value == 0) {
+            continue;
+        }
+        const double percent = whole * (*row.BreakEven - row.Value) / row.Value;
+        if (std::fabs(percent) <= whole) {
             distances.push_back({row.Name, percent,
                                  row.Name + ", today " + FigureText(row.Value) +
                                      ": the line changes at " + FigureText(*row.BreakEven) + " (" +

@@ -32,19 +32,36 @@ CapacityValues ValuesOf(const CostCurve& curve, std::vector<CapacityMark> marks)
     return values;
 }
 
-/// Room for all marks and as much again, so that the penalties of low capacities leave them some.
+/// Room for all marks and little more: the penalties of low capacities would take the rest.
 Axis CostAxis(const CapacityValues& values) {
     constexpr double foot_from = 0.5;
     constexpr double least_room = 1.2;
+    constexpr double room = 1.25;
     double highest = least_room * values.Cheapest;
     for (const CapacityMark& mark : values.Marks) {
-        highest = std::max(highest, values.Cheapest + 2 * (mark.Cost - values.Cheapest));
+        highest = std::max(highest, values.Cheapest + room * (mark.Cost - values.Cheapest));
     }
     Axis axis{0, std::min(highest, values.Dearest), "Expected dollars per year", false, true};
     if (values.Cheapest > foot_from * axis.High) {
         axis.Low = std::max(0.0, values.Cheapest - (axis.High - values.Cheapest) / 4);
     }
     return axis;
+}
+
+/// The part of a segment that is not above the plot; the reading follows what is drawn.
+Reading Below(Reading ends, double highest) {
+    const auto volume_there = [whole = ends, highest] {
+        return whole.XStart +
+               (highest - whole.YStart) / (whole.YEnd - whole.YStart) * (whole.XEnd - whole.XStart);
+    };
+    if (ends.YStart > highest) {
+        ends.XStart = volume_there();
+        ends.YStart = highest;
+    } else if (ends.YEnd > highest) {
+        ends.XEnd = volume_there();
+        ends.YEnd = highest;
+    }
+    return ends;
 }
 
 void DrawMarks(Picture& picture, Chart& chart, const std::vector<CapacityMark>& marks) {
@@ -70,9 +87,10 @@ void DrawValues(Picture& picture, const CapacityValues& values) {
     frame.Y = CostAxis(values);
     Chart chart(picture, std::move(frame));
     for (const Reading& ends : values.Segments) {
-        const bool drawn = chart.Line(ends.XStart, ends.YStart, ends.XEnd, ends.YEnd, kBlueInk, 2);
-        if (drawn && std::max(ends.YStart, ends.YEnd) <= chart.Highest()) {
-            picture.Describe("Capacity {x}: {y} expected a year", ends);
+        if (std::min(ends.YStart, ends.YEnd) <= chart.Highest()) {
+            const Reading shown = Below(ends, chart.Highest());
+            chart.Line(shown.XStart, shown.YStart, shown.XEnd, shown.YEnd, kBlueInk, 2);
+            picture.Describe("Capacity {x}: {y} expected a year", shown);
         }
     }
     DrawMarks(picture, chart, values.Marks);

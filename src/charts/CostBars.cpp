@@ -65,7 +65,19 @@ void DrawBar(Picture& picture, Chart& chart, const CostBar& bar, double left, do
             from += part.Dollars;
         }
     }
-    chart.LabelAbove((left + right) / 2, from, CostText(SumOf(bar)), kInk);
+}
+
+/// All in short where not all have room in full; behind the bars, so that none covers a label.
+void DrawSums(const Picture& picture, Chart& chart, const std::vector<CostBar>& bars) {
+    const double room = chart.ToX(1) - chart.ToX(0);
+    const bool in_full = std::all_of(bars.begin(), bars.end(), [&](const CostBar& bar) {
+        return picture.WidthOf(CostText(SumOf(bar)), picture.PageFont()) <= room;
+    });
+    for (std::size_t place = 0; place < bars.size(); ++place) {
+        const double sum = SumOf(bars[place]);
+        chart.LabelAbove(chart.ToX(static_cast<double>(place) + 0.5), sum,
+                         in_full ? CostText(sum) : ShortDollars(sum), kInk);
+    }
 }
 
 void DrawBars(Picture& picture, const std::vector<CostBar>& bars, const CostBarTitles& titles) {
@@ -77,6 +89,7 @@ void DrawBars(Picture& picture, const std::vector<CostBar>& bars, const CostBarT
         const double middle = chart.ToX(static_cast<double>(place) + 0.5);
         DrawBar(picture, chart, bars[place], middle - half, middle + half);
     }
+    DrawSums(picture, chart, bars);
 }
 
 }  // namespace

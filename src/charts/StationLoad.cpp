@@ -108,9 +108,7 @@ void NumberPart(Picture& picture, const BoxFigure& box, const LoadPart& part) {
     }
 }
 
-/// A label that would lie on the line of the available time stands over that.
-void DrawBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, double right,
-             double available) {
+void DrawBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, double right) {
     double from = 0;
     for (const LoadPart& part : bar.Parts) {
         if (part.Seconds <= 0) {
@@ -123,11 +121,19 @@ void DrawBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, do
         NumberPart(picture, box, part);
         from += part.Seconds;
     }
-    const double top = std::max(from, bar.Seconds);
-    const bool on_limit =
-        top < available && chart.ToY(top) - chart.ToY(available) < LineHeight(picture.PageFont());
-    chart.LabelAbove((left + right) / 2, on_limit ? available : top, SecondsText(bar.Seconds),
-                     kInk);
+}
+
+/// A label that would lie on the line of the available time stands over that.
+void LabelBar(const Picture& picture, Chart& chart, const LoadBar& bar, double middle,
+              double available) {
+    double top = bar.Seconds;
+    for (double sum = 0; const LoadPart& part : bar.Parts) {
+        sum += std::max(part.Seconds, 0.0);
+        top = std::max(top, sum);
+    }
+    const double over_limit = chart.ToY(top) - chart.ToY(available);
+    const bool on_limit = top < available && over_limit < LineHeight(picture.PageFont());
+    chart.LabelAbove(middle, on_limit ? available : top, SecondsText(bar.Seconds), kInk);
 }
 
 void DrawLoads(Picture& picture, const LoadValues& values) {
@@ -137,9 +143,15 @@ void DrawLoads(Picture& picture, const LoadValues& values) {
     const double half = std::min(share_of_place * (chart.ToX(1) - chart.ToX(0)), widest) / 2;
     chart.Limit(values.Available, kRedInk);
     picture.Describe("Available cycle time " + SecondsText(values.Available));
+    const auto middle_of = [&](std::size_t place) {
+        return chart.ToX(static_cast<double>(place) + 0.5);
+    };
     for (std::size_t place = 0; place < values.Bars.size(); ++place) {
-        const double middle = chart.ToX(static_cast<double>(place) + 0.5);
-        DrawBar(picture, chart, values.Bars[place], middle - half, middle + half, values.Available);
+        const double middle = middle_of(place);
+        DrawBar(picture, chart, values.Bars[place], middle - half, middle + half);
+    }
+    for (std::size_t place = 0; place < values.Bars.size(); ++place) {
+        LabelBar(picture, chart, values.Bars[place], middle_of(place), values.Available);
     }
 }
 
