@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QWidget>
 #include <QWindow>
 
 namespace quarnel02 {
@@ -66,9 +65,18 @@ void InputShield::Lower() {
     }
 }
 
+bool InputShield::IsLeftOut(const QObject& watched) const {
+    if (m_leftOut == nullptr) {
+        return false;
+    }
+    const auto* widget = qobject_cast<const QWidget*>(&watched);
+    return widget == nullptr ? &watched == m_leftOut->windowHandle()
+                             : widget->window() == m_leftOut;
+}
+
 bool InputShield::eventFilter(QObject* watched, QEvent* event) {
     const bool close = event->type() == QEvent::Close && ClosesByTheUser(*watched);
-    if (!close && !IsInput(event->type())) {
+    if ((!close && !IsInput(event->type())) || IsLeftOut(*watched)) {
         return false;
     }
     event->setAccepted(!close);

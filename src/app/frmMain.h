@@ -82,6 +82,7 @@ class frmMain : public QMainWindow, public MainForm {
     void ShowStatus(const std::string& text) override;
     void SetStatus(const std::string& text) override;
     void SetProgress(int done, int total) override;
+    void Look() override;
     void HideStatus() override;
     void Notice(const std::string& text) override;
     [[noreturn]] void EndProgram() override;
@@ -129,6 +130,7 @@ class frmMain : public QMainWindow, public MainForm {
     void Solve(int shifts);
     void SolveStochastic();
     void Design(const std::function<void()>& solve, const char* report);
+    void ShowCancelled(const QString& before);
     void ShowWorking(bool working);
     void ShowState();
     void ShowMarks();
@@ -178,6 +180,7 @@ class frmMain : public QMainWindow, public MainForm {
     ElidedLabel* m_design = nullptr;  ///< what the pictures show
     Colour m_sumColour;               ///< of lblSum on light paper
     std::unique_ptr<frmStatus> m_status;  ///< while a stochastic solve runs
+    QString m_notice;                     ///< the last one of a solve
     bool m_solving = false;
     int m_events = 0;  ///< that run inside one another
     QTimer m_afterError;

@@ -136,8 +136,11 @@ void frmMain::ShowStatus(const std::string& text) {
     m_status = std::make_unique<frmStatus>(this);
     m_status->setWindowModality(Qt::ApplicationModal);
     SetBusy(true);
-    m_status->show();
     SetStatus(text);
+    m_status->show();
+    m_status->activateWindow();
+    m_shield.LeaveOut(m_status.get());
+    m_status->Look();
 }
 
 void frmMain::SetStatus(const std::string& text) {
@@ -148,6 +151,13 @@ void frmMain::SetProgress(int done, int total) {
     m_status->SetProgress(done, total);
 }
 
+void frmMain::Look() {
+    m_status->Look();
+    if (m_status->IsCancelled()) {
+        throw SolveCancelled();
+    }
+}
+
 void frmMain::HideStatus() {
     m_status.reset();
     SetBusy(false);
@@ -156,7 +166,8 @@ void frmMain::HideStatus() {
 
 /// In the status window it is soon overwritten; the status bar keeps it.
 void frmMain::Notice(const std::string& text) {
-    m_ui->statusBar->showMessage(QString::fromStdString(text));
+    m_notice = QString::fromStdString(text);
+    m_ui->statusBar->showMessage(m_notice);
     SetStatus(text);
 }
 

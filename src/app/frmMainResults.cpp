@@ -39,6 +39,7 @@ void frmMain::ConnectResults() {
         this);
     auto* escape = new QShortcut(Qt::Key_Escape, this);
     escape->setEnabled(false);
+    escape->setAutoRepeat(false);
     connect(escape, &QShortcut::activated, m_boxes, &ResultBoxes::Restore);
     connect(m_boxes, &ResultBoxes::EnlargedChanged, this, [this, escape](bool enlarged) {
         escape->setEnabled(enlarged);

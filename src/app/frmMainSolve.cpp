@@ -1,6 +1,7 @@
 // The buttons of frmMain that design the line.
 #include <QProgressBar>
 #include <QSignalBlocker>
+#include <optional>
 
 #include "app/frmMain.h"
 #include "commands/cmdContinuous.h"
@@ -44,11 +45,16 @@ class frmMain::SolveScope : quarnel02::Immovable {
 };
 
 void frmMain::Design(const std::function<void()>& solve, const char* report) {
+    const auto made = [this] {
+        return LastDesign ? std::optional(LastDesign->When) : std::nullopt;
+    };
     RunCommand([&] {
         const SolveScope scope(*this);
-        LastDesign.reset();
+        const auto before = made();
         RunEvent(solve);
-        m_marks.NoteReport(report);
+        if (made() != before) {
+            m_marks.NoteReport(report);
+        }
     });
 }
 
@@ -57,8 +63,26 @@ void frmMain::Solve(int shifts) {
 }
 
 void frmMain::SolveStochastic() {
-    m_ui->statusBar->clearMessage();
-    Design([&] { cmdStoch_Click(*this); }, kProductionReport);
+    const QString shown = m_ui->statusBar->currentMessage();
+    StochasticOutcome outcome;
+    Design(
+        [&] {
+            m_ui->statusBar->clearMessage();
+            outcome = cmdStoch_Click(*this);
+        },
+        kProductionReport);
+    if (outcome.End == StochasticEnd::Cancelled) {
+        ShowCancelled(shown);
+    }
+}
+
+/// A notice belongs to the results, which are those from before again.
+void frmMain::ShowCancelled(const QString& before) {
+    if (!before.isEmpty() && before == m_notice) {
+        m_ui->statusBar->showMessage(before);
+    } else {
+        ShowBriefly(QStringLiteral("Cancelled; model and results are as they were"));
+    }
 }
 
 /// Hourglass, progress bar and text while a solve works, not while it asks.

@@ -47,6 +47,7 @@ class HeadlessForm : public MainForm {
     void ShowStatus(const std::string& /*text*/) override {}
     void SetStatus(const std::string& /*text*/) override {}
     void SetProgress(int /*done*/, int /*total*/) override {}
+    void Look() override {}
     void HideStatus() override {}
     void Notice(const std::string& /*text*/) override {}
     /// Only records it, for the caller to let the program end.

@@ -36,6 +36,19 @@ void ClearResults(PictureBoxes& boxes) {
     boxes.LastDesign.reset();
 }
 
+void ShowResultsAgain(const PictureBoxes& earlier, PictureBoxes& boxes) {
+    for (std::size_t i = 0; i < boxes.picGraph.size(); ++i) {
+        Picture& picture = boxes.picGraph.at(i);
+        const Page page = picture.LaidOutFor();
+        picture = earlier.picGraph.at(i);
+        picture.LayOut(page);
+        if (picture.OnChange) {
+            picture.OnChange();
+        }
+    }
+    boxes.LastDesign = earlier.LastDesign;
+}
+
 void OpenReport(const WorkingCopy& copy, const std::string& file, Desktop& desktop) {
     if (HasReport(copy, file)) {
         desktop.StartProgram("notepad.exe " + PathText(copy.File(file)));

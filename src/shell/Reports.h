@@ -21,6 +21,8 @@ void RemoveReport(const WorkingCopy& copy, const std::string& file);
 
 /// Clears the result pictures, which then show no design.
 void ClearResults(PictureBoxes& boxes);
+/// Shows again what a copy of the boxes, made earlier, has as results.
+void ShowResultsAgain(const PictureBoxes& earlier, PictureBoxes& boxes);
 
 /// Opens a report of the application directory in the text editor, without waiting for it. Does
 /// nothing when there is no such report.

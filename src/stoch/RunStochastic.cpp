@@ -1,6 +1,7 @@
 #include "stoch/RunStochastic.h"
 
 #include <set>
+#include <system_error>
 #include <utility>
 
 #include "basic/Numbers.h"
@@ -45,8 +46,15 @@ class Solve {
           m_pictures(pictures),
           m_model(LoadLineModel(database)) {}
 
+    /// An earlier report stays until it is known that the run has an end.
     StochasticOutcome Run() {
-        const std::optional<StochasticLine> line = BuildTables();
+        std::optional<StochasticLine> line;
+        try {
+            line = BuildTables();
+        } catch (const SolveCancelled&) {
+            return {StochasticEnd::Cancelled, {}, {}, {}};
+        }
+        RemoveReport(WorkingCopy(m_request.ApplicationDirectory), kProductionReport);
         if (!line) {
             return {StochasticEnd::ImpossibleTask, {}, {}, {}};
         }
@@ -120,9 +128,15 @@ StochasticOutcome RunStochastic(const Database& database, const StochasticReques
         return {};
     }
     Solve solve(database, request, files, status, dialogs, pictures);
-    RemoveReport(WorkingCopy(request.ApplicationDirectory), kProductionReport);
+    const WorkingCopy copy(request.ApplicationDirectory);
+    const FailureGuard no_report([&] {
+        std::error_code ignored;
+        if (HasReport(copy, kProductionReport)) {
+            std::filesystem::remove(copy.File(kProductionReport), ignored);
+        }
+    });
     StochasticOutcome outcome = solve.Run();
-    if (outcome.End == StochasticEnd::Designed) {
+    if (outcome.End != StochasticEnd::ImpossibleTask) {
         files.DeleteAll();
     }
     outcome.Took = std::chrono::system_clock::now() - start;

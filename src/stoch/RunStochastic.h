@@ -25,6 +25,7 @@ struct StochasticRequest {
 /// How a solve ended.
 enum class StochasticEnd : std::int8_t {
     NotStarted,      ///< something is missing, or the planner did not want it
+    Cancelled,       ///< by the planner; nothing is left of it
     ImpossibleTask,  ///< a task that no resource can do, which ends the program
     Designed
 };
@@ -45,10 +46,11 @@ struct StochasticOutcome {
 /// run files, takes the capacity of lowest expected cost, reports and draws it. Run files of an
 /// earlier run are deleted first, its own at the end, also when it fails. The status window is
 /// shown meanwhile.
-/// Says so, and stops, when a resource has no row. From then on the report of an earlier run is
-/// gone. Where no resource can do a task, it says so and leaves run files and status window as they
-/// are: the program is to end at once.
-/// Throws what the stages throw; the model is then unchanged.
+/// Says so, and stops, when a resource has no row. Where no resource can do a task, it says so and
+/// leaves run files and status window as they are: the program is to end at once. Cancelled, it
+/// leaves model and report of an earlier run as they are; pictures are the caller's.
+/// Throws what the stages throw; the model is then unchanged, and the report of an earlier run
+/// gone.
 StochasticOutcome RunStochastic(const Database& database, const StochasticRequest& request,
                                 SolveStatus& status, Dialogs& dialogs, PictureBoxes& pictures);
 

@@ -34,10 +34,16 @@ std::string StatusOf(const CurveName& stage) {
 
 void StageTables::Begin(const CurveName& stage) {
     m_status.SetStatus(StatusOf(stage));
+    m_status.Look();
     m_firstOfArc = true;
 }
 
 void StageTables::Made(const CurveName& name, const CostCurve& curve) {
+    Keep(name, curve);
+    m_status.Look();
+}
+
+void StageTables::Keep(const CurveName& name, const CostCurve& curve) {
     switch (name.Stage) {
         case CurveStage::Resource:
             return BuildResourceTable(name, curve);

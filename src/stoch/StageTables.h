@@ -11,7 +11,7 @@ namespace quarnel02 {
 
 /// Follows a design through the stages of its programme: writes the tables of each as run files,
 /// says in the status window how far it is, and gives a notice of every table that ends early.
-/// Throws FileAccess when a run file cannot be written.
+/// Throws FileAccess when a run file cannot be written, and SolveCancelled after any curve.
 class StageTables : public CurveListener {
   public:
     /// Keeps references. `tasks` is how many the model has.
@@ -26,6 +26,7 @@ class StageTables : public CurveListener {
     [[nodiscard]] std::span<const CostCurve> Prefixes() const { return m_prefixes; }
 
   private:
+    void Keep(const CurveName& name, const CostCurve& curve);
     /// "F.. T.. .R..": the curve of a resource that can do all tasks of an arc; none that is empty.
     void BuildResourceTable(const CurveName& name, const CostCurve& curve);
     void MergeResourceTable(const CurveName& name, const CostCurve& curve) const;

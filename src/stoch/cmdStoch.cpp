@@ -78,6 +78,7 @@ std::optional<DesignedLine> DesignedLineOf(LineModel model, const StochasticOutc
 
 StochasticOutcome cmdStoch_Click(MainForm& form,
                                  const std::optional<std::filesystem::path>& keepRunFiles) {
+    const PictureBoxes before = form;
     ClearResults(form);
     if (form.DemandCount() < kFewestPoints) {
         form.ShowMessage("You must first enter a probability distribution for demand.",
@@ -94,6 +95,8 @@ StochasticOutcome cmdStoch_Click(MainForm& form,
         form.LastDesign->Took = outcome.Took;
         form.LastDesign->Line = DesignedLineOf(LoadLineModel(database), outcome);
         OpenReport(form.Copy(), kProductionReport, form);
+    } else if (outcome.End == StochasticEnd::Cancelled) {
+        ShowResultsAgain(before, form);
     }
     database.Close();  // ending the program cleans nothing up
     if (outcome.End == StochasticEnd::ImpossibleTask) {

@@ -13,7 +13,8 @@ namespace quarnel02 {
 /// opens the report. Before anything else is touched it says what is not complete, throws what
 /// RequireUsableModel and RequireUsableDemand do, TypeMismatch or Overflow for a penalty that is no
 /// number or negative, and asks whether to go on with probabilities that are off 100 by more than
-/// 0.05. A task that no resource can do ends the program. Throws what RunStochastic throws.
+/// 0.05. A task that no resource can do ends the program. A run that the planner cancels leaves
+/// everything as it was before the click. Throws what RunStochastic throws.
 /// Run files are kept in the empty directory `keepRunFiles`, if there is one.
 StochasticOutcome cmdStoch_Click(MainForm& form,
                                  const std::optional<std::filesystem::path>& keepRunFiles = {});

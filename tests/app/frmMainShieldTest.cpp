@@ -1,13 +1,13 @@
 // What is typed and clicked while a solve runs.
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <QWindow>
 
+#include "app/OnShow.h"
 #include "app/WindowTest.h"
 #include "support/ModelScript.h"
 
@@ -18,25 +18,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr const char* kAskLimit = "none: Do you want to limit parallel stations?";
-
-/// Calls back whenever a window or control of that name appears.
-class OnShow : public QObject {
-  public:
-    OnShow(const char* className, std::function<void()> act)
-        : m_class(className), m_act(std::move(act)) {
-        qApp->installEventFilter(this);
-    }
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Show && watched->inherits(m_class)) {
-            m_act();
-        }
-        return false;
-    }
-
-  private:
-    const char* m_class;
-    std::function<void()> m_act;
-};
 
 class frmMainShield : public test::WindowTest {
   protected:
@@ -114,7 +95,7 @@ class frmMainShield : public test::WindowTest {
 
 TEST_F(frmMainShield, AFixedSolveTakesNoInputWhileItWorks) {
     StartWith({{100000, 100}});
-    const OnShow meddler("QProgressBar", [this] {
+    const test::OnShow meddler("QProgressBar", [this](QWidget&) {
         PostInput();
         InputNow();
     });
@@ -133,7 +114,7 @@ TEST_F(frmMainShield, NothingRunsAfterAFixedSolve) {
 
 TEST_F(frmMainShield, AStochasticSolveTakesNoInputWhileItWorks) {
     StartWith({{100000, 50}, {200000, 50}});
-    const OnShow meddler("quarnel02::frmStatus", [this] {
+    const test::OnShow meddler("quarnel02::frmStatus", [this](QWidget&) {
         PostInput();
         InputNow();
     });

@@ -76,6 +76,12 @@ void ScriptedForm::SetProgress(int done, int total) {
     Events.push_back("progress: " + std::to_string(done) + "/" + std::to_string(total));
 }
 
+void ScriptedForm::Look() {
+    if (++Looks == CancelAt) {
+        throw SolveCancelled();
+    }
+}
+
 void ScriptedForm::HideStatus() {
     Events.emplace_back("hide status");
 }

@@ -23,6 +23,8 @@ class ScriptedForm : public HeadlessForm {
     std::deque<std::string> InputAnswers;
     std::vector<std::string> Events;
     std::vector<Answer> ProposedAnswers;  ///< of the Yes/No questions, in order
+    int Looks = 0;                        ///< how often a solve has looked at the status window
+    int CancelAt = 0;                     ///< the look that cancels the solve, from 1; 0 is none
 
     void SetTitle(const std::string& title) override;
     void SelectDemand(int line) override;
@@ -35,6 +37,7 @@ class ScriptedForm : public HeadlessForm {
     void ShowStatus(const std::string& text) override;
     void SetStatus(const std::string& text) override;
     void SetProgress(int done, int total) override;
+    void Look() override;
     void HideStatus() override;
     void Notice(const std::string& text) override;
     void EndProgram() override;
