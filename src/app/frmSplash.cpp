@@ -6,6 +6,7 @@
 #include <QSysInfo>
 
 #include "app/AppIcon.h"
+#include "app/ClickGuard.h"
 #include "ui_frmSplash.h"
 #include "widgets/PicturePainter.h"
 
@@ -88,6 +89,12 @@ void frmSplash::paintEvent(QPaintEvent* event) {
         m_seen = true;
         m_timer->start();
     }
+}
+
+/// A click on it may come a moment too late, or be a double click.
+void frmSplash::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    new ClickGuard(geometry(), parentWidget());
 }
 
 void frmSplash::keyPressEvent(QKeyEvent* /*event*/) {

@@ -26,6 +26,7 @@ class frmSplash : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
+    void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -1,13 +1,16 @@
 // The splash and status windows.
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QFrame>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPointer>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "app/frmSplash.h"
 #include "app/frmStatus.h"
@@ -69,6 +72,29 @@ TEST_F(frmSplashWindow, GoesOnAKeyForTheMainWindow) {
 TEST_F(frmSplashWindow, NeverHasTheKeyboard) {
     EXPECT_TRUE(Splash->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
     EXPECT_TRUE(Splash->testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+/// The first page has links where the splash stood: a click that comes a moment too late, and the
+/// second one of a double click, are not meant for them.
+TEST_F(frmSplashWindow, AClickThatComesTooLateReachesNothing) {
+    auto* link = new QPushButton(&Main);
+    link->setGeometry(Main.rect());
+    link->show();
+    int clicks = 0;
+    QObject::connect(link, &QPushButton::clicked, [&] { ++clicks; });
+    const QPoint below = Main.mapFromGlobal(Splash->geometry().center());
+    const auto click = [&](const QPoint& at) {
+        QTest::mouseClick(Main.windowHandle(), Qt::LeftButton, {}, at);
+    };
+    Splash->findChild<QTimer*>(QStringLiteral("tmrQuitMe"))->start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsGone(); }));
+    click(below);
+    EXPECT_EQ(clicks, 0);
+    click(QPoint(3, 3));
+    EXPECT_EQ(clicks, 1) << "beside the splash";
+    QTest::qWait(QApplication::doubleClickInterval() + 100);
+    click(below);
+    EXPECT_EQ(clicks, 2);
 }
 
 TEST_F(frmSplashWindow, GivesTheKeyboardToTheMainWindowOnAClick) {
