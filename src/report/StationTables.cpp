@@ -13,11 +13,11 @@ namespace {
 
 constexpr double kPercent = 100;
 
-std::string Dollars(double amount) {
+std::string DollarFigure(double amount) {
     return Format(amount, "$#,##0");
 }
 
-std::string Seconds(double seconds) {
+std::string SecondFigure(double seconds) {
     return Format(seconds, "#,##0.00");
 }
 
@@ -49,7 +49,7 @@ std::vector<std::string> CostCells(std::string first, std::string name, const Co
     std::vector<std::string> cells = {std::move(first), std::move(name)};
     for (const double figure :
          {figures.Investment, figures.Capital, figures.Machine, figures.Labour, figures.Total}) {
-        cells.push_back(Dollars(figure));
+        cells.push_back(DollarFigure(figure));
     }
     cells.push_back(Percent(share));
     return cells;
@@ -71,8 +71,8 @@ TablePart StationWorkTable(const LineModel& model, const LineTable& line) {
     for (const StationRow& station : line.Rows) {
         table.Rows.push_back({NumberText(++number), station.Resource,
                               NumberText(station.Group.Stations), TaskTexts(model, station.Group),
-                              ToolTexts(station), Seconds(station.Time), Percent(station.Load),
-                              Seconds(station.Idle)});
+                              ToolTexts(station), SecondFigure(station.Time), Percent(station.Load),
+                              SecondFigure(station.Idle)});
     }
     return table;
 }
