@@ -56,9 +56,9 @@ void RequireOrdinaryFile(const QString& file) {
 
 }  // namespace
 
-ReportLauncher::ReportLauncher(QWidget* parent)
+ReportLauncher::ReportLauncher(QWidget* parent, WindowMemory* memory)
     : m_ways{StartDetached, OpenWithDesktop,
-             [parent](const QString& file) { ShowReport(parent, file); }} {}
+             [parent, memory](const QString& file) { ShowReport(parent, file, memory); }} {}
 
 ReportLauncher::ReportLauncher(Ways ways) : m_ways(std::move(ways)) {}
 

@@ -8,6 +8,8 @@ class QWidget;
 
 namespace quarnel02 {
 
+class WindowMemory;
+
 /// Starts "program file" without waiting. Where there is no such program, the file is opened in
 /// the platform's text editor, and where there is none either, in a viewer of our own.
 class ReportLauncher {
@@ -19,8 +21,8 @@ class ReportLauncher {
         std::function<void(const QString& file)> View;
     };
 
-    /// `parent` owns the viewers.
-    explicit ReportLauncher(QWidget* parent);
+    /// `parent` owns the viewers; `memory`, if any, knows where they saved last, and outlives them.
+    explicit ReportLauncher(QWidget* parent, WindowMemory* memory = nullptr);
     explicit ReportLauncher(Ways ways);
 
     /// The program is the command line up to its first blank, the file all that follows. Throws

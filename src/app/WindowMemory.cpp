@@ -1,5 +1,7 @@
 #include "app/WindowMemory.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSettings>
 
 #include "app/QtPaths.h"
@@ -47,6 +49,14 @@ void WindowMemory::Keep(const QString& key, const QByteArray& value) {
 
 void WindowMemory::Keep(const QString& key, const QString& value) {
     Keep(key, value.toUtf8());
+}
+
+QString LastDirectory(const WindowMemory* memory, const QString& otherwise) {
+    const QString last = memory == nullptr ? QString() : memory->Text(WindowMemory::kLastDirectory);
+    if (!last.isEmpty() && QFileInfo(last).isDir()) {
+        return last;
+    }
+    return otherwise.isEmpty() ? QDir::homePath() : otherwise;
 }
 
 }  // namespace quarnel02

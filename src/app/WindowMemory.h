@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QLatin1String>
 #include <QString>
 #include <filesystem>
 #include <memory>
@@ -17,6 +18,9 @@ namespace quarnel02 {
 /// convenience is in it.
 class WindowMemory : Immovable {
   public:
+    /// Key of the directory that a dialog for files other than models was in last.
+    static constexpr QLatin1String kLastDirectory{"Sheets/directory"};
+
     explicit WindowMemory(const std::filesystem::path& applicationDirectory);
     ~WindowMemory();
 
@@ -30,5 +34,9 @@ class WindowMemory : Immovable {
   private:
     std::unique_ptr<QSettings> m_file;  ///< none where the file is of no use
 };
+
+/// The directory of kLastDirectory as long as it is one, else `otherwise`, else home. A null
+/// memory remembers nothing.
+QString LastDirectory(const WindowMemory* memory, const QString& otherwise = {});
 
 }  // namespace quarnel02

@@ -18,7 +18,7 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
       m_ui(std::make_unique<Ui::frmMain>()),
       m_dialog(Copy().File({}), this),
       m_commands(*this, m_dialog),
-      m_launcher(std::make_unique<ReportLauncher>(this)),
+      m_launcher(std::make_unique<ReportLauncher>(this, &m_memory)),
       m_marks(*this),
       m_memory(Copy().Directory()) {
     m_ui->setupUi(this);
@@ -40,6 +40,7 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
     ConnectToolBar();
     ConnectResults();
     ConnectFirstSteps();
+    ConnectLeaves();
     RecallLayout();
     m_afterError.setSingleShot(true);
     m_afterError.setInterval(0);

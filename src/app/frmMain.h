@@ -15,6 +15,7 @@
 #include "app/frmFile.h"
 #include "commands/FileCommands.h"
 #include "commands/ResultMarks.h"
+#include "report/Document.h"
 #include "shell/MainForm.h"
 
 class QLabel;
@@ -25,6 +26,7 @@ namespace quarnel02 {
 
 class ElidedLabel;
 class FieldBox;
+class PictureBox;
 class ResultBoxes;
 class frmGuide;
 class frmStudy;
@@ -115,6 +117,7 @@ class frmMain : public QMainWindow, public MainForm {
     void ConnectToolBar();
     void ConnectResults();
     void ConnectFirstSteps();
+    void ConnectLeaves();
 
     bool Attempt(const std::function<void()>& event);
     bool RunCommand(const std::function<void()>& command);
@@ -153,6 +156,20 @@ class frmMain : public QMainWindow, public MainForm {
     void ExportWorkbook();
     void ExportCsvFiles();
     [[nodiscard]] QString UserDirectory();
+    void RememberDirectory(const QString& file);
+    void AddPictureCommands(PictureBox& box);
+    void NamePictureCommands();
+    [[nodiscard]] PictureBox& PictureInMind() const;
+    [[nodiscard]] const Picture& PictureOf(const PictureBox& box) const;
+    [[nodiscard]] QString TitleOf(const PictureBox& box) const;
+    [[nodiscard]] QString MarkOfPictures() const;
+    [[nodiscard]] QString ProposedName(const QString& what) const;
+    void CopyBox(const PictureBox& box);
+    void SaveBox(const PictureBox& box);
+    void PrintBox(const PictureBox& box);
+    [[nodiscard]] Document PageOf(const PictureBox& box) const;
+    [[nodiscard]] Document Report() const;
+    void SaveReport();
     void FillExamplesMenu();
     void FillRecoverMenu(const std::vector<KeptModel>& models);
     void ShowGuide();
@@ -170,7 +187,8 @@ class frmMain : public QMainWindow, public MainForm {
     InputShield m_shield;
     WindowMemory m_memory;
     ResultBoxes* m_boxes = nullptr;
-    int m_toolBarWidth = 0;  ///< with all its texts; 0 until it is known
+    int m_toolBarWidth = 0;               ///< with all its texts; 0 until it is known
+    PictureBox* m_lastPicture = nullptr;  ///< that had the focus last
     frmGuide* m_guide = nullptr;
     frmStudy* m_study = nullptr;
     QProgressBar* m_progress = nullptr;

@@ -3,6 +3,9 @@
 #include <QLabel>
 #include <QShortcut>
 #include <QToolButton>
+#include <algorithm>
+#include <array>
+#include <utility>
 
 #include "app/BoxFrame.h"
 #include "app/PictureWords.h"
@@ -72,17 +75,32 @@ void frmMain::ShowResults() {
     m_ui->chkFitWidth->setVisible(begun);
 }
 
-void frmMain::ShowTitles() {
+QString frmMain::TitleOf(const PictureBox& box) const {
     const bool stochastic = !picGraph[3].Figures().empty();
-    const QString mark =
-        m_marks.OfPictures() == Standing::OutOfDate ? QStringLiteral(" (out of date)") : QString();
-    m_ui->label_picArc->setText(QStringLiteral("Arc network") + mark);
-    m_ui->label_picGraph_0->setText(
-        (stochastic ? QStringLiteral("Final solution") : QStringLiteral("Solution summary")) +
-        mark);
-    m_ui->label_picGraph_1->setText(QStringLiteral("Demand distribution") + mark);
-    m_ui->label_picGraph_2->setText(QStringLiteral("Line") + mark);
-    m_ui->label_picGraph_3->setText(QStringLiteral("Expected annual cost") + mark);
+    const std::array titles = {
+        std::pair(m_ui->picArc, QStringLiteral("Arc network")),
+        std::pair(m_ui->picGraph_0, stochastic ? QStringLiteral("Final solution")
+                                               : QStringLiteral("Solution summary")),
+        std::pair(m_ui->picGraph_1, QStringLiteral("Demand distribution")),
+        std::pair(m_ui->picGraph_2, QStringLiteral("Line")),
+        std::pair(m_ui->picGraph_3, QStringLiteral("Expected annual cost"))};
+    return std::find_if(titles.begin(), titles.end(),
+                        [&](const auto& each) { return each.first == &box; })
+        ->second;
+}
+
+QString frmMain::MarkOfPictures() const {
+    return m_marks.OfPictures() == Standing::OutOfDate ? QStringLiteral(" (out of date)")
+                                                       : QString();
+}
+
+void frmMain::ShowTitles() {
+    const QString mark = MarkOfPictures();
+    m_ui->label_picArc->setText(TitleOf(*m_ui->picArc) + mark);
+    m_ui->label_picGraph_0->setText(TitleOf(*m_ui->picGraph_0) + mark);
+    m_ui->label_picGraph_1->setText(TitleOf(*m_ui->picGraph_1) + mark);
+    m_ui->label_picGraph_2->setText(TitleOf(*m_ui->picGraph_2) + mark);
+    m_ui->label_picGraph_3->setText(TitleOf(*m_ui->picGraph_3) + mark);
 }
 
 /// What the pictures show, for those who do not see them.

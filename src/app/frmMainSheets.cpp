@@ -11,12 +11,6 @@
 
 namespace quarnel02 {
 
-namespace {
-
-constexpr QLatin1String kLastDirectory("Sheets/directory");
-
-}  // namespace
-
 void frmMain::ConnectSheetFiles() {
     const auto on = [this](QAction* action, void (frmMain::*command)()) {
         connect(action, &QAction::triggered, this,
@@ -27,15 +21,14 @@ void frmMain::ConnectSheetFiles() {
     on(m_ui->mnuFileExportCsv, &frmMain::ExportCsvFiles);
 }
 
-/// Where the last import or export was, now or in an earlier session, else where the model's own
-/// file is, else home.
+/// Where something was imported or left last, now or in an earlier session, else where the model's
+/// own file is, else home.
 QString frmMain::UserDirectory() {
-    QString last = m_memory.Text(kLastDirectory);
-    if (!last.isEmpty() && QFileInfo(last).isDir()) {
-        return last;
-    }
-    const std::string& directory = m_commands.Current().Dir;
-    return directory.empty() ? QDir::homePath() : QString::fromStdString(directory);
+    return LastDirectory(&m_memory, QString::fromStdString(m_commands.Current().Dir));
+}
+
+void frmMain::RememberDirectory(const QString& file) {
+    m_memory.Keep(WindowMemory::kLastDirectory, QFileInfo(file).path());
 }
 
 void frmMain::Import() {
@@ -43,7 +36,7 @@ void frmMain::Import() {
         this, QStringLiteral("Import"), UserDirectory(),
         QStringLiteral("Workbooks and CSV files (*.xlsx *.ods *.csv);;All files (*)"));
     if (!file.isEmpty()) {
-        m_memory.Keep(kLastDirectory, QFileInfo(file).path());
+        RememberDirectory(file);
         ImportWorkbook(*this, m_commands.Current(), m_commands.History(), ToPath(file));
     }
 }
@@ -60,7 +53,7 @@ void frmMain::ExportWorkbook() {
                       QStringLiteral(".xlsx"));
     if (dialog.exec() == QDialog::Accepted) {
         const QString file = dialog.selectedFiles().front();
-        m_memory.Keep(kLastDirectory, QFileInfo(file).path());
+        RememberDirectory(file);
         ExportXlsx(*this, ToPath(file));
         ShowBriefly(QStringLiteral("Exported to ") + file);
     }
@@ -70,7 +63,7 @@ void frmMain::ExportCsvFiles() {
     const QString directory = QFileDialog::getExistingDirectory(
         this, QStringLiteral("Directory for the CSV files"), UserDirectory());
     if (!directory.isEmpty() && ExportCsv(*this, ToPath(directory))) {
-        m_memory.Keep(kLastDirectory, directory);
+        m_memory.Keep(WindowMemory::kLastDirectory, directory);
         ShowBriefly(QStringLiteral("CSV files written to ") + directory);
     }
 }

@@ -70,6 +70,8 @@ class FileCommands {
 
     /// Whether the model has no file of its own yet; a proposed name is none.
     [[nodiscard]] bool IsUntitled() const { return m_current.File.empty() || m_proposed; }
+    /// Name of the model's file, also a proposed one.
+    [[nodiscard]] const std::string& File() const { return m_current.File; }
     /// Name of the file that was written since it was last asked for; "" when none was.
     [[nodiscard]] std::string TakeSavedName() { return std::exchange(m_savedName, {}); }
 

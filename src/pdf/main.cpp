@@ -6,6 +6,7 @@
 #include <iostream>
 #include <string_view>
 
+#include "basic/Files.h"
 #include "basic/Version.h"
 #include "batch/SolveProgram.h"
 #include "print/PrintDocument.h"
@@ -19,8 +20,13 @@ void TakeMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QS
     }
 }
 
-/// Needs no screen.
+/// Needs no screen. The toolkit wants a directory of the session; without one it would make one and
+/// leave it.
 std::string MakePdf(const quarnel02::Document& document) {
+    const quarnel02::TemporaryDirectory session;
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", quarnel02::PathText(session.Path()).c_str());
+    }
     qInstallMessageHandler(TakeMessage);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLocale::setDefault(QLocale::c());

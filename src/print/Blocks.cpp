@@ -149,12 +149,13 @@ class BlockMaker {
         }
     }
 
+    /// There is room for a title or a heading above it.
     void Add(const PicturePart& part) {
         const Block words = Wrapped(part.Words, PaperText::Small, m_body.Width, 0);
         constexpr double gap = 60;
-        const double under_heading = QFontMetricsF(PaperFont(PaperText::Heading)).lineSpacing() +
-                                     kPartGap + words.Height + gap;
-        const PaperPicture picture = OnPaper(part, {m_body.Width, m_body.Height - under_heading});
+        const double above = QFontMetricsF(PaperFont(PaperText::Title)).lineSpacing() + kSectionGap;
+        const PaperPicture picture =
+            OnPaper(part, {m_body.Width, m_body.Height - above - gap - words.Height});
         const double height = (picture.Bounds.Bottom - picture.Bounds.Top) * picture.Scale;
         Block block;
         block.Height = height + gap + words.Height;

@@ -23,4 +23,8 @@ void CopyPicture(const Picture& picture) {
     QGuiApplication::clipboard()->setMimeData(content.release());
 }
 
+void CopyText(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+}
+
 }  // namespace quarnel02

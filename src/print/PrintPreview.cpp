@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include "print/PrintDocument.h"
+#include "print/SaveDialog.h"
 
 namespace quarnel02 {
 
@@ -15,10 +16,11 @@ void ShowPrintPreview(QWidget* parent, const Document& document) {
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageMargins(QMarginsF(kPaperMargin, kPaperMargin, kPaperMargin, kPaperMargin),
                            QPageLayout::Millimeter);
-    printer.setDocName(QString::fromStdString(document.Title));
+    const QString title = QString::fromStdString(document.Title);
+    printer.setDocName(
+        FileNameOf(QString(title).replace(QLatin1String(": "), QLatin1String(" - "))));
     QPrintPreviewDialog preview(&printer, parent);
-    preview.setWindowTitle(QStringLiteral("Print preview - ") +
-                           QString::fromStdString(document.Title));
+    preview.setWindowTitle(QStringLiteral("Print preview - ") + title);
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                      [&document](QPrinter* paper) { PrintDocument(document, *paper); });
     preview.resize(preview.screen()->availableSize() * share_of_screen);

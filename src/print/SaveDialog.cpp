@@ -22,18 +22,21 @@ bool HasExtension(const SavedKind& kind, const QString& path) {
 
 }  // namespace
 
+SavedKind PdfKind() {
+    return {QStringLiteral("PDF document"), QStringLiteral("pdf")};
+}
+
 std::vector<SavedKind> DrawingKinds() {
     const QString png = QStringLiteral("png");
     return {{QStringLiteral("Drawing"), QStringLiteral("svg")},
             {QStringLiteral("Image, twice as large"), png, kDouble},
             {QStringLiteral("Image, four times as large"), png, kFourfold},
             {QStringLiteral("Image as on a screen"), png, 1},
-            {QStringLiteral("PDF document"), QStringLiteral("pdf")}};
+            PdfKind()};
 }
 
 std::vector<SavedKind> TextKinds() {
-    return {{QStringLiteral("Text"), QStringLiteral("txt")},
-            {QStringLiteral("PDF document"), QStringLiteral("pdf")}};
+    return {{QStringLiteral("Text"), QStringLiteral("txt")}, PdfKind()};
 }
 
 std::optional<SavedFile> AskSavedFile(QWidget* parent, const QString& title,

@@ -21,6 +21,7 @@ struct SavedFile {
 
 /// Drawings: SVG, images of three sizes, PDF.
 std::vector<SavedKind> DrawingKinds();
+SavedKind PdfKind();
 /// Texts: TXT, PDF.
 std::vector<SavedKind> TextKinds();
 

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextCursor>
 #include <algorithm>
 #include <cmath>
 
@@ -39,6 +40,7 @@ PictureBox::PictureBox(QWidget* parent)
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
     m_text->setReadOnly(true);
+    m_text->setContextMenuPolicy(Qt::NoContextMenu);  // that of the box
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->hide();
@@ -123,6 +125,13 @@ void PictureBox::ShowText() {
     if (text && m_text->toPlainText().toStdString() != *text) {
         m_text->setPlainText(QString::fromStdString(*text));
     }
+}
+
+/// Ends of lines are none of Unicode's.
+QString PictureBox::SelectedText() const {
+    return m_text->isHidden() ? QString()
+                              : m_text->textCursor().selectedText().replace(
+                                    QChar::ParagraphSeparator, QLatin1Char('\n'));
 }
 
 /// Lets the screen keep up with a drawing that goes on inside one event.

@@ -42,6 +42,8 @@ class PictureBox : public QAbstractScrollArea {
     /// Shows the drawing in its own units, at least as large as fitted.
     void ShowTrueSize();
 
+    /// What is selected of a printed text; empty when nothing is.
+    [[nodiscard]] QString SelectedText() const;
     /// The words that a click keeps; empty when there are none.
     [[nodiscard]] QString KeptWords() const;
 

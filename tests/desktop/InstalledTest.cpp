@@ -64,7 +64,8 @@ TEST_F(Installed, ForTheDesktopIsWhatAMenuNeeds) {
     EXPECT_THAT(
         Files(),
         UnorderedElementsAre(
-            "bin/quarnel02", "share/man/man1/quarnel02.1.gz", "share/quarnel02/blank.seq",
+            "bin/quarnel02", "share/man/man1/quarnel02.1.gz", "bin/quarnel02-report",
+            "share/man/man1/quarnel02-report.1.gz", "share/quarnel02/blank.seq",
             "share/applications/quarnel02.desktop",
             "share/icons/hicolor/scalable/apps/quarnel02.svg", "share/mime/packages/quarnel02.xml",
             "share/metainfo/example.quarnel02.quarnel02.metainfo.xml",
@@ -90,6 +91,25 @@ TEST_F(Installed, TheSolverDesignsAnInstalledExample) {
                                        "--shifts", "2", "--demand", "60000"});
     EXPECT_EQ(run.Status, 0) << run.Err;
     EXPECT_THAT(run.Out, HasSubstr("Total Cost:         $202,004"));
+}
+
+TEST_F(Installed, WithTheDesktopTheSolverMakesPdfFiles) {
+    Install("batch");
+    const std::vector<std::string> order = {(Place / "bin" / "quarnel02-solve").string(),
+                                            (Place / "share/quarnel02/examples/pump.mdb").string(),
+                                            "--shifts",
+                                            "2",
+                                            "--demand",
+                                            "60000",
+                                            "--pdf",
+                                            (Place / "report.pdf").string()};
+    const auto alone = test::RunProgram(order);
+    EXPECT_EQ(alone.Status, 1);
+    EXPECT_THAT(alone.Err, HasSubstr("Install the package quarnel02"));
+    Install("desktop");
+    const auto run = test::RunProgram(order);
+    EXPECT_EQ(run.Status, 0) << run.Err;
+    EXPECT_EQ(ReadFile(Place / "report.pdf").substr(0, 5), "%PDF-");
 }
 
 }  // namespace
