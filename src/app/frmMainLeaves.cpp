@@ -135,11 +135,10 @@ void frmMain::SaveBox(const PictureBox& box) {
 /// A picture as a document of its own.
 Document frmMain::PageOf(const PictureBox& box) const {
     const Picture& picture = PictureOf(box);
-    const double shape = picture.LaidOutFor().Height / picture.LaidOutFor().Width;
     return {(TitleOf(box) + MarkOfPictures()).toStdString(),
             Text(TextBox::txtProduct),
             TimeText(std::chrono::system_clock::now()),
-            {PartFrom(picture, "", shape)}};
+            {PartFrom(picture, "", PaperShape(picture))}};
 }
 
 void frmMain::PrintBox(const PictureBox& box) {

@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QTextDocument>
+#include <algorithm>
 #include <exception>
 #include <utility>
 

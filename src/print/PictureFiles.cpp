@@ -25,8 +25,8 @@ Picture LaidOut(const Picture& picture, const TextMeasure& measure) {
     Picture paper = picture;
     paper.OnChange = nullptr;
     Page page = picture.LaidOutFor();
-    const double grown = std::max(1.0, kLeastWidth / page.Width);
-    page = {page.Width * grown, page.Height * grown, Page::kUsualPoints, 1, &measure};
+    const double width = std::max(page.Width, kLeastWidth);
+    page = {width, width * PaperShape(picture), Page::kUsualPoints, 1, &measure};
     paper.LayOut(page);
     return paper;
 }
@@ -49,6 +49,13 @@ QByteArray BytesOf(const QImage& image) {
 }
 
 }  // namespace
+
+double PaperShape(const Picture& picture) {
+    constexpr double flattest = 0.3;
+    constexpr double highest = 0.65;
+    const Page& page = picture.LaidOutFor();
+    return std::clamp(page.Height / page.Width, flattest, highest);
+}
 
 QImage PaperImage(const Picture& picture, double scale) {
     constexpr double metre = 1 / 0.0254;

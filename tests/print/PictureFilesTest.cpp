@@ -56,6 +56,14 @@ TEST(PngOf, LaysASmallPictureOutLargerInItsShape) {
     EXPECT_EQ(shown.Told, 0);
 }
 
+TEST(PngOf, DoesNotKeepTheShapeOfANarrowBox) {
+    Shown shown;
+    shown.Drawing.LayOut(Page{3000, 6000});
+    EXPECT_EQ(ImageFrom(PngOf(shown.Drawing, 1)).size(), QSize(800, 520));
+    shown.Drawing.LayOut(Page{30000, 3000});
+    EXPECT_EQ(ImageFrom(PngOf(shown.Drawing, 1)).size(), QSize(2000, 600));
+}
+
 TEST(PngOf, ShowsAnEnlargedDrawingWhole) {
     Shown shown;
     Page page{15000, 7500};
