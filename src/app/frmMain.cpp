@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <exception>
@@ -57,6 +58,22 @@ bool frmMain::StartUp() {
 
 void frmMain::OpenGiven(const std::filesystem::path& file) {
     RunEvent([&] { m_commands.OpenGiven(file); });
+}
+
+bool frmMain::OpenAnother(const std::filesystem::path& file) {
+    QWidget* dialog = QApplication::activeModalWidget();
+    QWidget* front = dialog == nullptr ? this : dialog;
+    front->setWindowState(front->windowState() & ~Qt::WindowMinimized);
+    front->raise();
+    front->activateWindow();
+    if (dialog != nullptr || m_events > 0 || QApplication::activePopupWidget() != nullptr) {
+        return false;
+    }
+    if (!file.empty()) {
+        QTimer::singleShot(0, this,
+                           [this, file] { RunCommand([&] { m_commands.OpenAnother(file); }); });
+    }
+    return true;
 }
 
 void frmMain::SetLauncher(std::unique_ptr<ReportLauncher> launcher) {
@@ -116,7 +133,7 @@ void frmMain::changeEvent(QEvent* event) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     bool leaving = false;
-    if (!m_solving && SaveFocusedBox()) {
+    if (m_events == 0 && SaveFocusedBox()) {
         RunEvent([&] { leaving = m_commands.Exit(); });
     }
     if (leaving) {

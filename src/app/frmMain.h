@@ -52,6 +52,10 @@ class frmMain : public QMainWindow, public MainForm {
     /// Opens the model that the program was started with; what is wrong with it the user is told.
     void OpenGiven(const std::filesystem::path& file);
 
+    /// Comes to the front for a further start of the program, and soon opens its file if it has one.
+    /// False while a solve, a dialog or a menu has to be finished first.
+    bool OpenAnother(const std::filesystem::path& file);
+
     [[nodiscard]] CurrentModel& Current() { return m_commands.Current(); }
     [[nodiscard]] EditHistory& History() { return m_commands.History(); }
 

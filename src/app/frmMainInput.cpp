@@ -7,9 +7,10 @@
 
 namespace quarnel02 {
 
-/// A command sees what was typed last, even where a short cut left the focus in the box.
+/// A command sees what was typed last, even where a short cut left the focus in the box. None runs
+/// inside another one, whatever reaches the window while that shows how far it is.
 bool frmMain::RunCommand(const std::function<void()>& command) {
-    return !m_solving && SaveFocusedBox() && RunEvent(command);
+    return m_events == 0 && SaveFocusedBox() && RunEvent(command);
 }
 
 /// Tries once: a refused text does not stand in the way for ever.

@@ -10,6 +10,7 @@
 #include "app/ApplicationDirectory.h"
 #include "app/ProgramLock.h"
 #include "app/QtPaths.h"
+#include "app/SecondStart.h"
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
 #include "basic/FailureText.h"
@@ -26,21 +27,36 @@ std::filesystem::path ChooseApplicationDirectory() {
         ToPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
 }
 
-bool TakeLock(ProgramLock& lock, const std::filesystem::path& directory) {
-    const ProgramLock::Result result = lock.Take();
-    if (result == ProgramLock::Result::Running) {
-        ShowMessageBox(nullptr,
-                       "Quarnel02 is already running on " + PathText(directory) +
-                           ". Use the window that is open, or close it first.",
-                       MessageIcon::Information);
-    } else if (result == ProgramLock::Result::NotWritable) {
-        ShowMessageBox(nullptr,
-                       PathText(lock.File()) +
-                           " cannot be written. Allow writing to this directory, and remove what "
-                           "stands in place of the file.",
-                       MessageIcon::Critical);
+/// What the user is told when the program runs already and does not take the file.
+std::string AlreadyRunningText(HandedOver answer, const std::filesystem::path& directory,
+                               const std::optional<std::filesystem::path>& given) {
+    const std::string not_opened = given ? PathText(*given) + " was not opened. " : "";
+    return answer == HandedOver::Refused
+               ? not_opened +
+                     "Quarnel02 is already running and is busy: finish what it asks, or "
+                     "wait for its design, then open the file with File, Open."
+               : not_opened + "Quarnel02 is already running on " + PathText(directory) +
+                     ". Use the window that is open, or close it first.";
+}
+
+/// Status of a start that leaves the work to the program that runs already.
+int LeaveToTheOther(const std::filesystem::path& directory,
+                    const std::optional<std::filesystem::path>& given) {
+    const HandedOver answer = HandOver(directory, given.value_or(std::filesystem::path()));
+    if (answer == HandedOver::Taken || (answer == HandedOver::Refused && !given)) {
+        return 0;
     }
-    return result == ProgramLock::Result::Held;
+    ShowMessageBox(nullptr, AlreadyRunningText(answer, directory, given), MessageIcon::Information);
+    return 1;
+}
+
+int SayNotWritable(const ProgramLock& lock) {
+    ShowMessageBox(nullptr,
+                   PathText(lock.File()) +
+                       " cannot be written. Allow writing to this directory, and remove what "
+                       "stands in place of the file.",
+                   MessageIcon::Critical);
+    return 1;
 }
 
 /// A full path, so that the recent-file list finds it from anywhere.
@@ -54,10 +70,17 @@ std::optional<std::filesystem::path> GivenFile(const QStringList& arguments) {
 int Run(const std::optional<std::filesystem::path>& given) {
     const std::filesystem::path directory = ChooseApplicationDirectory();
     ProgramLock lock(directory);
-    if (!TakeLock(lock, directory)) {
-        return 1;
+    switch (lock.Take()) {
+        case ProgramLock::Result::Running:
+            return LeaveToTheOther(directory, given);
+        case ProgramLock::Result::NotWritable:
+            return SayNotWritable(lock);
+        case ProgramLock::Result::Held:
+            break;
     }
     frmMain window(directory);
+    const SecondStarts others(
+        directory, [&](const std::filesystem::path& file) { return window.OpenAnother(file); });
     if (!window.StartUp()) {
         return 1;
     }

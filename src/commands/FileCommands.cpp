@@ -243,7 +243,7 @@ void FileCommands::OpenRecent(const std::string& caption) {
     }
     const std::string entry = m_recent.EntryFor(caption);
     if (!entry.empty()) {
-        OpenFile({entry, DirectoryPart(entry), FileNamePart(entry)});
+        OpenPath(entry);
     }
 }
 
@@ -257,7 +257,13 @@ void FileCommands::OpenGiven(const fs::path& file) {
             MessageIcon::Information);
         return;
     }
-    OpenFile({path, DirectoryPart(path), FileNamePart(path)});
+    OpenPath(path);
+}
+
+void FileCommands::OpenAnother(const fs::path& file) {
+    if (AskToSave()) {
+        OpenPath(PathText(file));
+    }
 }
 
 void FileCommands::OpenExample(const fs::path& file) {
@@ -285,6 +291,10 @@ void FileCommands::OpenFile(const ChosenFile& chosen) {
     m_form.SetTitle(TitleFor(m_current.File));
     NoteBaseline(DigestOf(m_form.Copy().Path()));
     AddToRecent();
+}
+
+void FileCommands::OpenPath(const std::string& path) {
+    OpenFile({path, DirectoryPart(path), FileNamePart(path)});
 }
 
 void FileCommands::Recover(const KeptModel& kept) {

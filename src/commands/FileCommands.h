@@ -46,6 +46,9 @@ class FileCommands {
     /// Opens the model that the program was started with, after StartUp: `file` is a full path.
     /// Work that StartUp has just recovered stays instead, which is said.
     void OpenGiven(const std::filesystem::path& file);
+    /// Opens a file that a further start of the program was given; asks to save first, as Open
+    /// does.
+    void OpenAnother(const std::filesystem::path& file);
 
     /// Opens a file as an untitled model, which no Save writes back to it.
     void OpenExample(const std::filesystem::path& file);
@@ -96,6 +99,7 @@ class FileCommands {
     [[nodiscard]] std::optional<ModelFormat> Read(const std::filesystem::path& source);
     void LoadKept(const std::filesystem::path& file);
     void OpenFile(const ChosenFile& chosen);
+    void OpenPath(const std::string& path);
     void NoteBaseline(std::optional<std::uint64_t> saved) noexcept;
     void WriteState() noexcept;
     [[nodiscard]] bool TrySave();

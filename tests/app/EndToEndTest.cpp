@@ -126,18 +126,39 @@ TEST_F(EndToEnd, DesignsThePumpLineSavesAndQuits) {
     EXPECT_EQ(saved.OpenRecordSet("SELECT Days FROM Gen;").Number("Days"), 200);
 }
 
-TEST_F(EndToEnd, ASecondStartLeavesTheFirstAlone) {
+/// Ends by itself, with that status.
+void ExpectEnd(QProcess& program, int status) {
+    ASSERT_TRUE(test::WaitUntil(
+        [&] { return program.waitForFinished(0) || program.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), status);
+}
+
+TEST_F(EndToEnd, ASecondStartHandsItsFileToTheFirst) {
+    fs::copy_file(kPrograms / "examples" / "gunther.mdb", Folder / "gunther.mdb");
     StartAndOpenPump();
     QProcess second;
     Start(second);
+    ExpectEnd(second, 0);
+    EXPECT_TRUE(Display.Shows("^pump.mdb - Quarnel02$"));
+    Start(second, {QStringLiteral("gunther.mdb")});
+    ExpectEnd(second, 0);
+    EXPECT_TRUE(Display.Focus("^gunther.mdb - Quarnel02$"));
+    EXPECT_EQ(Program.state(), QProcess::Running);
+}
+
+TEST_F(EndToEnd, ASecondStartSaysWhatTheFirstCannotOpenNow) {
+    StartAndOpenPump();
+    Display.Key("ctrl+o");
+    ASSERT_TRUE(Display.Focus("^Select a file to open"));
+    QProcess second;
+    Start(second, {QStringLiteral("pump.mdb")});
     ASSERT_TRUE(Display.Focus("^Quarnel02$"));
     Keep("second-start");
     Display.Key("Return");
-    ASSERT_TRUE(test::WaitUntil(
-        [&] { return second.waitForFinished(0) || second.state() == QProcess::NotRunning; }));
-    EXPECT_EQ(second.exitCode(), 1);
+    ExpectEnd(second, 1);
     EXPECT_EQ(Program.state(), QProcess::Running);
-    EXPECT_TRUE(Display.Shows("^pump.mdb - Quarnel02$"));
+    EXPECT_TRUE(Display.Shows("^Select a file to open"));
 }
 
 /// As a file manager starts it, and as a shell does.

@@ -131,6 +131,19 @@ TEST_F(frmMainShield, NothingRunsAfterAStochasticSolve) {
     EXPECT_THAT(Dialogs.Seen, IsEmpty());
 }
 
+/// A short cut that arrives while a large model is being opened.
+TEST_F(frmMainShield, NoCommandRunsInsideAnother) {
+    StartWith({{100000, 50}, {200000, 50}});
+    Window->RunEvent([this] {
+        Click("cmdStoch");
+        Item("mnuViewTasks").trigger();
+    });
+    EXPECT_THAT(Started, IsEmpty());
+    EXPECT_THAT(Dialogs.Seen, IsEmpty());
+    SolveStochastic();
+    EXPECT_EQ(Started.size(), 1U);
+}
+
 TEST_F(frmMainShield, DialogsOfASolveTakeInput) {
     StartWith({{100000, 100}});
     Dialogs.Press(QMessageBox::Yes);
