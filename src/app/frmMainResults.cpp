@@ -8,12 +8,12 @@
 #include <utility>
 
 #include "app/BoxFrame.h"
-#include "app/PictureWords.h"
 #include "app/ResultBoxes.h"
 #include "app/frmMain.h"
 #include "commands/ResultMarks.h"
 #include "ui_frmMain.h"
 #include "widgets/ElidedLabel.h"
+#include "widgets/PictureWords.h"
 
 namespace quarnel02 {
 

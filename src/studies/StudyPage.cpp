@@ -14,6 +14,8 @@ StudyPage::StudyPage(QWidget* parent)
       m_text(new QPlainTextEdit(this)),
       m_layout(new QStackedLayout(this)) {
     m_text->setObjectName(QStringLiteral("txtMessage"));
+    m_text->setAccessibleName(QStringLiteral("Message"));
+    m_text->setAccessibleDescription(QStringLiteral("Why there is nothing to show"));
     m_text->setReadOnly(true);
     m_text->setFrameShape(QFrame::NoFrame);
     m_layout->addWidget(m_text);

@@ -10,6 +10,7 @@
 #include "basic/Files.h"
 #include "picture/SvgWriter.h"
 #include "widgets/PicturePainter.h"
+#include "widgets/PictureWords.h"
 
 namespace quarnel02 {
 
@@ -57,6 +58,7 @@ void StudyPicture::AddCommand(const QString& text, const QString& name,
 
 void StudyPicture::Draw(const std::function<void(Picture&)>& draw) {
     draw(m_picture);
+    setAccessibleDescription(PictureWords(m_picture));
 }
 
 void StudyPicture::Copy() const {

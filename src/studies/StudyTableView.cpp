@@ -69,6 +69,8 @@ QVariant StudyTableModel::headerData(int section, Qt::Orientation orientation, i
 
 StudyTableView::StudyTableView(QWidget* parent) : QTableView(parent) {
     setModel(&m_model);
+    setAccessibleDescription(
+        QStringLiteral("Arrow keys go from cell to cell; the context menu copies and saves"));
     setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
     setShowGrid(false);

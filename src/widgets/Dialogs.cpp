@@ -1,7 +1,9 @@
 #include "widgets/Dialogs.h"
 
+#include <QDialogButtonBox>
 #include <QGuiApplication>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -27,6 +29,18 @@ QMessageBox::Icon ToBoxIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// What a button does, for those who hear its caption without seeing what it belongs to.
+QString MeaningOf(QMessageBox::StandardButton button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return QStringLiteral("Answers the question with yes");
+        case QMessageBox::No:
+            return QStringLiteral("Answers the question with no");
+        default:
+            return QStringLiteral("Closes the message");
+    }
+}
+
 int RunBox(QMessageBox& box, const std::string& text, MessageIcon icon,
            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton proposed) {
     const PlainPointer pointer;
@@ -39,9 +53,22 @@ int RunBox(QMessageBox& box, const std::string& text, MessageIcon icon,
     box.setStandardButtons(buttons);
     for (QAbstractButton* button : box.buttons()) {
         static_cast<QPushButton*>(button)->setAutoDefault(true);
+        button->setAccessibleDescription(MeaningOf(box.standardButton(button)));
     }
     box.setDefaultButton(proposed);
     return box.exec();
+}
+
+/// The box has its name from the prompt.
+void Describe(QInputDialog& dialog) {
+    dialog.setOkButtonText(dialog.okButtonText());  // makes the parts
+    dialog.findChild<QLineEdit*>()->setAccessibleDescription(
+        QStringLiteral("Enter takes what is typed, Escape cancels"));
+    const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+    buttons->button(QDialogButtonBox::Ok)
+        ->setAccessibleDescription(QStringLiteral("Takes what is typed"));
+    buttons->button(QDialogButtonBox::Cancel)
+        ->setAccessibleDescription(QStringLiteral("Closes the question without an answer"));
 }
 
 }  // namespace
@@ -65,6 +92,7 @@ std::string AskTextBox(QWidget* parent, const std::string& prompt, const std::st
     dialog.setWindowTitle(QString::fromStdString(title));
     dialog.setLabelText(QString::fromStdString(prompt));
     dialog.setTextValue(QString::fromStdString(proposal));
+    Describe(dialog);
     return dialog.exec() == QDialog::Accepted ? OneLine(dialog.textValue().toStdString())
                                               : std::string();
 }

@@ -1,4 +1,4 @@
-#include "app/PictureWords.h"
+#include "widgets/PictureWords.h"
 
 #include <variant>
 
