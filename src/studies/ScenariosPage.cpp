@@ -22,7 +22,7 @@ ScenariosPage::ScenariosPage(QWidget* parent)
     m_ui->setupUi(Contents());
     m_ui->shtDifferences->SetSheet(*m_sheet);
     m_ui->lblScenarioProblem->hide();
-    constexpr int names_and_columns = 52;
+    constexpr int names_and_columns = 40;
     m_ui->shtDifferences->setMinimumWidth(names_and_columns * fontMetrics().averageCharWidth());
     m_ui->splScenario->setSizes({1, 1});
     m_ui->splScenarios->setSizes({1, 2});
