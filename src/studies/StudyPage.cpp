@@ -82,9 +82,23 @@ void StudyPage::ConnectParts() {
 }
 
 void StudyPage::ShowContents() {
+    NoteCurrent();
+    Reveal();
+}
+
+std::string StudyPage::SubjectOf(const StudyInput& input) const {
+    return "Design for " + QuestionText(input.Question) + ".";
+}
+
+std::string StudyPage::Message() const {
+    return m_layout->currentWidget() == m_text ? m_text->toPlainText().toStdString() : "";
+}
+
+/// What is shown from now on belongs to the input as it is.
+void StudyPage::NoteCurrent() {
     m_computing = false;
     m_outOfDate = false;
-    Reveal();
+    m_subject = m_input ? SubjectOf(*m_input) : "";
 }
 
 void StudyPage::Reveal() {
@@ -92,8 +106,7 @@ void StudyPage::Reveal() {
 }
 
 void StudyPage::ShowText(const std::string& text) {
-    m_computing = false;
-    m_outOfDate = false;
+    NoteCurrent();
     m_text->setPlainText(QString::fromStdString(text));
     m_layout->setCurrentWidget(m_text);
 }

@@ -34,12 +34,21 @@ class StudyPage : public QWidget {
     /// What is being computed is given up.
     void Cancel();
 
+    /// Whether the page is to stand in the report of the model.
+    void SetInReport(bool inReport) { m_inReport = inReport; }
+    [[nodiscard]] bool IsInReport() const { return m_inReport; }
+
     [[nodiscard]] bool IsOutOfDate() const { return m_outOfDate; }
     [[nodiscard]] bool IsBusy() const { return m_work.IsRunning(); }
 
     /// Those that are shown, the most important one first.
     [[nodiscard]] std::vector<StudyTableView*> Tables() const;
     [[nodiscard]] std::vector<StudyPicture*> Pictures() const;
+
+    /// What is shown is about: "Design for 60,000 units a year in 1 shift."; "" for nothing yet.
+    [[nodiscard]] const std::string& Subject() const { return m_subject; }
+    /// The text that stands in place of tables and pictures; "" when these are shown.
+    [[nodiscard]] std::string Message() const;
 
   signals:
     /// IsOutOfDate or IsBusy may have changed.
@@ -54,6 +63,8 @@ class StudyPage : public QWidget {
     /// The tables and pictures of the page, as it lays them out.
     [[nodiscard]] virtual std::vector<StudyTableView*> AllTables() const = 0;
     [[nodiscard]] virtual std::vector<StudyPicture*> AllPictures() const { return {}; }
+    /// What a study of this input is about, a sentence.
+    [[nodiscard]] virtual std::string SubjectOf(const StudyInput& input) const;
     virtual void InputChanged(const StudyInput& /*input*/) {}
 
     /// What the form of the page is set up in.
@@ -68,11 +79,15 @@ class StudyPage : public QWidget {
     void Recompute();
 
   private:
+    void NoteCurrent();
+
     QWidget* m_contents;
     QPlainTextEdit* m_text;
     QStackedLayout* m_layout;
     std::optional<StudyInput> m_input;
     bool m_outOfDate = false;
+    bool m_inReport = false;
+    std::string m_subject;
     bool m_computing = false;  ///< for the input as it is
     BackgroundWork m_work;     ///< the last member: its thread ends first
 };

@@ -48,6 +48,12 @@ void VolumesPage::ConnectBox(FieldBox& box) const {
     connect(&box, &FieldBox::Left, this, &VolumesPage::TakeSpan);
 }
 
+std::string VolumesPage::SubjectOf(const StudyInput& /*input*/) const {
+    return "Cheapest lines for " + Format(m_span.From, "#,##0") + " to " +
+           Format(m_span.To, "#,##0") + " units a year, station limit " +
+           LimitText(m_span.StationLimit).toStdString() + ".";
+}
+
 void VolumesPage::InputChanged(const StudyInput& input) {
     if (!m_spanChosen) {
         const auto limit = m_span.StationLimit;

@@ -31,6 +31,7 @@ class VolumesPage : public StudyPage {
     BackgroundWork::Work Work(const StudyInput& input) override;
     [[nodiscard]] std::vector<StudyTableView*> AllTables() const override;
     [[nodiscard]] std::vector<StudyPicture*> AllPictures() const override;
+    [[nodiscard]] std::string SubjectOf(const StudyInput& input) const override;
     void InputChanged(const StudyInput& input) override;
 
   private:

@@ -15,6 +15,7 @@
 #include "shell/LoadLineModel.h"
 #include "shell/ModelCheck.h"
 #include "shell/StoredScenarios.h"
+#include "studies/ReportSection.h"
 #include "studies/ScenarioStudy.h"
 #include "studies/StudyPicture.h"
 #include "studies/StudyTableView.h"
@@ -83,7 +84,7 @@ void frmStudy::LayOutCorner() {
     auto* row = new QHBoxLayout(corner);
     row->setContentsMargins(0, 0, 0, 2);
     for (QWidget* part :
-         {static_cast<QWidget*>(m_ui->lblBusy), static_cast<QWidget*>(m_ui->lblStudyOutOfDate),
+         {static_cast<QWidget*>(m_ui->lblStudyOutOfDate), static_cast<QWidget*>(m_ui->chkInReport),
           static_cast<QWidget*>(m_ui->cmdCopy), static_cast<QWidget*>(m_ui->cmdSave)}) {
         row->addWidget(part);
     }
@@ -110,6 +111,8 @@ void frmStudy::ConnectPages() {
             ComputePage();
         }
     });
+    connect(m_ui->chkInReport, &QCheckBox::clicked, this,
+            [this](bool ticked) { CurrentPage().SetInReport(ticked); });
     connect(m_ui->cmdCopy, &QPushButton::clicked, this, &frmStudy::CopyTables);
     connect(m_ui->cmdSave, &QPushButton::clicked, this, [this] {
         const auto pictures = CurrentPage().Pictures();
@@ -285,9 +288,16 @@ void frmStudy::HandOnTo(StudyPage& page) {
     }
 }
 
+/// The tab in sight first; those for the report too, so that it is up to date.
 void frmStudy::ComputePage() {
-    if (isVisible()) {
-        CurrentPage().Compute();
+    if (!isVisible()) {
+        return;
+    }
+    CurrentPage().Compute();
+    for (StudyPage* page : Pages()) {
+        if (page->IsInReport()) {
+            page->Compute();
+        }
     }
 }
 
@@ -295,9 +305,23 @@ void frmStudy::ShowState() {
     const StudyPage& page = CurrentPage();
     m_ui->lblStudyOutOfDate->setVisible(page.IsOutOfDate());
     m_ui->lblBusy->setVisible(page.IsBusy());
+    m_ui->chkInReport->setChecked(page.IsInReport());
     const bool tables = !page.Tables().empty();
     m_ui->cmdCopy->setEnabled(tables);
     m_ui->cmdSave->setEnabled(tables);
+}
+
+std::vector<DocumentPart> frmStudy::ReportParts() const {
+    std::vector<DocumentPart> parts;
+    for (StudyPage* page : Pages()) {
+        if (page->IsInReport()) {
+            const QString name = m_ui->tabStudy->tabText(m_ui->tabStudy->indexOf(page));
+            for (DocumentPart& part : ReportSection(*page, name.toStdString())) {
+                parts.push_back(std::move(part));
+            }
+        }
+    }
+    return parts;
 }
 
 std::vector<ShownTable> frmStudy::TablesOfPage() const {

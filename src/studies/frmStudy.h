@@ -12,6 +12,7 @@
 
 #include "commands/FileCommands.h"
 #include "commands/TakeStep.h"
+#include "report/Document.h"
 #include "shell/MainForm.h"
 #include "studies/SaveStudy.h"
 #include "studies/StudyPage.h"
@@ -40,6 +41,9 @@ class frmStudy : public QWidget {
     /// Takes over what has changed: the model, its file, the last design. To be called after every
     /// event, when nobody writes to the working copy; cheap when nothing has changed.
     void Look();
+
+    /// The tabs that are ticked for the report of the model, in their order.
+    [[nodiscard]] std::vector<DocumentPart> ReportParts() const;
 
   protected:
     void showEvent(QShowEvent* event) override;
