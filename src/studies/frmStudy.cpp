@@ -181,7 +181,10 @@ void frmStudy::NoteOpened(bool otherFile) {
         }
         return all;
     };
-    if (m_line && (otherFile || !m_opened || names(m_opened->Model) != names(m_line->Model))) {
+    if (otherFile) {
+        m_opened.reset();
+    }
+    if (m_line && (!m_opened || names(m_opened->Model) != names(m_line->Model))) {
         m_opened = std::make_shared<const DesignOrder>(
             OrderOf({m_line, m_ui->barQuestion->Question(), {}, {}}));
     }
