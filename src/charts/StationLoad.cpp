@@ -101,7 +101,9 @@ void NumberPart(Picture& picture, const BoxFigure& box, const LoadPart& part) {
     constexpr Colour on_light_task{0, 0, 0};
     const Font font = picture.PageFont();
     const double width = picture.WidthOf(part.Number, font);
-    if (!part.Number.empty() && box.Height >= LineHeight(font) && box.Width >= width) {
+    const double usual = picture.WidthOf("00", font);
+    if (!part.Number.empty() && box.Height >= LineHeight(font) &&
+        box.Width >= std::max(width, usual)) {
         picture.Text(box.X + (box.Width - width) / 2, box.Y + (box.Height - LineHeight(font)) / 2,
                      part.Number, font, part.Fill == kTask ? on_dark_task : on_light_task);
         picture.Describe(part.Words);
@@ -150,7 +152,10 @@ void DrawLoads(Picture& picture, const LoadValues& values) {
         const double middle = middle_of(place);
         DrawBar(picture, chart, values.Bars[place], middle - half, middle + half);
     }
-    for (std::size_t place = 0; place < values.Bars.size(); ++place) {
+    // Labels that stand in more than two rows no longer belong to a bar.
+    const double label = picture.WidthOf(SecondsText(values.Available), picture.PageFont());
+    const bool roomy = label <= 2 * (chart.ToX(1) - chart.ToX(0));
+    for (std::size_t place = 0; roomy && place < values.Bars.size(); ++place) {
         LabelBar(picture, chart, values.Bars[place], middle_of(place), values.Available);
     }
 }

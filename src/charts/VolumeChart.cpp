@@ -138,8 +138,9 @@ class VolumeDrawing {
 void DrawAsked(Chart& chart, const VolumeBounds& bounds, const std::vector<double>& asked) {
     for (const double volume : asked) {
         if (volume >= bounds.From && volume <= bounds.To) {
-            chart.Guide(volume, "Demand " + Format(volume, "#,##0"), ThousandsText(volume),
-                        kGuideInk);
+            const std::string name = "Demand " + Format(volume, "#,##0");
+            chart.Guide(volume, name, kGuideInk);
+            chart.NameGuide(volume, name, ThousandsText(volume));
         }
     }
 }

@@ -27,9 +27,11 @@ Chart::Chart(Picture& picture, ChartFrame frame)
       m_frame(std::move(frame)),
       m_font(picture.PageFont()),
       m_line(LineHeight(m_font)),
-      m_labels({0, 0, 0, 0}) {
+      m_labels({0, 0, 0, 0}),
+      m_lines({0, 0, 0, 0}) {
     LayOutPlot();
     m_labels = LabelPlaces(m_plot);
+    m_lines = LabelPlaces(m_plot);
     DrawHead();
     DrawYTicks();
     m_frame.Places.empty() ? DrawXTicks() : DrawPlaces();
@@ -154,24 +156,32 @@ void Chart::DrawXTicks() {
     }
 }
 
-/// Whole names where all have room, else numbers, as many as have room.
+/// Whole names where all have room, else numbers, every so many that they have room.
 void Chart::DrawPlaces() {
     const double room = ToX(1) - ToX(0) - kChartGap / 2;
     const bool whole = std::all_of(
         m_frame.Places.begin(), m_frame.Places.end(),
         [&](const std::string& name) { return m_picture.WidthOf(name, m_font) <= room; });
-    double free_from = 0;
-    for (std::size_t place = 0; place < m_frame.Places.size(); ++place) {
-        const double middle = ToX(static_cast<double>(place) + 0.5);
-        const std::string text =
-            whole ? m_frame.Places[place] : NumberText(static_cast<int>(place) + 1);
-        const double width = m_picture.WidthOf(text, m_font);
-        if (middle - width / 2 >= free_from) {
-            m_picture.Text(middle - width / 2, m_plot.Bottom + m_line / 2, text, m_font, kInk);
-            m_picture.Describe(m_frame.Places[place]);
-            free_from = middle + width / 2 + kChartGap / 2;
+    const auto count = static_cast<int>(m_frame.Places.size());
+    const int every = whole ? 1 : NumberStep(count);
+    for (int number = every; number <= count; number += every) {
+        const std::string& name = m_frame.Places[static_cast<std::size_t>(number) - 1];
+        const std::string text = whole ? name : NumberText(number);
+        m_picture.Text(ToX(number - 0.5) - m_picture.WidthOf(text, m_font) / 2,
+                       m_plot.Bottom + m_line / 2, text, m_font, kInk);
+        m_picture.Describe(name);
+    }
+}
+
+/// The smallest round step with which numbers up to `count` have room.
+int Chart::NumberStep(int count) const {
+    const double widest = m_picture.WidthOf(NumberText(count), m_font) + kChartGap / 2;
+    for (const int step : {1, 2, 5, 10, 20, 50}) {
+        if (step * (ToX(1) - ToX(0)) >= widest) {
+            return step;
         }
     }
+    return 100;
 }
 
 void Chart::DrawYTicks() {

@@ -28,7 +28,7 @@ struct ChartFrame {
     Axis Y;
     std::vector<LegendEntry> Legend;
     /// Names of the places along x instead of a scale: place i reaches from i to i + 1. Their
-    /// numbers stand alone where the names have no room.
+    /// numbers stand alone, or every second, fifth and so on, where the names have no room.
     std::vector<std::string> Places;
     bool LabelsOnBars = false;  ///< the highest value needs room for a label over it
 };
@@ -50,9 +50,12 @@ class Chart {
     void Limit(double y, Colour colour);
     /// A bar between two places on the paper and two values of y.
     void Bar(double left, double right, double from, double to, Colour colour);
-    /// A full height line behind a value of x with its name along it, where that has room, else a
-    /// shorter one; the name is also behind the line.
-    void Guide(double x, const std::string& name, const std::string& shorter, Colour colour);
+    /// Texts keep clear of this line of the data as long as they have room elsewhere.
+    void KeepClear(double x1, double y1, double x2, double y2);
+    /// A full height line at a value of x; the name is behind it.
+    void Guide(double x, const std::string& name, Colour colour);
+    /// Writes the name of a guide along it, as high up as it has room, else a shorter one.
+    void NameGuide(double x, const std::string& name, const std::string& shorter);
     /// A ring round a point of the curve, which stays visible in it.
     void Ring(double x, double y, Colour colour);
     /// An arrow to what lies above the plot at a value of x, with a text beside it.
@@ -75,9 +78,14 @@ class Chart {
     void DrawBreak();
     void DrawXTicks();
     void DrawPlaces();
+    [[nodiscard]] int NumberStep(int count) const;
     void DrawYTicks();
     void PrintCentred(double x, double top, const std::string& text, const Font& font,
                       Colour colour);
+    bool TryTake(const Extent& place, bool clearOfLines);
+    bool TryName(double x, const std::string& text, const std::string& name, bool clearOfLines);
+    bool TryLabel(double x, double y, const std::string& text, const Font& font, Colour colour,
+                  bool clearOfLines);
     [[nodiscard]] AxisScale WidestScale(double width) const;
     [[nodiscard]] double LegendHeight() const;
 
@@ -89,6 +97,7 @@ class Chart {
     AxisScale m_yScale{0, 1, 1};
     Extent m_plot{0, 0, 0, 0};
     LabelPlaces m_labels;
+    LabelPlaces m_lines;  ///< what texts keep clear of
 };
 
 }  // namespace quarnel02

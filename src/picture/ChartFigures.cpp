@@ -55,6 +55,7 @@ bool Chart::Line(double x1, double y1, double x2, double y2, Colour colour, int 
 
 void Chart::Limit(double y, Colour colour) {
     m_picture.Add(LineFigure{m_plot.Left, ToY(y), m_plot.Right, ToY(y), 2, colour, true});
+    KeepClear(m_xScale.Low, y, m_xScale.High, y);
 }
 
 void Chart::Bar(double left, double right, double from, double to, Colour colour) {
@@ -64,22 +65,54 @@ void Chart::Bar(double left, double right, double from, double to, Colour colour
     m_picture.Add(bar);
 }
 
-void Chart::Guide(double x, const std::string& name, const std::string& shorter, Colour colour) {
-    constexpr double most_of_height = 0.7;
+/// In pieces, so that a steep line takes no more room than it covers.
+void Chart::KeepClear(double x1, double y1, double x2, double y2) {
+    constexpr int pieces = 12;
+    const auto at = [](double from, double to, int piece) {
+        return from + (to - from) * piece / pieces;
+    };
+    for (int piece = 0; piece < pieces; ++piece) {
+        const auto [left, right] = std::minmax(ToX(at(x1, x2, piece)), ToX(at(x1, x2, piece + 1)));
+        const auto [top, bottom] = std::minmax(ToY(at(y1, y2, piece)), ToY(at(y1, y2, piece + 1)));
+        m_lines.Take({left - kTwipsPerPixel, top - kTwipsPerPixel, right + kTwipsPerPixel,
+                      bottom + kTwipsPerPixel});
+    }
+}
+
+bool Chart::TryTake(const Extent& place, bool clearOfLines) {
+    return (!clearOfLines || m_lines.IsFree(place)) && m_labels.TryTake(place);
+}
+
+void Chart::Guide(double x, const std::string& name, Colour colour) {
     m_picture.Line(ToX(x), m_plot.Top, ToX(x), m_plot.Bottom, colour);
     m_picture.Describe(name);
-    for (const std::string& text : {name, shorter}) {
-        const Extent place{ToX(x) + kTwipsPerPixel, m_plot.Top + kChartGap / 2,
-                           ToX(x) + kTwipsPerPixel + m_line,
-                           m_plot.Top + kChartGap / 2 + m_picture.WidthOf(text, m_font)};
-        const bool reaches_far =
-            place.Bottom > m_plot.Top + most_of_height * (m_plot.Bottom - m_plot.Top);
-        if (!text.empty() && (!reaches_far || text == shorter) && m_labels.TryTake(place)) {
-            m_picture.Add(TextFigure{place.Left, place.Top, text, m_font, kGuideInk, true});
-            m_picture.Describe(name);
-            return;
+}
+
+void Chart::NameGuide(double x, const std::string& name, const std::string& shorter) {
+    if (name.empty()) {
+        return;
+    }
+    for (const bool clear_of_lines : {true, false}) {
+        for (const std::string& text : {name, shorter}) {
+            if (TryName(x, text, name, clear_of_lines)) {
+                return;
+            }
         }
     }
+}
+
+bool Chart::TryName(double x, const std::string& text, const std::string& name, bool clearOfLines) {
+    const double length = m_picture.WidthOf(text, m_font);
+    const double left = ToX(x) + kTwipsPerPixel;
+    for (double top = m_plot.Top + kChartGap / 2; top + length <= m_plot.Bottom - kChartGap / 2;
+         top += m_line / 2) {
+        if (TryTake({left, top, left + m_line, top + length}, clearOfLines)) {
+            m_picture.Add(TextFigure{left, top, text, m_font, kGuideInk, true});
+            m_picture.Describe(name);
+            return true;
+        }
+    }
+    return false;
 }
 
 void Chart::Ring(double x, double y, Colour colour) {
@@ -102,27 +135,35 @@ void Chart::ArrowUp(double x, const std::string& text, Colour colour) {
     m_picture.DrawWidth = 1;
     m_labels.Take({ToX(x) - half_head, tip, ToX(x) + half_head, tip + m_line});
     const double width = m_picture.WidthOf(text, m_font);
-    for (const double left : {ToX(x) + kChartGap, ToX(x) - kChartGap - width, ToX(x) - width / 2}) {
-        for (const double top : {tip, tip + m_line, tip + 2 * m_line}) {
-            if (m_labels.TryTake({left, top, left + width, top + m_line})) {
-                m_picture.Text(left, top, text, m_font, colour);
-                return;
+    for (const bool clear_of_lines : {true, false}) {
+        for (const double left :
+             {ToX(x) + kChartGap, ToX(x) - kChartGap - width, ToX(x) - width / 2}) {
+            for (const double top : {tip, tip + m_line, tip + 2 * m_line}) {
+                if (TryTake({left, top, left + width, top + m_line}, clear_of_lines)) {
+                    m_picture.Text(left, top, text, m_font, colour);
+                    return;
+                }
             }
         }
     }
 }
 
-/// Below the point before above it, to the right before to the left; then farther away.
 bool Chart::Label(double x, double y, const std::string& text, Colour colour, bool bold) {
-    constexpr int most_steps = 8;
     const Font font = m_picture.PageFont(0, bold);
+    return TryLabel(x, y, text, font, colour, true) || TryLabel(x, y, text, font, colour, false);
+}
+
+/// Below the point before above it, to the right before to the left; then farther away.
+bool Chart::TryLabel(double x, double y, const std::string& text, const Font& font, Colour colour,
+                     bool clearOfLines) {
+    constexpr int most_steps = 8;
     const double width = m_picture.WidthOf(text, font);
     for (int step = 0; step < most_steps; ++step) {
         const double away = kChartGap + step * m_line / 2;
         for (const double top : {ToY(y) + away, ToY(y) - away - m_line}) {
             for (const double left :
                  {ToX(x) + kChartGap, ToX(x) - kChartGap - width, ToX(x) - width / 2}) {
-                if (m_labels.TryTake({left, top, left + width, top + m_line})) {
+                if (TryTake({left, top, left + width, top + m_line}, clearOfLines)) {
                     m_picture.Text(left, top, text, font, colour);
                     return true;
                 }
@@ -136,15 +177,16 @@ bool Chart::LabelAbove(double paperX, double y, const std::string& text, Colour 
     const double width = m_picture.WidthOf(text, m_font);
     const double left =
         std::clamp(paperX - width / 2, m_plot.Left, std::max(m_plot.Left, m_plot.Right - width));
-    const auto place = [&](int lines) {
-        const double top = ToY(y) - lines * m_line;
-        const bool room = m_labels.TryTake({left, top, left + width, top + m_line});
-        if (room) {
-            m_picture.Text(left, top, text, m_font, colour);
+    for (const bool clear_of_lines : {true, false}) {
+        for (const int lines : {1, 2, 3}) {
+            const double top = ToY(y) - lines * m_line;
+            if (TryTake({left, top, left + width, top + m_line}, clear_of_lines)) {
+                m_picture.Text(left, top, text, m_font, colour);
+                return true;
+            }
         }
-        return room;
-    };
-    return place(1) || place(2) || place(3);
+    }
+    return false;
 }
 
 }  // namespace quarnel02

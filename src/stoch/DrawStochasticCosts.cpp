@@ -191,6 +191,14 @@ void DrawCurve(const ExpectedCosts& costs, Picture& picture, Chart& chart) {
     }
 }
 
+void KeepClearOf(const ExpectedCosts& costs, Chart& chart) {
+    for (const DescribedSegment& segment : costs.Segments) {
+        if (const std::optional<Reading> shown = Shown(segment.Ends, chart)) {
+            chart.KeepClear(shown->XStart, shown->YStart, shown->XEnd, shown->YEnd);
+        }
+    }
+}
+
 void DrawCosts(Picture& picture, const ExpectedCosts& costs) {
     const CostSpan span = SpanOf(costs);
     Chart chart(picture, {"Expected Annual Cost",
@@ -199,6 +207,10 @@ void DrawCosts(Picture& picture, const ExpectedCosts& costs) {
                           {span.Low, span.High, "Dollars per year", false, true},
                           {},
                           {}});
+    for (const ShiftGuide& guide : costs.Guides) {
+        chart.Guide(guide.Capacity, guide.Name, kGuide);
+    }
+    KeepClearOf(costs, chart);
     chart.Ring(costs.Capacity, costs.Cost, kChosenInk);
     picture.Describe("The cheapest capacity, " + Format(costs.Capacity, "#,##0") + ": " +
                      Format(costs.Cost, "$#,##0") + " a year");
@@ -210,7 +222,7 @@ void DrawCosts(Picture& picture, const ExpectedCosts& costs) {
                       "up to " + ShortDollars(cliff.Dearest) + " (penalty)", kCurve);
     }
     for (const ShiftGuide& guide : costs.Guides) {
-        chart.Guide(guide.Capacity, guide.Name, guide.Shorter, kGuide);
+        chart.NameGuide(guide.Capacity, guide.Name, guide.Shorter);
     }
     DrawCurve(costs, picture, chart);
 }

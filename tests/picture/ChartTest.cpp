@@ -1,10 +1,15 @@
-// Round axes and the texts of their ticks.
+// Round axes, the texts of their ticks, and texts that keep out of each other's way.
 #include "picture/Chart.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <utility>
 
+#include "basic/Numbers.h"
+#include "picture/Inks.h"
+#include "picture/LabelPlaces.h"
+#include "support/FigureText.h"
 #include "support/StochBruteForce.h"
 
 namespace quarnel02 {
@@ -50,6 +55,101 @@ TEST(ThousandsText, EndsInK) {
     EXPECT_EQ(ThousandsText(600000), "600K");
     EXPECT_EQ(ThousandsText(0), "0K");
     EXPECT_EQ(ThousandsText(999), "0.999K");
+}
+
+Extent PlaceOf(const Picture& picture, const std::string& text) {
+    for (const auto& each : test::FiguresOf<TextFigure>(picture)) {
+        if (each.Text == text) {
+            return ExtentOf(each, FileMeasure());
+        }
+    }
+    ADD_FAILURE() << "no text " << text;
+    return {0, 0, 0, 0};
+}
+
+Page ChartPage() {
+    return {.Width = 7200, .Height = 4200};
+}
+
+/// Draws on a chart of 0 to 10 by 0 to 100.
+Picture Drawn(const std::function<void(Picture&, Chart&)>& draw) {
+    Picture picture(ChartPage());
+    picture.Compose([&](Picture& each) {
+        Chart chart(each, {"T", {0, 10, "x"}, {0, 100, "y"}, {}, {}});
+        draw(each, chart);
+    });
+    return picture;
+}
+
+TEST(Chart, LabelsKeepClearOfLinesWhereTheyHaveRoomElsewhere) {
+    Extent line{0, 0, 0, 0};
+    const auto draw = [&](bool keeps_clear) {
+        return Drawn([&](Picture&, Chart& chart) {
+            line = {chart.ToX(0), chart.ToY(38), chart.ToX(10), chart.ToY(36)};
+            if (keeps_clear) {
+                chart.KeepClear(0, 38, 10, 36);
+            }
+            EXPECT_TRUE(chart.Label(5, 40, "label", kInk));
+            EXPECT_TRUE(chart.LabelAbove(chart.ToX(2), 35, "above", kInk));
+        });
+    };
+    const Picture careless = draw(false);
+    EXPECT_TRUE(Overlap(PlaceOf(careless, "label"), line));
+    EXPECT_TRUE(Overlap(PlaceOf(careless, "above"), line));
+    const Picture careful = draw(true);
+    EXPECT_FALSE(Overlap(PlaceOf(careful, "label"), line));
+    EXPECT_FALSE(Overlap(PlaceOf(careful, "above"), line));
+}
+
+TEST(Chart, ALabelThatFindsNoClearPlaceStandsOnTheLine) {
+    const Picture crowded = Drawn([](Picture&, Chart& chart) {
+        for (int y = 0; y <= 100; y += 2) {
+            chart.KeepClear(0, y, 10, y);
+        }
+        EXPECT_TRUE(chart.Label(5, 50, "label", kInk));
+        chart.NameGuide(3, "guide", "g");
+    });
+    PlaceOf(crowded, "label");
+    PlaceOf(crowded, "guide");
+}
+
+TEST(Chart, NamesGuidesAsHighUpAsTheyHaveRoom) {
+    Extent taken{0, 0, 0, 0};
+    const Picture picture = Drawn([&](Picture&, Chart& chart) {
+        chart.NameGuide(2, "high up", "short");
+        chart.KeepClear(5, 95, 7, 95);
+        chart.NameGuide(5.1, "lower down", "short");
+        taken = {chart.ToX(5), chart.ToY(96), chart.ToX(7), chart.ToY(94)};
+        chart.NameGuide(8, "a name that is much longer than the chart is high, so that it has none",
+                        "short");
+        chart.NameGuide(9, "", "");
+    });
+    const double top = PlaceOf(picture, "high up").Top;
+    EXPECT_GT(PlaceOf(picture, "lower down").Top, top);
+    EXPECT_FALSE(Overlap(PlaceOf(picture, "lower down"), taken));
+    EXPECT_EQ(PlaceOf(picture, "short").Top, top);
+}
+
+TEST(Chart, NumbersPlacesInEvenStepsWhereTheirNamesHaveNoRoom) {
+    const auto shown = [](int count, const std::string& name) {
+        ChartFrame frame{"T", {0, 1, "x"}, {0, 100, "y"}, {}, {}};
+        for (int place = 1; place <= count; ++place) {
+            frame.Places.push_back(name + NumberText(place));
+        }
+        Picture picture(ChartPage());
+        picture.Compose([&](Picture& each) { const Chart chart(each, frame); });
+        std::vector<std::string> texts;
+        for (const HotSpot& spot : picture.HotSpots()) {
+            texts.push_back(std::get<TextFigure>(picture.Figures()[spot.Figure]).Text);
+        }
+        return texts;
+    };
+    EXPECT_EQ(shown(3, "Place "), (std::vector<std::string>{"Place 1", "Place 2", "Place 3"}));
+    EXPECT_EQ(shown(4, "A rather long name "), (std::vector<std::string>{"1", "2", "3", "4"}));
+    const auto many = shown(60, "Place ");
+    ASSERT_GT(many.size(), 5U);
+    EXPECT_EQ(many[1], NumberText(2 * TextToDouble(many[0], "")));
+    EXPECT_EQ(many.size(), 60 / static_cast<std::size_t>(TextToDouble(many[0], "")));
 }
 
 }  // namespace
