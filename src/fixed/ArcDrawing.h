@@ -17,8 +17,14 @@ inline constexpr double kArcAspect = 0.25;
 /// either end. Throws DivisionByZero or Overflow for an impossible number.
 double NodeSpacing(std::int16_t nodes);
 
+/// Height of the chip of a task's number, twips.
+double ChipHeight(const Picture& picture);
+/// How much higher every arc is drawn so that the lowest, those of a single task, stand clear of
+/// the chips; `lowest` is their height on the paper, twips.
+double ArcLift(const Picture& picture, double lowest);
+
 /// Draws an arc with the picture's line width where its sheet lies: a half-ellipse on the axis,
-/// four times as wide as it is high.
+/// four times as wide as it is high where the sheet is not stretched.
 void DrawArc(Picture& picture, const Arc& arc, Colour colour, double opacity = 1);
 
 }  // namespace quarnel02

@@ -8,6 +8,7 @@
 #include "basic/Numbers.h"
 #include "fixed/ArcDrawing.h"
 #include "fixed/NetworkPicture.h"
+#include "line/CheapestLine.h"
 
 namespace quarnel02 {
 
@@ -25,6 +26,7 @@ class NetworkReader {
         m_values.Arcs.assign(m_arcs.All().begin(), m_arcs.All().end());
         m_ways.resize(m_values.Arcs.size());
         ReadPathways();
+        ReadReaching();
         NameArcs();
         return std::move(m_values);
     }
@@ -34,13 +36,30 @@ class NetworkReader {
         RecordSet rows =
             m_database.OpenRecordSet("SELECT ArcId, Feasible, ResourceId, Cost FROM Pathways;");
         for (; !rows.Eof(); rows.MoveNext()) {
-            const auto place =
-                static_cast<std::size_t>(&m_arcs.WithId(rows.Integer(0)) - m_arcs.All().data());
+            const std::size_t place = PlaceOf(m_arcs.WithId(rows.Integer(0)));
             const bool costed = m_costs == PathwayCosts::Known && !IsNull(rows.Field(3));
             const ArcWay way{rows.Integer(2), rows.Integer(1), costed ? rows.Number(3) : 0};
             NoteState(place, static_cast<std::size_t>(way.State));
             m_ways[place].push_back(way);
         }
+    }
+
+    /// Labels are those of the search that chose the line which is shown.
+    void ReadReaching() {
+        constexpr auto chosen = static_cast<std::size_t>(PathwayState::Chosen);
+        if (m_costs != PathwayCosts::Known || m_values.InState.at(chosen).empty()) {
+            return;
+        }
+        RecordSet rows = m_database.OpenRecordSet("SELECT ThisPath, SubPath FROM BestPaths;");
+        for (; !rows.Eof(); rows.MoveNext()) {
+            if (const Arc* arc = m_arcs.Between(rows.Integer(1), rows.Integer(0))) {
+                m_values.Reaching.push_back(PlaceOf(*arc));
+            }
+        }
+    }
+
+    [[nodiscard]] std::size_t PlaceOf(const Arc& arc) const {
+        return static_cast<std::size_t>(&arc - m_arcs.All().data());
     }
 
     /// Dearer ways are no layer of their own.

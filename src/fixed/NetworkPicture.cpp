@@ -22,8 +22,8 @@ constexpr Colour kYellow{250, 250, 0};
 constexpr Colour kBlack{0, 0, 0};
 
 constexpr double kNetworkMargin = 150;
-constexpr double kFaded = 0.3;
-constexpr double kVeil = 0.15;
+constexpr double kChipPadding = 10;
+constexpr double kSmallestDisc = 30;
 
 /// Draws one network on a page.
 class NetworkDrawing {
@@ -37,11 +37,19 @@ class NetworkDrawing {
     [[nodiscard]] Extent Outline() const;
     void PlaceSheet(double head);
     void DrawAllArcs();
-    void DrawState(PathwayState state, Colour colour, double opacity = 1);
-    /// Of possible arcs: where they are many, a veil that clears as the network is enlarged.
-    [[nodiscard]] double VeilOpacity() const;
+    void DrawState(PathwayState state, Colour colour);
+    void DrawReaching();
+    [[nodiscard]] bool IsDense() const { return m_values.Nodes > kVeilFromTasks; }
+    [[nodiscard]] double GreyOpacity(const Arc& arc) const;
+    /// Where arcs are many they are a veil, thinner from the short ones near the axis to the long
+    /// ones, which clears as the network is enlarged.
+    [[nodiscard]] double VeilOpacity(const Arc& arc) const;
+    /// Arcs that are drawn in the colour of a state.
+    [[nodiscard]] std::vector<bool> Coloured() const;
     void DrawChosen();
     void DrawArcAt(std::size_t place, int width, Colour colour, double opacity = 1);
+    [[nodiscard]] double ChipWidth() const;
+    [[nodiscard]] double DiscRadius() const;
     void DrawNodes();
     void DrawChips();
     void DrawChip(int task);
@@ -51,7 +59,7 @@ class NetworkDrawing {
         return m_picture.Sheet.Left + m_picture.Sheet.Scale * x;
     }
     [[nodiscard]] double ToY(double y) const {
-        return m_picture.Sheet.Top + m_picture.Sheet.Scale * y;
+        return m_picture.Sheet.Top + m_picture.Sheet.Scale * m_picture.Sheet.Stretch * y;
     }
     [[nodiscard]] std::span<const std::size_t> In(PathwayState state) const {
         return m_values.InState.at(static_cast<std::size_t>(state));
@@ -73,26 +81,36 @@ Extent NetworkDrawing::Outline() const {
     return outline;
 }
 
-/// Fills the page below the head, times the zoom.
+/// Fills the page below the head, times the zoom; arcs become flatter or higher for it.
 void NetworkDrawing::PlaceSheet(double head) {
     constexpr double largest = 2.5;
     constexpr double smallest = 0.001;
+    constexpr double flattest = 0.4;
+    constexpr double highest = 1.8;
     const Page& page = m_picture.LaidOutFor();
     const Extent outline = Outline();
     const double across = std::max(1.0, outline.Right - outline.Left);
     const double chips = LineHeight(m_picture.PageFont());
-    const double down = outline.Bottom - outline.Top;
+    const double down = std::max(1.0, outline.Bottom - outline.Top);
     const double room = page.Height - head - 2 * kNetworkMargin;
-    const double scale = page.Zoom * std::min({largest, (page.Width - 2 * kNetworkMargin) / across,
-                                               room / std::max(1.0, down)});
-    m_picture.Sheet.Scale = std::max(scale, smallest);
-    m_picture.SetPaper(std::max(page.Width, m_picture.Sheet.Scale * across + 2 * kNetworkMargin),
-                       std::max(page.Height, std::max(m_picture.Sheet.Scale * down, chips) + head +
-                                                 2 * kNetworkMargin));
+    const double fit = std::max(
+        smallest,
+        std::min({largest, (page.Width - 2 * kNetworkMargin) / across, room / (flattest * down)}));
+    m_picture.Sheet.Scale = page.Zoom * fit;
+    const auto fill = [&](double height) {
+        m_picture.Sheet.Stretch = std::clamp(height / (fit * down), flattest, highest);
+    };
+    fill(room);
+    fill(room -
+         2 * ArcLift(m_picture, fit * m_picture.Sheet.Stretch * kArcAspect * m_values.Spacing / 2));
+    const double upright = m_picture.Sheet.Scale * m_picture.Sheet.Stretch;
+    m_picture.SetPaper(
+        std::max(page.Width, m_picture.Sheet.Scale * across + 2 * kNetworkMargin),
+        std::max(page.Height, std::max(upright * down, chips) + head + 2 * kNetworkMargin));
     m_picture.Sheet.Left =
         m_picture.Width() / 2 - m_picture.Sheet.Scale * (outline.Left + outline.Right) / 2;
-    m_picture.Sheet.Top = (head + m_picture.Height()) / 2 -
-                          m_picture.Sheet.Scale * (outline.Top + outline.Bottom) / 2;
+    m_picture.Sheet.Top =
+        (head + m_picture.Height()) / 2 - upright * (outline.Top + outline.Bottom) / 2;
 }
 
 void NetworkDrawing::Draw() {
@@ -100,8 +118,9 @@ void NetworkDrawing::Draw() {
     const double head = DrawLegendAt(probe);
     PlaceSheet(head);
     DrawAllArcs();
-    DrawState(PathwayState::Feasible, kDarkBlue, VeilOpacity());
+    DrawState(PathwayState::Feasible, kDarkBlue);
     DrawState(PathwayState::OverLimit, kRed);
+    DrawReaching();
     DrawChosen();
     DrawNodes();
     DrawChips();
@@ -114,20 +133,59 @@ void NetworkDrawing::DrawArcAt(std::size_t place, int width, Colour colour, doub
     m_picture.Describe(m_values.Words[place]);
 }
 
+/// Grey would shine through a veil.
 void NetworkDrawing::DrawAllArcs() {
-    const bool fades = m_values.Nodes > kFadeFromTasks;
+    const std::vector<bool> covered = Coloured();
     for (std::size_t place = 0; place < m_values.Arcs.size(); ++place) {
-        DrawArcAt(place, 1, kGrey, fades ? kFaded : 1);
+        if (!IsDense() || !covered[place]) {
+            DrawArcAt(place, 1, kGrey, GreyOpacity(m_values.Arcs[place]));
+        }
     }
 }
 
-double NetworkDrawing::VeilOpacity() const {
-    return m_values.Nodes > kFadeFromTasks ? std::min(1.0, kVeil * m_picture.LaidOutFor().Zoom) : 1;
+double NetworkDrawing::GreyOpacity(const Arc& arc) const {
+    constexpr double strongest = 0.3;
+    constexpr double faintest = 0.08;
+    return m_values.Nodes > kFadeFromTasks ? std::max(faintest, strongest * VeilOpacity(arc)) : 1;
 }
 
-void NetworkDrawing::DrawState(PathwayState state, Colour colour, double opacity) {
+std::vector<bool> NetworkDrawing::Coloured() const {
+    std::vector<bool> coloured(m_values.Arcs.size());
+    for (const PathwayState state :
+         {PathwayState::Feasible, PathwayState::OverLimit, PathwayState::Chosen}) {
+        for (const std::size_t place : In(state)) {
+            coloured[place] = true;
+        }
+    }
+    return coloured;
+}
+
+double NetworkDrawing::VeilOpacity(const Arc& arc) const {
+    constexpr double arcs_in_sight = 5000;
+    constexpr double clear_tasks = 4;
+    constexpr double thinnest = 0.03;
+    if (!IsDense()) {
+        return 1;
+    }
+    const double tasks = m_values.Nodes - 1;
+    const double clear =
+        std::max(clear_tasks, arcs_in_sight / (tasks * tasks)) / (arc.TaskEnd - arc.TaskStart);
+    const double zoom = m_picture.LaidOutFor().Zoom;
+    return std::clamp(zoom * clear * clear, std::min(1.0, zoom * thinnest), 1.0);
+}
+
+void NetworkDrawing::DrawState(PathwayState state, Colour colour) {
     for (const std::size_t place : In(state)) {
-        DrawArcAt(place, 2, colour, opacity);
+        DrawArcAt(place, 2, colour, VeilOpacity(m_values.Arcs[place]));
+    }
+}
+
+/// Only where the veil would hide them.
+void NetworkDrawing::DrawReaching() {
+    if (IsDense()) {
+        for (const std::size_t place : m_values.Reaching) {
+            DrawArcAt(place, 2, kDarkBlue);
+        }
     }
 }
 
@@ -138,25 +196,33 @@ void NetworkDrawing::DrawChosen() {
     }
 }
 
-void NetworkDrawing::DrawNodes() {
+double NetworkDrawing::ChipWidth() const {
+    const int tasks = std::max(m_values.Nodes - 1, 1);
+    return m_picture.WidthOf(NumberText(tasks), m_picture.PageFont()) + 2 * kChipPadding;
+}
+
+/// Smaller where the chips need the room.
+double NetworkDrawing::DiscRadius() const {
     constexpr double radius = 50;
-    constexpr double smallest = 35;
     constexpr double largest = 75;
+    const double scale = m_picture.Sheet.Scale;
+    const double room = (scale * m_values.Spacing - ChipWidth()) / 2;
+    return std::clamp(std::min(radius * scale, room), kSmallestDisc, largest);
+}
+
+void NetworkDrawing::DrawNodes() {
     m_picture.Fill = FillStyle::Solid;
     m_picture.DrawWidth = 1;
-    const double disc = std::clamp(radius * m_picture.Sheet.Scale, smallest, largest);
     for (int node = 1; node <= m_values.Nodes; ++node) {
-        m_picture.Circle(ToX(node * m_values.Spacing), ToY(kNetworkAxis), disc, kBlack);
+        m_picture.Circle(ToX(node * m_values.Spacing), ToY(kNetworkAxis), DiscRadius(), kBlack);
     }
     m_picture.Fill = FillStyle::Transparent;
 }
 
 /// The last node stays without a number: numbers are those of the tasks, each between two nodes.
 void NetworkDrawing::DrawChips() {
-    constexpr double disc_room = 45;
     const int tasks = m_values.Nodes - 1;
-    const Font font = m_picture.PageFont();
-    const double widest = m_picture.WidthOf(NumberText(std::max(tasks, 1)), font) + disc_room;
+    const double widest = ChipWidth() + 2 * kSmallestDisc;
     int every = 1;
     for (const int step : {1, 2, 5, 10, 20, 50, 100}) {
         every = step;
@@ -172,18 +238,16 @@ void NetworkDrawing::DrawChips() {
 }
 
 void NetworkDrawing::DrawChip(int task) {
-    constexpr double padding = 15;
     constexpr double rounding = 45;
-    constexpr double share_of_line = 0.86;
     const Font font = m_picture.PageFont();
     const std::string number = NumberText(task);
     const double width = m_picture.WidthOf(number, font);
     const double line = LineHeight(font);
-    const double height = share_of_line * line;
+    const double height = ChipHeight(m_picture);
     const double left = ToX((task + 0.5) * m_values.Spacing) - width / 2;
-    m_picture.Add(BoxFigure{left - padding,
+    m_picture.Add(BoxFigure{left - kChipPadding,
                             ToY(kNetworkAxis) - height / 2,
-                            width + 2 * padding,
+                            width + 2 * kChipPadding,
                             height,
                             rounding,
                             kPaper,

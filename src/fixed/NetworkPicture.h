@@ -18,12 +18,18 @@ struct NetworkValues {
     std::vector<std::string> Words;  ///< what each arc stands for, in their order
     /// Places in Arcs by the states of their pathways, each in the order of its first pathway.
     std::array<std::vector<std::size_t>, kStates> InState;
+    /// Places in Arcs of those by which the cheapest chain comes to each node; empty before a
+    /// search.
+    std::vector<std::size_t> Reaching;
     std::int16_t Nodes = 1;
     /// Distance of nodes, as NodeSpacing has it.
     double Spacing = 0;
 };
 
-/// Tasks from which on arcs without a resource fade, and possible ones until they are enlarged.
+/// Tasks from which on arcs with a resource fade, the longer the more, until they are enlarged; but
+/// for the chosen ones and those by which the cheapest chain comes to a node.
+inline constexpr int kVeilFromTasks = 18;
+/// Tasks from which on arcs without a resource fade.
 inline constexpr int kFadeFromTasks = 30;
 
 /// Composes the network so that it fills the page, with the legend of its colours in the upper left

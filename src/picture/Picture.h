@@ -33,8 +33,9 @@ struct Page {
 /// Where the units of a drawing that is made on a fixed sheet stand on the paper.
 struct Placement {
     double Scale = 1;
-    double Left = 0;  ///< twips
-    double Top = 0;   ///< twips
+    double Left = 0;     ///< twips
+    double Top = 0;      ///< twips
+    double Stretch = 1;  ///< of heights, beside Scale
     bool operator==(const Placement&) const = default;
 };
 

@@ -49,12 +49,15 @@ void PictureBox::SetZoomable(bool zoomable) {
 /// A point of the box in the units of the drawing.
 QPointF PictureBox::OnSheet(QPointF point) const {
     const Placement& sheet = m_picture->Sheet;
-    return (ToTwips(point + Offset()) - QPointF(sheet.Left, sheet.Top)) / sheet.Scale;
+    const QPointF paper = ToTwips(point + Offset()) - QPointF(sheet.Left, sheet.Top);
+    return {paper.x() / sheet.Scale, paper.y() / (sheet.Scale * sheet.Stretch)};
 }
 
 void PictureBox::MoveSheet(QPointF onSheet, QPointF point) {
     const Placement& sheet = m_picture->Sheet;
-    const QPointF paper = (onSheet * sheet.Scale + QPointF(sheet.Left, sheet.Top)) / kTwipsPerPixel;
+    const QPointF paper = QPointF(sheet.Left + sheet.Scale * onSheet.x(),
+                                  sheet.Top + sheet.Scale * sheet.Stretch * onSheet.y()) /
+                          kTwipsPerPixel;
     const QPoint offset = (paper - point).toPoint();
     horizontalScrollBar()->setValue(offset.x());
     verticalScrollBar()->setValue(offset.y());

@@ -67,11 +67,12 @@ void PictureImage::Show(QPainter& painter, const Placement& sheet, const QPoint&
         painter.drawImage(m_area.topLeft() - origin, m_image);
         return;
     }
-    const double stretch = sheet.Scale / m_sheet.Scale;
+    const double across = sheet.Scale / m_sheet.Scale;
+    const double down = across * sheet.Stretch / m_sheet.Stretch;
     painter.save();
-    painter.translate((sheet.Left - m_sheet.Left * stretch) / kTwipsPerPixel - origin.x(),
-                      (sheet.Top - m_sheet.Top * stretch) / kTwipsPerPixel - origin.y());
-    painter.scale(stretch, stretch);
+    painter.translate((sheet.Left - m_sheet.Left * across) / kTwipsPerPixel - origin.x(),
+                      (sheet.Top - m_sheet.Top * down) / kTwipsPerPixel - origin.y());
+    painter.scale(across, down);
     painter.drawImage(m_area.topLeft(), m_image);
     painter.restore();
 }

@@ -61,7 +61,7 @@ inline double Rounded(double value) {
 
 /// Arcs, nodes and task numbers of a network in the units of its sheet, in drawing order.
 inline std::vector<std::string> NetworkTexts(const Picture& picture) {
-    const auto& [scale, left, top] = picture.Sheet;
+    const auto& [scale, left, top, stretch] = picture.Sheet;
     std::vector<std::string> texts;
     for (std::size_t place = 0; place < picture.Figures().size(); ++place) {
         if (picture.IsFixed(place)) {
@@ -71,8 +71,9 @@ inline std::vector<std::string> NetworkTexts(const Picture& picture) {
         if (const auto* circle = std::get_if<CircleFigure>(&figure)) {
             CircleFigure on_sheet = *circle;
             on_sheet.X = Rounded((circle->X - left) / scale);
-            on_sheet.Y = Rounded((circle->Y - top) / scale);
+            on_sheet.Y = Rounded((circle->Y - top) / (scale * stretch));
             on_sheet.Radius = circle->Filled ? 0 : Rounded(circle->Radius / scale);
+            on_sheet.Aspect = circle->Filled ? 1 : Rounded(circle->Aspect / stretch);
             texts.push_back(FigureText(on_sheet));
         } else if (const auto* text = std::get_if<TextFigure>(&figure)) {
             const double middle = text->X + picture.WidthOf(text->Text, text->Face) / 2;
