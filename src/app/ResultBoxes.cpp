@@ -1,18 +1,22 @@
 #include "app/ResultBoxes.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QSplitter>
 #include <QToolButton>
 #include <algorithm>
 
 #include "app/BoxFrame.h"
 #include "app/WindowMemory.h"
+#include "widgets/ScreenMeasure.h"
 
 namespace quarnel02 {
 
 namespace {
 
-enum Graph : std::size_t { Summary = 0, Demand = 1, Line = 2, Costs = 3 };
+enum Graph : std::size_t { Summary = 0, Demand = 1, Line = 2, Costs = 3, Load = 4 };
 
 QString KeyOf(int rows, std::size_t splitter) {
     return QStringLiteral("Results/rows%1-%2").arg(rows).arg(splitter);
@@ -32,7 +36,19 @@ ResultBoxes::ResultBoxes(const Splitters& splitters, Box network,
         connect(box.Frame, &BoxFrame::DoubleClicked, this, toggle);
         connect(box.Button, &QToolButton::clicked, this, toggle);
     }
+    for (QSplitter* splitter : {m_splitters.Area, m_splitters.Upper, m_splitters.Lower}) {
+        connect(splitter, &QSplitter::splitterMoved, this, [this] { m_moved = true; });
+    }
+    m_splitters.Area->installEventFilter(this);
     ShowBoxes();
+}
+
+/// The splitters have not shared their new size out yet.
+bool ResultBoxes::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
+        QMetaObject::invokeMethod(this, &ResultBoxes::ApplySizes, Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 ResultBoxes::Rows ResultBoxes::RowsFor(const std::array<bool, kGraphs>& used) {
@@ -57,13 +73,16 @@ void ResultBoxes::ShowUsed(const std::array<bool, kGraphs>& used) {
 
 /// What the user made of the present arrangement is kept for its next use.
 void ResultBoxes::NoteSizes() {
-    m_sizes[m_rows] = {m_splitters.Area->saveState(), m_splitters.Upper->saveState(),
-                       m_splitters.Lower->saveState()};
+    if (m_moved) {
+        m_sizes[m_rows] = {m_splitters.Area->saveState(), m_splitters.Upper->saveState(),
+                           m_splitters.Lower->saveState()};
+    }
 }
 
 void ResultBoxes::Arrange(Rows rows) {
     NoteSizes();
     m_rows = rows;
+    m_moved = false;
     if (rows == Rows::Two) {
         m_splitters.Lower->insertWidget(0, m_graphs[Line].Frame);
     } else {
@@ -72,25 +91,42 @@ void ResultBoxes::Arrange(Rows rows) {
     ShowBoxes();
     const auto kept = m_sizes.find(rows);
     if (kept == m_sizes.end()) {
-        ShareByDefault(rows);
+        ApplySizes();
         return;
     }
+    m_moved = true;
     m_splitters.Area->restoreState(kept->second[0]);
     m_splitters.Upper->restoreState(kept->second[1]);
     m_splitters.Lower->restoreState(kept->second[2]);
 }
 
-/// In hundredths of the room. The summary has the longest lines.
+void ResultBoxes::ApplySizes() {
+    if (!m_moved && !IsEnlarged()) {
+        ShareByDefault(m_rows);
+    }
+}
+
+/// The summary is as wide as its lines ask for; what is more goes to the pictures.
 void ResultBoxes::ShareByDefault(Rows rows) const {
     constexpr int unit = 100;
+    const int width = m_splitters.Area->width();
+    const int summary = std::min(SummaryWidth(), 45 * width / 100);
+    const int beside = width - summary;
     if (rows == Rows::Two) {
-        m_splitters.Area->setSizes({30 * unit, 35 * unit, 35 * unit});
-        m_splitters.Upper->setSizes({55 * unit, 45 * unit});
+        m_splitters.Area->setSizes({26 * unit, 38 * unit, 36 * unit});
+        m_splitters.Upper->setSizes({summary, beside, 0});
         m_splitters.Lower->setSizes({50 * unit, 50 * unit});
     } else {
         m_splitters.Area->setSizes({45 * unit, 55 * unit, 0});
-        m_splitters.Upper->setSizes({55 * unit, 45 * unit, 0});
+        m_splitters.Upper->setSizes({summary, beside / 2, 0, beside / 2});
     }
+}
+
+int ResultBoxes::SummaryWidth() const {
+    constexpr int columns = 68;
+    QFont font = FixedPitchFont();
+    font.setPixelSize(QFontInfo(m_graphs[Summary].Frame->font()).pixelSize());
+    return columns * QFontMetrics(font).horizontalAdvance(QLatin1Char('0'));
 }
 
 void ResultBoxes::ShowBoxes() {
@@ -115,6 +151,7 @@ void ResultBoxes::Enlarge(BoxFrame* frame) {
     }
     m_enlarged = frame;
     ShowBoxes();
+    ApplySizes();
     emit EnlargedChanged(IsEnlarged());
 }
 

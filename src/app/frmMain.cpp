@@ -31,6 +31,7 @@ frmMain::frmMain(std::filesystem::path applicationDirectory)
     for (std::size_t i = 0; i < boxes.size(); ++i) {
         boxes[i]->SetPicture(picGraph[i]);
     }
+    m_ui->picLoad->SetPicture(picLoad);
     ConnectParameters();
     ConnectDemand();
     ConnectSolve();

@@ -28,8 +28,8 @@ std::optional<std::string> PrintedText(const Picture& picture) {
 }  // namespace
 
 void frmMain::ConnectLeaves() {
-    for (PictureBox* box :
-         {m_ui->picArc, m_ui->picGraph_0, m_ui->picGraph_1, m_ui->picGraph_2, m_ui->picGraph_3}) {
+    for (PictureBox* box : {m_ui->picArc, m_ui->picGraph_0, m_ui->picGraph_1, m_ui->picGraph_2,
+                            m_ui->picGraph_3, m_ui->picLoad}) {
         AddPictureCommands(*box);
     }
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
@@ -93,7 +93,7 @@ const Picture& frmMain::PictureOf(const PictureBox& box) const {
             return picGraph.at(i);
         }
     }
-    return picArc;
+    return &box == m_ui->picLoad ? picLoad : picArc;
 }
 
 /// "Circulation pump - line"

@@ -38,7 +38,8 @@ void frmMain::ConnectResults() {
         {BoxOf(m_ui->frameGraph_0, m_ui->label_picGraph_0, m_ui->picGraph_0, m_ui->btnEnlarge_0),
          BoxOf(m_ui->frameGraph_1, m_ui->label_picGraph_1, m_ui->picGraph_1, m_ui->btnEnlarge_1),
          BoxOf(m_ui->frameGraph_2, m_ui->label_picGraph_2, m_ui->picGraph_2, m_ui->btnEnlarge_2),
-         BoxOf(m_ui->frameGraph_3, m_ui->label_picGraph_3, m_ui->picGraph_3, m_ui->btnEnlarge_3)},
+         BoxOf(m_ui->frameGraph_3, m_ui->label_picGraph_3, m_ui->picGraph_3, m_ui->btnEnlarge_3),
+         BoxOf(m_ui->frameLoad, m_ui->label_picLoad, m_ui->picLoad, m_ui->btnEnlarge_Load)},
         this);
     auto* escape = new QShortcut(Qt::Key_Escape, this);
     escape->setEnabled(false);
@@ -66,9 +67,9 @@ void frmMain::ConnectFirstSteps() {
 /// where to begin.
 void frmMain::ShowResults() {
     std::array<bool, ResultBoxes::kGraphs> used{};
-    for (std::size_t i = 0; i < used.size(); ++i) {
-        used.at(i) = !picGraph.at(i).Figures().empty();
-    }
+    std::transform(picGraph.begin(), picGraph.end(), used.begin(),
+                   [](const Picture& picture) { return !picture.Figures().empty(); });
+    used.back() = !picLoad.Figures().empty();
     m_boxes->ShowUsed(used);
     const bool begun = m_ui->txtTasks->text().toInt() > 0;
     m_ui->stkArc->setCurrentWidget(begun ? static_cast<QWidget*>(m_ui->scrArc) : m_ui->pageFirst);
@@ -83,7 +84,8 @@ QString frmMain::TitleOf(const PictureBox& box) const {
                                                : QStringLiteral("Solution summary")),
         std::pair(m_ui->picGraph_1, QStringLiteral("Demand distribution")),
         std::pair(m_ui->picGraph_2, QStringLiteral("Line")),
-        std::pair(m_ui->picGraph_3, QStringLiteral("Expected annual cost"))};
+        std::pair(m_ui->picGraph_3, QStringLiteral("Expected annual cost")),
+        std::pair(m_ui->picLoad, QStringLiteral("Station load"))};
     return std::find_if(titles.begin(), titles.end(),
                         [&](const auto& each) { return each.first == &box; })
         ->second;
@@ -101,6 +103,7 @@ void frmMain::ShowTitles() {
     m_ui->label_picGraph_1->setText(TitleOf(*m_ui->picGraph_1) + mark);
     m_ui->label_picGraph_2->setText(TitleOf(*m_ui->picGraph_2) + mark);
     m_ui->label_picGraph_3->setText(TitleOf(*m_ui->picGraph_3) + mark);
+    m_ui->label_picLoad->setText(TitleOf(*m_ui->picLoad) + mark);
 }
 
 /// What the pictures show, for those who do not see them.
@@ -110,6 +113,7 @@ void frmMain::DescribePictures() {
     for (std::size_t i = 0; i < boxes.size(); ++i) {
         boxes.at(i)->setAccessibleDescription(PictureWords(picGraph.at(i)));
     }
+    m_ui->picLoad->setAccessibleDescription(PictureWords(picLoad));
     const QString line = LastDesign
                              ? QStringLiteral(" The line of the last design, ") +
                                    QString::fromStdString(ShortDesignText(*LastDesign)) +

@@ -55,7 +55,7 @@ void frmMain::ShowIcons() {
         action->setIcon(ToolIcon(QLatin1String(name), palette()));
     }
     for (QToolButton* button : {m_ui->btnEnlarge_Arc, m_ui->btnEnlarge_0, m_ui->btnEnlarge_1,
-                                m_ui->btnEnlarge_2, m_ui->btnEnlarge_3}) {
+                                m_ui->btnEnlarge_2, m_ui->btnEnlarge_3, m_ui->btnEnlarge_Load}) {
         button->setIcon(m_ui->mnuViewEnlarge->icon());
     }
 }

@@ -9,6 +9,7 @@
 #include "basic/ScopeGuard.h"
 #include "fixed/CostPathways.h"
 #include "fixed/DrawLinks.h"
+#include "fixed/DrawLoad.h"
 #include "fixed/FindBestPath.h"
 #include "fixed/GeneratePathways.h"
 #include "fixed/WriteSolutionSummary.h"
@@ -89,6 +90,7 @@ void ShowLine(MainForm& form, const Database& database, const LineModel& model,
               const FixedDemandOrder& order, LineEnd end) {
     const std::string cost =
         WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
+    DrawLoad(database, model, order.Request, form.picLoad);
     form.LastDesign = NewDesign(database, DesignCaption(order.Request, end),
                                 form.Text(TextBox::txtProduct), order.Request);
     form.LastDesign->Cost = cost;

@@ -20,6 +20,7 @@ Picture ArcPicture() {
 
 PictureBoxes::PictureBoxes()
     : picArc(ArcPicture()),
-      picGraph{GraphPicture(), GraphPicture(), GraphPicture(), GraphPicture()} {}
+      picGraph{GraphPicture(), GraphPicture(), GraphPicture(), GraphPicture()},
+      picLoad(GraphPicture()) {}
 
 }  // namespace quarnel02

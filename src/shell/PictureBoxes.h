@@ -14,7 +14,8 @@ struct PictureBoxes {
 
     Picture picArc;                        ///< the arc network, 15000 twips wide
     std::array<Picture, 4> picGraph;       ///< results
-    std::optional<DesignMade> LastDesign;  ///< what picGraph shows; none without results
+    Picture picLoad;                       ///< how full the stations of a fixed design are
+    std::optional<DesignMade> LastDesign;  ///< what these results are of; none without
 };
 
 }  // namespace quarnel02

@@ -33,6 +33,7 @@ void ClearResults(PictureBoxes& boxes) {
     for (Picture& picture : boxes.picGraph) {
         picture.Clear();
     }
+    boxes.picLoad.Clear();
     boxes.LastDesign.reset();
 }
 

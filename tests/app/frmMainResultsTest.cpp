@@ -24,8 +24,8 @@ class frmMainResults : public test::WindowTest {
     /// Names of the boxes that can be seen, from the upper left.
     [[nodiscard]] std::vector<std::string> Boxes() const {
         std::vector<std::string> seen;
-        for (const char* name :
-             {"frameArc", "frameGraph_0", "frameGraph_1", "frameGraph_2", "frameGraph_3"}) {
+        for (const char* name : {"frameArc", "frameGraph_0", "frameGraph_1", "frameGraph_2",
+                                 "frameGraph_3", "frameLoad"}) {
             if (Find<QWidget>(name).isVisible()) {
                 seen.emplace_back(name);
             }
@@ -76,6 +76,15 @@ class frmMainResults : public test::WindowTest {
         Activate();
         QCoreApplication::processEvents();
     }
+    /// Moves the first edge of a splitter with the mouse.
+    void DragEdge(const std::string& splitter, QPoint way) {
+        QSplitterHandle& edge = *Find<QSplitter>(splitter).handle(1);
+        const QPoint grip = edge.rect().center();
+        QTest::mousePress(&edge, Qt::LeftButton, Qt::NoModifier, grip);
+        QTest::mouseMove(&edge, grip + way);
+        QTest::mouseRelease(&edge, Qt::LeftButton, Qt::NoModifier, grip + way);
+        QCoreApplication::processEvents();
+    }
     [[nodiscard]] bool HelpsToBegin() const { return Find<QWidget>("pageFirst").isVisible(); }
 };
 
@@ -86,13 +95,15 @@ TEST_F(frmMainResults, WithoutADesignTheNetworkHasAllTheRoom) {
     EXPECT_FALSE(HelpsToBegin());
 }
 
-TEST_F(frmMainResults, AFixedDesignHasSummaryAndLineSideBySide) {
+TEST_F(frmMainResults, AFixedDesignHasSummaryLineAndLoadSideBySide) {
     StartWithAModel();
     DesignFixed();
-    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2"));
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2", "frameLoad"));
     EXPECT_GT(Filled(), 0.97);
     EXPECT_EQ(Place("frameGraph_0").top(), Place("frameGraph_2").top());
     EXPECT_LT(Place("frameGraph_0").right(), Place("frameGraph_2").left());
+    EXPECT_EQ(Place("frameGraph_0").top(), Place("frameLoad").top());
+    EXPECT_LT(Place("frameGraph_2").right(), Place("frameLoad").left());
     EXPECT_GT(Place("frameGraph_0").top(), Place("frameArc").bottom());
 }
 
@@ -107,8 +118,25 @@ TEST_F(frmMainResults, AStochasticDesignHasFourBoxesInTwoRows) {
     EXPECT_GT(Place("frameGraph_2").top(), Place("frameGraph_0").bottom());
     EXPECT_EQ(Find<QLabel>("label_picGraph_0").text(), "Final solution");
     DesignFixed();
-    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2"));
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2", "frameLoad"));
     EXPECT_EQ(Find<QLabel>("label_picGraph_0").text(), "Solution summary");
+}
+
+TEST_F(frmMainResults, TheStationLoadIsThatOfTheDesign) {
+    StartWithAModel();
+    DesignFixed();
+    std::vector<std::string> words;
+    for (const HotSpot& spot : Window->picLoad.HotSpots()) {
+        words.push_back(WordsOf(spot));
+    }
+    // 250 days x 28,800 s for 200,000 units.
+    EXPECT_THAT(words, ::testing::Contains("Available cycle time 36.0 s"));
+    // Tasks of 30 and 20 s and transport of 5 s at 90 %, shared by two stations.
+    EXPECT_THAT(words, ::testing::Contains("1 Press x2: Task 1, 15.0 s of 30.6 s"));
+    EXPECT_THAT(Find<QWidget>("picLoad").accessibleDescription().toStdString(),
+                HasSubstr("Station load"));
+    Item("mnuFileNew").trigger();
+    EXPECT_TRUE(Window->picLoad.Figures().empty());
 }
 
 TEST_F(frmMainResults, AnotherModelPutsTheBoxesAway) {
@@ -123,7 +151,7 @@ TEST_F(frmMainResults, F11EnlargesTheBoxWithTheFocusAndEscapePutsItBack) {
     DesignFixed();
     const QRect before = Place("frameGraph_2");
     Find<QWidget>("picGraph_2").setFocus();
-    EXPECT_EQ(Boxes().size(), 3U);
+    EXPECT_EQ(Boxes().size(), 4U);
     PressKey(Qt::Key_F11);
     EXPECT_THAT(Boxes(), ElementsAre("frameGraph_2"));
     QCoreApplication::processEvents();
@@ -131,7 +159,7 @@ TEST_F(frmMainResults, F11EnlargesTheBoxWithTheFocusAndEscapePutsItBack) {
     EXPECT_EQ(Caption("mnuViewEnlarge"), "Show all box&es");
     PressKey(Qt::Key_Escape);
     QCoreApplication::processEvents();
-    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2"));
+    EXPECT_THAT(Boxes(), ElementsAre("frameArc", "frameGraph_0", "frameGraph_2", "frameLoad"));
     EXPECT_EQ(Place("frameGraph_2"), before);
     EXPECT_EQ(Caption("mnuViewEnlarge"), "&Enlarge a box");
 }
@@ -143,7 +171,7 @@ TEST_F(frmMainResults, F11ElsewhereEnlargesTheNetworkAndGoesBack) {
     PressKey(Qt::Key_F11);
     EXPECT_THAT(Boxes(), ElementsAre("frameArc"));
     PressKey(Qt::Key_F11);
-    EXPECT_EQ(Boxes().size(), 3U);
+    EXPECT_EQ(Boxes().size(), 4U);
 }
 
 TEST_F(frmMainResults, ADoubleClickOnAPictureOrItsTitleEnlargesIt) {
@@ -153,11 +181,11 @@ TEST_F(frmMainResults, ADoubleClickOnAPictureOrItsTitleEnlargesIt) {
         auto& target = Find<QWidget>(place);
         const QPoint corner(2, 2);
         QTest::mouseClick(&target, Qt::LeftButton, Qt::NoModifier, corner);
-        EXPECT_EQ(Boxes().size(), 3U) << place;
+        EXPECT_EQ(Boxes().size(), 4U) << place;
         QTest::mouseDClick(&target, Qt::LeftButton, Qt::NoModifier, corner);
         EXPECT_THAT(Boxes(), ElementsAre("frameGraph_0")) << place;
         QTest::mouseDClick(&target, Qt::LeftButton, Qt::NoModifier, corner);
-        EXPECT_EQ(Boxes().size(), 3U) << place;
+        EXPECT_EQ(Boxes().size(), 4U) << place;
     }
     QTest::mouseClick(&Find<QToolButton>("btnEnlarge_2"), Qt::LeftButton);
     EXPECT_THAT(Boxes(), ElementsAre("frameGraph_2"));
@@ -175,11 +203,11 @@ TEST_F(frmMainResults, TheNextDesignShowsAllItsBoxes) {
 TEST_F(frmMainResults, SizesOutliveTheProgram) {
     StartWithAModel();
     DesignFixed();
-    Find<QSplitter>("splRight").setSizes({200, 600, 0});
-    Find<QSplitter>("splUpper").setSizes({300, 600, 0});
+    DragEdge("splRight", {0, -60});
+    DragEdge("splUpper", {-150, 0});
     DesignStochastic();
     DesignFixed();
-    Find<QSplitter>("splMain").setSizes({400, 800});
+    DragEdge("splMain", {80, 0});
     Window->resize(1210, 777);
     QCoreApplication::processEvents();
     const QRect network = Place("frameArc");
@@ -194,6 +222,39 @@ TEST_F(frmMainResults, SizesOutliveTheProgram) {
     EXPECT_EQ(Place("frameArc").left(), network.left());
     EXPECT_NEAR(Place("frameArc").height(), network.height(), 2);
     EXPECT_NEAR(Place("frameGraph_0").width(), summary.width(), 2);
+}
+
+TEST_F(frmMainResults, SharesFollowTheSizeOfTheWindowUntilAnEdgeIsMoved) {
+    StartWithAModel();
+    DesignFixed();
+    const auto shares = [&] {
+        const double area = Find<QSplitter>("splRight").width();
+        return std::pair(Place("frameGraph_0").width() / area, Place("frameLoad").width() / area);
+    };
+    const auto before = shares();
+    const int summary = Place("frameGraph_0").width();
+    Window->resize(2000, 1100);
+    QCoreApplication::processEvents();
+    EXPECT_GT(Place("frameGraph_0").width(), summary);
+    EXPECT_LT(shares().first, before.first) << "it is as wide as its lines ask for";
+    EXPECT_GT(shares().second, before.second);
+    EXPECT_GT(Filled(), 0.97);
+    Find<QWidget>("picGraph_2").setFocus();
+    PressKey(Qt::Key_F11);
+    Window->resize(1300, 900);
+    QCoreApplication::processEvents();
+    PressKey(Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(Place("frameGraph_0").width(), summary, 2);
+    DragEdge("splUpper", {-100, 0});
+    EXPECT_NEAR(Place("frameGraph_0").width(), summary - 100, 3);
+    Window->resize(1310, 900);
+    QCoreApplication::processEvents();
+    EXPECT_LT(Place("frameGraph_0").width(), summary - 50) << "an edge that was moved stays";
+    PressKey(Qt::Key_F11);
+    PressKey(Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_LT(Place("frameGraph_0").width(), summary - 50);
 }
 
 TEST_F(frmMainResults, ADamagedMemoryIsAsGoodAsNone) {

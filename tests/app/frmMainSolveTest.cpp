@@ -164,6 +164,7 @@ TEST_F(frmMainSolve, DrawsTheNetworkTheSummaryAndTheLine) {
     EXPECT_TRUE(Window->picGraph[1].Figures().empty());
     EXPECT_FALSE(Window->picGraph[2].Figures().empty());
     EXPECT_TRUE(Window->picGraph[3].Figures().empty());
+    EXPECT_FALSE(Window->picLoad.Figures().empty());
 }
 
 TEST_F(frmMainSolve, SavesWhatWasTypedLastWhenPressedByShortCut) {

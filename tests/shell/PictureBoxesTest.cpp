@@ -15,6 +15,9 @@ TEST(PictureBoxes, AreEmptyPicturesOfTheirSizes) {
         EXPECT_GT(picture.Height(), 0);
         EXPECT_TRUE(picture.Figures().empty());
     }
+    EXPECT_GT(boxes.picLoad.Width(), 0);
+    EXPECT_GT(boxes.picLoad.Height(), 0);
+    EXPECT_TRUE(boxes.picLoad.Figures().empty());
 }
 
 }  // namespace

@@ -50,11 +50,13 @@ TEST(ClearResults, ClearsThePicturesAndForgetsTheDesign) {
     for (Picture& picture : form.picGraph) {
         picture.Print("old");
     }
+    form.picLoad.Print("old");
     ClearResults(form);
     EXPECT_FALSE(form.LastDesign);
     for (const Picture& picture : form.picGraph) {
         EXPECT_TRUE(picture.Figures().empty());
     }
+    EXPECT_TRUE(form.picLoad.Figures().empty());
 }
 
 TEST(OpenReport, StartsTheEditorOnTheFullPath) {

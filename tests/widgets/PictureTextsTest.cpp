@@ -13,12 +13,11 @@
 #include "generate_model.h"
 #include "line/CheapestLine.h"
 #include "picture/Inks.h"
-#include "picture/LabelPlaces.h"
 #include "shell/LoadLineModel.h"
 #include "study/CostBasis.h"
 #include "study/VolumePieces.h"
 #include "support/Dice.h"
-#include "support/FigureText.h"
+#include "support/LegibleTexts.h"
 #include "support/StochSolve.h"
 #include "widgets/ScreenMeasure.h"
 
@@ -45,41 +44,11 @@ std::vector<Page> Pages() {
     return pages;
 }
 
-struct PlacedText {
-    std::string Text;
-    Extent Place;
-};
-
-std::vector<PlacedText> TextsOf(const Picture& picture) {
-    std::vector<PlacedText> texts;
-    for (const auto& text : test::FiguresOf<TextFigure>(picture)) {
-        EXPECT_GE(text.Face.Points, 8) << text.Text;
-        texts.push_back({text.Text, ExtentOf(text, Letters())});
-    }
-    return texts;
-}
-
-void ExpectLegible(const Picture& picture) {
-    const auto texts = TextsOf(picture);
-    EXPECT_FALSE(texts.empty());
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        const Extent& place = texts[i].Place;
-        EXPECT_GE(place.Left, 0) << texts[i].Text;
-        EXPECT_GE(place.Top, 0) << texts[i].Text;
-        EXPECT_LE(place.Right, picture.Width() + 1) << texts[i].Text;
-        EXPECT_LE(place.Bottom, picture.Height() + 1) << texts[i].Text;
-        for (std::size_t j = i + 1; j < texts.size(); ++j) {
-            EXPECT_FALSE(Overlap(place, texts[j].Place))
-                << "[" << texts[i].Text << "] and [" << texts[j].Text << "]";
-        }
-    }
-}
-
 void ExpectLegibleOnAllPages(Picture& picture) {
     for (const Page& page : Pages()) {
         SCOPED_TRACE(test::PairText(page.Width / kTwipsPerPixel, page.Height / kTwipsPerPixel));
         picture.LayOut(page);
-        ExpectLegible(picture);
+        test::ExpectLegible(picture);
     }
 }
 
@@ -121,6 +90,7 @@ TEST_P(PictureTexts, OfAFixedDesignAreLegible) {
     model.Solve(dice(1, 3), NumberText(1000 * dice(10, 2000)));
     ASSERT_FALSE(model.Form.picGraph[2].Figures().empty());
     ExpectLegibleOnAllPages(model.Form.picGraph[2]);
+    ExpectLegibleOnAllPages(model.Form.picLoad);
     ExpectLegibleOnAllPages(model.Form.picArc);
 }
 
