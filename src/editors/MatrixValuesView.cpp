@@ -114,7 +114,9 @@ class FigurePainter : public SheetDelegate {
 }  // namespace
 
 MatrixValuesView::MatrixValuesView(QWidget* parent)
-    : SheetView(new FigurePainter(nullptr), parent) {}
+    : SheetView(new FigurePainter(nullptr), parent) {
+    connect(this, &SheetView::StoredIn, this, &MatrixValuesView::Widen);
+}
 
 void MatrixValuesView::FitSections() {
     FitColumns();
@@ -124,7 +126,29 @@ void MatrixValuesView::FitSections() {
     for (int column = 0; column < model()->columnCount(); ++column) {
         setColumnWidth(column, std::max(columnWidth(column), least * character));
     }
+    NoteWidths();
     updateGeometry();
+}
+
+void MatrixValuesView::NoteWidths() {
+    m_fitted.clear();
+    for (int column = 0; column < model()->columnCount(); ++column) {
+        m_fitted.push_back(columnWidth(column));
+    }
+}
+
+/// But for those that the user has given another width.
+void MatrixValuesView::Widen(int first, int last) {
+    constexpr int widest = 40;
+    const int character = fontMetrics().averageCharWidth();
+    m_fitted.resize(model()->columnCount(), horizontalHeader()->defaultSectionSize());
+    for (int column = first; column <= last; ++column) {
+        const int wanted = std::min(sizeHintForColumn(column) + character, widest * character);
+        if (columnWidth(column) == m_fitted[column] && wanted > columnWidth(column)) {
+            setColumnWidth(column, wanted);
+            m_fitted[column] = wanted;
+        }
+    }
 }
 
 QSize MatrixValuesView::sizeHint() const {

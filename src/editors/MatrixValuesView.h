@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QList>
+
 #include "widgets/SheetView.h"
 
 namespace quarnel02 {
@@ -15,6 +17,12 @@ class MatrixValuesView : public SheetView {
 
     /// Headings and columns as wide as the model asks for, within reason.
     void FitSections();
+
+  private:
+    void NoteWidths();
+    void Widen(int first, int last);
+
+    QList<int> m_fitted;  ///< widths of the columns as they were fitted last
 };
 
 }  // namespace quarnel02

@@ -71,6 +71,8 @@ class SheetView : public QTableView {
   signals:
     /// The current cell has moved to another row; -1 for none.
     void CurrentRowChanged(int row);
+    /// Something was typed, pasted or filled in these columns.
+    void StoredIn(int first, int last);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -92,6 +94,7 @@ class SheetView : public QTableView {
     bool Finish(Refusal refusal);
     bool StoreTyped(const QModelIndex& cell, const QString& text, Refusal refusal);
     void SelectBlock(const BlockEdit& edit);
+    void TellOf(const BlockEdit& edit);
     [[nodiscard]] bool MayGrow(const BlockEdit& edit);
     void Fill(const BlockEdit& edit);
     bool Store(const std::string& failure, const std::function<Misfits()>& store,

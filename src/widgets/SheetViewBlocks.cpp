@@ -12,6 +12,19 @@
 
 namespace quarnel02 {
 
+namespace {
+
+/// Cells of the longest row, at least one.
+std::size_t WidthOf(const TextBlock& block) {
+    std::size_t width = 1;
+    for (const auto& row : block) {
+        width = std::max(width, row.size());
+    }
+    return width;
+}
+
+}  // namespace
+
 void SheetView::Copy() {
     const std::string text = WriteTabbed(m_sheet->CopyBlock(SelectedBlock()));
     if (!text.empty()) {
@@ -29,10 +42,7 @@ void SheetView::Clear() {
 }
 
 void SheetView::SelectBlock(const BlockEdit& edit) {
-    std::size_t columns = 1;
-    for (const auto& row : edit.Block) {
-        columns = std::max(columns, row.size());
-    }
+    const std::size_t columns = WidthOf(edit.Block);
     const auto at = [&](std::size_t row, std::size_t column) {
         return m_sheet->index(std::min(static_cast<int>(row), m_sheet->rowCount() - 1),
                               std::min(static_cast<int>(column), m_sheet->columnCount() - 1));
@@ -58,7 +68,14 @@ void SheetView::Paste() {
     if (!block.empty() && MayGrow(edit) &&
         Store("Nothing was pasted.", [&] { return m_sheet->SetBlock(edit); })) {
         SelectBlock(edit);
+        TellOf(edit);
     }
+}
+
+void SheetView::TellOf(const BlockEdit& edit) {
+    const int first = static_cast<int>(edit.Column);
+    const int last = first + static_cast<int>(WidthOf(edit.Block)) - 1;
+    emit StoredIn(first, std::min(last, m_sheet->columnCount() - 1));
 }
 
 /// A single row is filled from the one above it.
@@ -91,8 +108,9 @@ void SheetView::FillRight() {
 }
 
 void SheetView::Fill(const BlockEdit& edit) {
-    if (!edit.Block.empty()) {
-        Store("Nothing was filled.", [&] { return m_sheet->SetBlock(edit); });
+    if (!edit.Block.empty() &&
+        Store("Nothing was filled.", [&] { return m_sheet->SetBlock(edit); })) {
+        TellOf(edit);
     }
 }
 

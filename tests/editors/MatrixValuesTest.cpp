@@ -214,6 +214,34 @@ TEST_F(MatrixValuesTab, ColumnsCanBeWidenedAndStaySoWhenSomethingIsStored) {
     });
 }
 
+TEST_F(MatrixValuesTab, ColumnsGrowForWhatIsPastedOrTypedButNotWhereTheUserHasSetThem) {
+    Start(kGrid);
+    EditValues([&] {
+        Choose("optAllThree");
+        const int narrow = 60;
+        Sheet().setColumnWidth(1, narrow);
+        const int before = Sheet().columnWidth(0);
+        const std::string wide = "123456.5|123|1234567.25";
+        Go(1, 1);
+        SetClipboard(wide + "\t" + wide + "\n");
+        Ctrl(Qt::Key_V);
+        ASSERT_EQ(Text(1, 1), "123456.5 | 123 | 1234567.25");
+        const auto needs = [&](int resource) {
+            return Sheet().fontMetrics().horizontalAdvance(
+                QString::fromStdString(Text(1, resource)));
+        };
+        EXPECT_GT(needs(1), before);
+        EXPECT_GE(Sheet().columnWidth(0), needs(1));
+        EXPECT_EQ(Sheet().columnWidth(1), narrow);
+        Go(3, 1);
+        TypeCell("123456.75|123|12345678.25");
+        Key(Qt::Key_Return);
+        EXPECT_GE(Sheet().columnWidth(0),
+                  Sheet().fontMetrics().horizontalAdvance(QString::fromStdString(Text(3, 1))));
+        Press("cmdCancel");
+    });
+}
+
 TEST_F(MatrixValuesTab, PastesABlockInOneStepThatCanBeTakenBack) {
     Start(kGrid);
     const std::vector<std::string> before = Matrix();
