@@ -2,7 +2,6 @@
 
 #include <QScreen>
 
-#include "app/AppIcon.h"
 #include "ui_frmGuide.h"
 
 namespace quarnel02 {
@@ -12,10 +11,11 @@ frmGuide::frmGuide(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui:
     constexpr int lines = 36;
     constexpr double share_of_screen = 0.85;
     m_ui->setupUi(this);
-    m_ui->txtGuide->setMarkdown(ResourceText(QStringLiteral("guide.md")));
-    const QSize wanted(columns * fontMetrics().averageCharWidth(),
+    const int margin = 4 * fontMetrics().lineSpacing();
+    const QSize wanted(columns * fontMetrics().averageCharWidth() + margin,
                        lines * fontMetrics().lineSpacing());
     resize(wanted.boundedTo(screen()->availableSize() * share_of_screen));
+    m_ui->txtGuide->ShowGuide(width() - margin);
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &QWidget::close);
 }
 

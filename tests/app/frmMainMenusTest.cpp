@@ -1,6 +1,7 @@
 // The menus and the close box.
 #include <gmock/gmock.h>
 
+#include <QTextBlock>
 #include <QTextEdit>
 #include <algorithm>
 
@@ -237,6 +238,28 @@ TEST_F(frmMainMenus, TheGuideOpensInsideTheProgram) {
                               "Reading the network", "Reading the summary", "Files"}) {
         EXPECT_THAT(text, HasSubstr(topic));
     }
+}
+
+TEST_F(frmMainMenus, TheGuideShowsItsPicturesNoWiderThanItsText) {
+    Start();
+    Item("mnuHelpGuide").trigger();
+    const auto* guide = Window->findChild<frmGuide*>()->findChild<QTextEdit*>("txtGuide");
+    const QTextDocument& document = *guide->document();
+    int pictures = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextImageFormat format = part.fragment().charFormat().toImageFormat();
+            if (!format.isValid()) {
+                continue;
+            }
+            ++pictures;
+            const auto picture =
+                document.resource(QTextDocument::ImageResource, format.name()).value<QImage>();
+            EXPECT_GT(picture.width(), 100) << format.name().toStdString();
+            EXPECT_LE(picture.width() / picture.devicePixelRatio(), guide->viewport()->width());
+        }
+    }
+    EXPECT_EQ(pictures, 3);
 }
 
 TEST_F(frmMainMenus, AboutNamesTheVersion) {
