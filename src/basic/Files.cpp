@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 #include <system_error>
 
 #include "basic/Descriptor.h"
@@ -21,9 +22,11 @@ int OpenAtOnce(const fs::path& path, int how) {
     return ::open(path.c_str(), how | O_NONBLOCK | O_CLOEXEC, 0666);
 }
 
-bool IsOrdinary(const Descriptor& file) {
+/// Nothing for what is no ordinary file.
+std::optional<std::size_t> SizeOf(const Descriptor& file) {
     struct stat status {};
-    return ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode);
+    const bool ordinary = ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode);
+    return ordinary ? std::optional(static_cast<std::size_t>(status.st_size)) : std::nullopt;
 }
 
 bool IsPipe(const fs::path& path) {
@@ -65,10 +68,12 @@ std::string ReadFile(const fs::path& path) {
     if (file.Number() < 0) {
         ThrowFileError("read", path, errno);
     }
-    if (!IsOrdinary(file)) {
+    const auto size = SizeOf(file);
+    if (!size) {
         ThrowNotOrdinary("read", path);
     }
     std::string content;
+    content.reserve(*size + 2 * piece);  // growing would take it twice
     std::size_t length = 0;
     for (;;) {
         content.resize(length + piece);
@@ -105,25 +110,6 @@ void CopyWhole(const fs::path& source, const fs::path& target) {
 
 void CopyPrivate(const fs::path& source, const fs::path& target) {
     WritePrivate(target, ReadFile(source));
-}
-
-TemporaryDirectory::TemporaryDirectory() {
-    std::error_code error;
-    const fs::path place = fs::temp_directory_path(error);
-    if (error) {
-        throw RunTimeError(ErrorKind::FileAccess, "There is no directory for temporary files: " +
-                                                      error.message() + ". Set TMPDIR to one.");
-    }
-    std::string name = (place / "quarnel02-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) {
-        ThrowFileError("make the temporary directory", name, errno);
-    }
-    m_path = name;
-}
-
-TemporaryDirectory::~TemporaryDirectory() {
-    std::error_code ignored;
-    fs::remove_all(m_path, ignored);
 }
 
 }  // namespace quarnel02

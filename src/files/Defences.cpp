@@ -31,7 +31,23 @@ int IsOverdue(void* until) {
     return std::clock() > *static_cast<const std::clock_t*>(until) ? 1 : 0;
 }
 
+/// A model of as much content as is read (ContentLimit) takes half of it.
+constexpr std::int64_t kMostMemory = 192 << 20;
+
 }  // namespace
+
+MemoryLimit::MemoryLimit() : m_before(sqlite3_hard_heap_limit64(kMostMemory)) {
+    sqlite3_memory_highwater(1);
+}
+
+MemoryLimit::~MemoryLimit() {
+    sqlite3_hard_heap_limit64(m_before);
+}
+
+/// The request that was one too many is not in the figure, and may have been a large one.
+bool MemoryLimit::WasNear() {
+    return sqlite3_memory_highwater(0) > kMostMemory / 2;
+}
 
 void Defend(SQLite::Database& database) {
     sqlite3* const handle = database.getHandle();

@@ -4,6 +4,7 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <cstdint>
 #include <ctime>
 
 #include "basic/Immovable.h"
@@ -23,6 +24,20 @@ class WorkLimit : Immovable {
 
   private:
     std::clock_t m_until = 0;
+};
+
+/// While the object lives, SQLite has no more memory than reading a model takes, whatever a file or
+/// a text asks for; a statement that wants more ends with SQLITE_NOMEM.
+class MemoryLimit : Immovable {
+  public:
+    MemoryLimit();
+    ~MemoryLimit();
+
+    /// Whether a statement that had too little memory wanted too much, or the system had none left.
+    static bool WasNear();
+
+  private:
+    std::int64_t m_before;
 };
 
 }  // namespace quarnel02

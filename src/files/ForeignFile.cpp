@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "basic/Files.h"
+#include "basic/Limits.h"
 #include "files/Defences.h"
 #include "files/ModelChecks.h"
 #include "model/Connection.h"
@@ -15,8 +16,6 @@ namespace quarnel02 {
 namespace {
 
 constexpr std::int64_t kRowsBetweenLooks = 10000;
-
-constexpr std::uintmax_t kMostFile = std::uintmax_t{256} << 20;
 
 /// A field of a user's row as our tables hold it. Throws for a value that it cannot hold.
 Value Converted(const ReadStatement& row, std::size_t place, const ColumnSchema& column) {
@@ -49,12 +48,16 @@ void ForeignFile::Translate(const SQLite::Exception& error) const {
                        "Open and close it with that program, or use a saved copy.");
         case SQLITE_INTERRUPT:
             RefuseFile(m_name, "takes too long to read.");
+        case SQLITE_NOMEM:
+            if (!MemoryLimit::WasNear()) {
+                throw Translated(error, m_name);
+            }
+            [[fallthrough]];
         case SQLITE_TOOBIG:
             RefuseFile(m_name, "holds more in one row, or in one definition, than a model does.");
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
         case SQLITE_IOERR:
-        case SQLITE_NOMEM:
         case SQLITE_NOTADB:
             throw Translated(error, m_name);
         case SQLITE_CORRUPT:
@@ -67,7 +70,7 @@ void ForeignFile::Translate(const SQLite::Exception& error) const {
 ForeignFile::ForeignFile(const fs::path& path, std::string_view name)
     : m_path(fs::absolute(path)), m_name(name), m_content(name), m_database([&] {
           RequireDatabaseHead(m_path, name);
-          if (fs::file_size(m_path) > kMostFile) {
+          if (fs::file_size(m_path) > limits::kModelFile) {
               RefuseFile(name, "is larger than 256 MB, which no model is.");
           }
           return Guarded([&] {

@@ -1,6 +1,7 @@
 #include "files/ReadModel.h"
 
 #include "basic/Files.h"
+#include "files/Defences.h"
 #include "files/ModelChecks.h"
 #include "files/ModelImage.h"
 #include "files/ModelSource.h"
@@ -30,6 +31,7 @@ void CopyRows(ModelSource& file, ModelImage& image, std::string_view name) {
 }  // namespace
 
 ModelFormat ReadModel(const fs::path& source, const fs::path& workingCopy, std::string_view name) {
+    const MemoryLimit limit;
     return Translating(PathText(workingCopy), [&] {
         const auto file = OpenModelSource(source, name);
         file->RequireReadable();

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "basic/Limits.h"
 #include "basic/Numbers.h"
 #include "files/ModelChecks.h"
 
@@ -9,9 +10,8 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::int64_t kMostRows = std::int64_t{1} << 20;    ///< 4,095 resources by 255 tasks
-constexpr std::size_t kMostText = std::size_t{128} << 10;    ///< what a box takes, in bytes
-constexpr std::size_t kMostContent = std::size_t{64} << 20;  ///< kept in memory while it is read
+/// What a value takes in the memory of a database, its text aside, and with its share of a row.
+constexpr std::size_t kValueSize = 12;
 
 /// Rounding would change a figure of the user's file in silence. Throws Overflow.
 void RequireWholeNumber(const Value& value, const std::string& field) {
@@ -36,7 +36,7 @@ const char* Fault(const Value& value, FieldType type) {
     if (type != FieldType::Text && text->size() > longest_number) {
         return " is a text, not a number. Correct it there.";
     }
-    return text->size() > kMostText ? " is longer than 128 KB. Shorten it there." : "";
+    return text->size() > limits::kText ? " is longer than 128 KB. Shorten it there." : "";
 }
 
 }  // namespace
@@ -55,14 +55,14 @@ Value FieldFrom(const Value& value, const ColumnSchema& column) {
 
 void ContentLimit::Count(const Value& value) {
     const auto* text = std::get_if<std::string>(&value);
-    m_bytes += text == nullptr ? sizeof(double) : text->size();
-    if (m_bytes > kMostContent) {
+    m_bytes += kValueSize + (text == nullptr ? 0 : text->size());
+    if (m_bytes > limits::kContent) {
         RefuseFile(m_name, "holds more than 64 MB of rows and texts, which no model does.");
     }
 }
 
 void RowIntake::StartRow() {
-    if (++m_rows > kMostRows) {
+    if (++m_rows > limits::kRows) {
         RefuseFile(m_name,
                    "has more than 1,048,576 rows in table " + m_table + ", which no model has.");
     }

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "basic/Files.h"
+#include "basic/Limits.h"
 #include "basic/ScopeGuard.h"
 #include "files/Defences.h"
 #include "files/ModelChecks.h"
@@ -19,8 +20,6 @@ namespace fs = std::filesystem;
 namespace quarnel02 {
 
 namespace {
-
-constexpr std::uintmax_t kMostScript = std::uintmax_t{64} << 20;
 
 /// What SQL text may do: change rows, and compute what it puts into them.
 int Authorize(void* /*context*/, int action, const char* /*table*/, const char* /*detail*/,
@@ -110,6 +109,8 @@ class Script {
                 return "only INSERT, UPDATE and DELETE on the tables of a model are run.";
             case SQLITE_INTERRUPT:
                 return "the statements take too long.";
+            case SQLITE_NOMEM:
+                return "the statement asks for more memory than a model does.";
             case SQLITE_FULL:
                 return "the statements make more rows than a model has.";
             default:
@@ -126,7 +127,7 @@ class Script {
 
 std::string ScriptIn(const fs::path& source, std::string_view name) {
     RequireOrdinaryFile(source, name);
-    if (fs::file_size(source) > kMostScript) {
+    if (fs::file_size(source) > limits::kSqlFile) {
         RefuseFile(name, "is larger than 64 MB, which no model is.");
     }
     std::string text = ReadFile(source);
@@ -187,6 +188,7 @@ std::string TextOf(const ModelImage& image, const TableSchema& table) {
 
 void ReadSqlText(const fs::path& source, const fs::path& workingCopy, std::string_view name) {
     const std::string text = ScriptIn(source, name);
+    const MemoryLimit limit;
     ModelImage image;
     Script(image.Handle(), text, name).Run();
     sqlite3_set_authorizer(image.Handle(), nullptr, nullptr);

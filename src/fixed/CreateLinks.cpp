@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "basic/Limits.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "fixed/ArcDrawing.h"
@@ -16,11 +17,9 @@ namespace {
 constexpr double kPi = 3.14159;
 constexpr double kTwoPi = 6.28318;
 
-constexpr int kMostTasks = 255;  ///< 256 x 255 / 2 = 32,640 arcs; one task more exceeds 16 bits
-
 std::int16_t NodeCount(const TextBoxes& boxes) {
     const double tasks = TextToDouble(boxes.Text(TextBox::txtTasks), "Number of tasks");
-    if (tasks > kMostTasks) {
+    if (tasks > limits::kTasks) {
         throw RunTimeError(ErrorKind::Overflow,
                            "Tasks: the model has " + NumberText(tasks) +
                                " tasks, and at most 255 are possible. Join or remove tasks.");

@@ -1,8 +1,8 @@
 #include "fixed/GeneratePathways.h"
 
-#include <limits>
 #include <vector>
 
+#include "basic/Limits.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "fixed/Arcs.h"
@@ -68,8 +68,7 @@ int PathwayGenerator::ArcOf(int resource, int start, int end) const {
 }
 
 void PathwayGenerator::Append(int resource, int start, int end) {
-    constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
-    if (m_pathways.size() == most) {
+    if (m_pathways.size() == limits::kPathways) {
         throw RunTimeError(ErrorKind::Overflow,
                            "Pathways: the model has more than 32,767 pathways (a task range and a "
                            "resource that can do it). Remove tasks, resources or matrix rows.");

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "basic/Files.h"
+#include "basic/Limits.h"
 #include "basic/RunTimeError.h"
 #include "jet/Catalogue.h"
 #include "jet/Header.h"
@@ -15,8 +16,6 @@ namespace quarnel02::jet {
 
 namespace {
 
-constexpr std::uintmax_t kMostFile = 256UL * 1024UL * 1024UL;
-
 bool SameName(std::string_view one, std::string_view other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),
                       [](char x, char y) { return Lower(x) == Lower(y); });
@@ -24,9 +23,9 @@ bool SameName(std::string_view one, std::string_view other) {
 
 FileContent ContentOf(const fs::path& path, std::string_view name) {
     std::error_code no_size;
-    if (const auto size = fs::file_size(path, no_size); !no_size && size > kMostFile) {
+    if (const auto size = fs::file_size(path, no_size); !no_size && size > limits::kAccessFile) {
         throw RunTimeError(ErrorKind::NotAModel,
-                           std::string(name) + " is larger than 256 MB, which no model is.");
+                           std::string(name) + " is larger than 128 MB, which no model is.");
     }
     return {ReadFile(path)};
 }

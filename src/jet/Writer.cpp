@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basic/Limits.h"
 #include "basic/RunTimeError.h"
 #include "jet/EncodeRow.h"
 #include "jet/SystemTables.h"
@@ -16,7 +17,6 @@ namespace quarnel02::jet {
 namespace {
 
 constexpr std::size_t kMostName = 64;
-constexpr int kMostCharacters = 255;
 
 [[noreturn]] void Refuse(ErrorKind kind, const std::string& why) {
     throw RunTimeError(kind, "An Access database cannot hold the model: " + why);
@@ -50,7 +50,7 @@ WrittenColumn Written(const NewTable& table, const Column& column) {
         case ColumnType::Double:
             return fixed(TypeCode::Double, 8);
         case ColumnType::Text: {
-            const int characters = std::clamp(column.Characters, 1, kMostCharacters);
+            const int characters = std::clamp(column.Characters, 1, limits::kAccessText);
             return {column.Name, TypeCode::Text, 2 * static_cast<unsigned>(characters),
                     kVariableFlags};
         }

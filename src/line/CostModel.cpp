@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "basic/Limits.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "line/RecordNames.h"
@@ -13,7 +14,7 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::int16_t kMostStations = std::numeric_limits<std::int16_t>::max();
+constexpr std::int16_t kMostStations = limits::kStations;
 
 }  // namespace
 

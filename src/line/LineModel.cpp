@@ -1,19 +1,15 @@
 #include "line/LineModel.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <limits>
 #include <utility>
 
+#include "basic/Limits.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 
 namespace quarnel02 {
 
 namespace {
-
-constexpr std::size_t kMostTasks = 255;  ///< more would make over 32,767 arcs
-constexpr std::size_t kMostResources = std::numeric_limits<std::int16_t>::max();
 
 [[noreturn]] void Refuse(const std::string& message) {
     throw RunTimeError(ErrorKind::NotAModel, message);
@@ -54,8 +50,8 @@ LineModel::LineModel(Production production, std::vector<Resource> resources,
       m_resources(std::move(resources)),
       m_tasks(std::move(tasks)),
       m_demand(std::move(demand)) {
-    RequireAtMost(kMostResources, m_resources.size(), "resources");
-    RequireAtMost(kMostTasks, m_tasks.size(), "tasks");
+    RequireAtMost(limits::kResources, m_resources.size(), "resources");
+    RequireAtMost(limits::kTasks, m_tasks.size(), "tasks");
     SortByNumber(m_resources, "Resource");
     SortByNumber(m_tasks, "Task");
     m_matrix.resize(m_resources.size() * m_tasks.size());

@@ -1,18 +1,16 @@
 #include "line/Pathways.h"
 
-#include <limits>
 #include <utility>
 
+#include "basic/Limits.h"
 #include "basic/RunTimeError.h"
 
 namespace quarnel02 {
 
 namespace {
 
-constexpr std::size_t kMostPathways = std::numeric_limits<std::int16_t>::max();
-
 void RequireRoom(std::size_t count) {
-    if (count == kMostPathways) {
+    if (count == limits::kPathways) {
         throw RunTimeError(ErrorKind::Overflow,
                            "Pathways: the model has more than 32,767 pathways (a task range and a "
                            "resource that can do it). Remove tasks, resources or matrix rows.");

@@ -1,9 +1,11 @@
 #include "sheets/CsvDirectory.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
 #include "basic/Files.h"
+#include "basic/Limits.h"
 #include "basic/Numbers.h"
 #include "basic/RunTimeError.h"
 #include "sheets/DelimitedText.h"
@@ -55,16 +57,35 @@ Value ValueOf(const CsvCell& cell) {
     return plain ? Value(number) : Value(*cell);
 }
 
-Sheet ReadSheet(const fs::path& file, const std::string& name) {
-    Sheet sheet{name, {}, {}};
-    for (const auto& cells : ReadCsv(ReadSheetFile(file))) {
-        InputRow& row = sheet.Cells.emplace_back();
-        for (const CsvCell& cell : cells) {
-            row.push_back(ValueOf(cell));
+/// Reads the files of one workbook, which may not get larger than that of any model.
+class CsvSheets {
+  public:
+    Sheet Read(const fs::path& file, const std::string& name) {
+        const std::string text = ReadSheetFile(file);
+        Count(text, file);
+        Sheet sheet{name, {}, {}};
+        for (const auto& cells : ReadCsv(text)) {
+            InputRow& row = sheet.Cells.emplace_back();
+            std::transform(cells.begin(), cells.end(), std::back_inserter(row), ValueOf);
+        }
+        return sheet;
+    }
+
+  private:
+    /// Before there are cells, each of which takes more than the letter that ends it.
+    void Count(const std::string& text, const fs::path& file) {
+        constexpr std::string_view ends = ",;\t\n\r";
+        m_bytes += text.size();
+        m_cells += static_cast<std::size_t>(std::count_if(
+            text.begin(), text.end(), [&](char c) { return ends.find(c) != ends.npos; }));
+        if (m_bytes > limits::kSheetFile || m_cells > limits::kCells) {
+            RefuseLargeSheet(file);
         }
     }
-    return sheet;
-}
+
+    std::size_t m_bytes = 0;
+    std::size_t m_cells = 0;
+};
 
 std::string CsvOf(const Sheet& sheet) {
     CsvRows rows;
@@ -98,10 +119,11 @@ void RemoveStaleSheets(const fs::path& directory, const Workbook& workbook) {
 
 Workbook ReadCsvDirectory(const fs::path& directory) {
     Workbook workbook;
+    CsvSheets sheets;
     for (const std::string name : kSheets) {
         const fs::path file = directory / (name + ".csv");
         if (KindOfFile(file) != FileKind::Missing) {
-            workbook.push_back(ReadSheet(file, name));
+            workbook.push_back(sheets.Read(file, name));
         }
     }
     if (workbook.empty()) {

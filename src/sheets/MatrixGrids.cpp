@@ -6,6 +6,7 @@
 #include <set>
 #include <vector>
 
+#include "basic/Limits.h"
 #include "basic/RunTimeError.h"
 #include "sheets/NumberedRows.h"
 #include "sheets/SheetColumns.h"
@@ -13,8 +14,6 @@
 namespace quarnel02 {
 
 namespace {
-
-constexpr std::size_t kMostPairs = 200'000;
 
 using PairNumbers = std::pair<std::int64_t, std::int64_t>;  ///< resource, task
 
@@ -150,7 +149,7 @@ void GridWriter::WriteFurther() {
 
 /// The grids take a cell for each task on each resource, pair or not.
 void GridWriter::RequireRoom() const {
-    if (m_taskNumbers.size() * m_resourceNumbers.size() > kMostPairs) {
+    if (m_taskNumbers.size() * m_resourceNumbers.size() > limits::kPairs) {
         throw RunTimeError(ErrorKind::Overflow,
                            "The model has too many tasks and resources for a workbook: at most "
                            "200,000 pairs of them have room.");

@@ -9,14 +9,19 @@ namespace quarnel02 {
 namespace {
 
 constexpr std::size_t kMostBlanks = 32'768;
+constexpr std::size_t kMostText = 1'000'000;  ///< of a cell, in bytes
+constexpr int kMostLevels = 16;               ///< of elements in each other
 
 std::size_t Repeats(const pugi::xml_node& node, std::string_view attribute) {
     const std::string_view count = Attribute(node, attribute);
     return count.empty() ? 1 : FileCount(count);
 }
 
-void AddText(std::string& text, const pugi::xml_node& paragraph) {
+void AddText(std::string& text, const pugi::xml_node& paragraph, int level = 0) {
     for (const pugi::xml_node& part : paragraph.children()) {
+        if (level > kMostLevels || text.size() > kMostText) {
+            throw DamagedWorkbook("has a text that is larger than that of any model");
+        }
         const std::string_view name = LocalName(part.name());
         if (name == "s") {
             text.append(std::min(Repeats(part, "c"), kMostBlanks), ' ');
@@ -27,7 +32,7 @@ void AddText(std::string& text, const pugi::xml_node& paragraph) {
         } else if (part.type() == pugi::node_pcdata || part.type() == pugi::node_cdata) {
             text += part.value();
         } else {
-            AddText(text, part);
+            AddText(text, part, level + 1);
         }
     }
 }
@@ -109,12 +114,11 @@ void OdsTable::ReadRow(const pugi::xml_node& row) {
 }
 
 void OdsTable::ReadRows(const pugi::xml_node& parent, int depth) {
-    constexpr int most_groups = 16;
     for (const pugi::xml_node& node : parent.children()) {
         const std::string_view name = LocalName(node.name());
         if (name == "table-row") {
             ReadRow(node);
-        } else if (depth < most_groups && (name == "table-row-group" || name == "table-rows" ||
+        } else if (depth < kMostLevels && (name == "table-row-group" || name == "table-rows" ||
                                            name == "table-header-rows")) {
             ReadRows(node, depth + 1);
         }

@@ -2,19 +2,17 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 #include <optional>
 #include <set>
 #include <utility>
 
+#include "basic/Limits.h"
 #include "basic/RunTimeError.h"
 #include "sheets/NumberedRows.h"
 
 namespace quarnel02 {
 
 namespace {
-
-constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
 
 /// A record of the new order.
 struct Entry {
@@ -39,7 +37,7 @@ Entries EntriesOf(const TableRows& records, const std::set<std::size_t>& selecti
 }
 
 void RequireRoom(std::size_t count) {
-    if (count > kMost) {
+    if (count > limits::kResources) {
         throw RunTimeError(ErrorKind::Overflow,
                            "A model can have at most 32,767 tasks and as many resources.");
     }

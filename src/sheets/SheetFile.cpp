@@ -1,6 +1,7 @@
 #include "sheets/SheetFile.h"
 
 #include "basic/Files.h"
+#include "basic/Limits.h"
 #include "basic/RunTimeError.h"
 
 namespace fs = std::filesystem;
@@ -8,14 +9,17 @@ namespace fs = std::filesystem;
 namespace quarnel02 {
 
 std::string ReadSheetFile(const fs::path& path) {
-    constexpr std::uintmax_t most_bytes = 64'000'000;
     std::error_code unknown;
     const std::uintmax_t bytes = fs::file_size(path, unknown);
-    if (!unknown && bytes > most_bytes) {
-        throw RunTimeError(ErrorKind::NotAModel,
-                           PathText(path) + " is too large for a workbook of a model.");
+    if (!unknown && bytes > limits::kSheetFile) {
+        RefuseLargeSheet(path);
     }
     return ReadFile(path);
+}
+
+void RefuseLargeSheet(const fs::path& path) {
+    throw RunTimeError(ErrorKind::NotAModel,
+                       PathText(path) + " is too large for a workbook of a model.");
 }
 
 }  // namespace quarnel02

@@ -11,4 +11,7 @@ namespace quarnel02 {
 /// file that is larger than that of any model.
 std::string ReadSheetFile(const std::filesystem::path& path);
 
+/// Throws NotAModel: "line.csv is too large for a workbook of a model."
+[[noreturn]] void RefuseLargeSheet(const std::filesystem::path& path);
+
 }  // namespace quarnel02

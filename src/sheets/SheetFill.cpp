@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "basic/Limits.h"
 #include "basic/Numbers.h"
 #include "sheets/ZipArchive.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 constexpr std::size_t kMostColumns = 16'384;
 constexpr std::size_t kMostRows = 1'048'576;
-constexpr std::size_t kMostCells = 1'000'000;
+constexpr std::size_t kMostText = 32'000'000;  ///< of texts, in bytes
 
 template <class Number>
 Number Parsed(std::string_view text) {
@@ -68,7 +69,14 @@ void SheetFiller::Add(std::string_view name) {
 
 void SheetFiller::Count(std::size_t cells) {
     m_cells += cells;
-    if (m_cells > kMostCells) {
+    if (m_cells > limits::kCells) {
+        throw DamagedWorkbook("is larger than that of any model");
+    }
+}
+
+void SheetFiller::CountText(std::size_t bytes) {
+    m_text += bytes;
+    if (m_text > kMostText) {
         throw DamagedWorkbook("is larger than that of any model");
     }
 }
@@ -79,6 +87,9 @@ void SheetFiller::Put(std::size_t row, std::size_t column, Value value) {
     }
     if (row >= kMostRows || column >= kMostColumns) {
         throw DamagedWorkbook("has cells beyond the end of a sheet");
+    }
+    if (const auto* text = std::get_if<std::string>(&value)) {
+        CountText(text->size());
     }
     TableRows& rows = m_workbook.back().Cells;
     if (row >= rows.size()) {

@@ -35,6 +35,9 @@ class SheetFiller {
     /// Puts a value into the sheet, making it as large as that takes; Null is not put anywhere.
     /// Throws DamagedWorkbook beyond the end of any sheet, or when there are too many cells.
     void Put(std::size_t row, std::size_t column, Value value);
+    /// Counts a text that is kept. Throws DamagedWorkbook when there are too many, or too long
+    /// ones.
+    void CountText(std::size_t bytes);
     /// Repeats a row so many times more, below it. Throws as Put does.
     void Repeat(std::size_t row, std::size_t times);
 
@@ -45,6 +48,7 @@ class SheetFiller {
 
     Workbook m_workbook;
     std::size_t m_cells = 0;
+    std::size_t m_text = 0;  ///< bytes of texts
 };
 
 }  // namespace quarnel02

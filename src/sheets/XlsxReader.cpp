@@ -109,6 +109,7 @@ void XlsxSheets::ReadTexts() {
     for (const pugi::xml_node& item : document.document_element().children()) {
         if (LocalName(item.name()) == "si") {
             m_texts.push_back(XlsxText(item));
+            m_sheets.CountText(sizeof(std::string) + m_texts.back().size());
         }
     }
 }

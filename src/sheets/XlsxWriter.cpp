@@ -1,8 +1,10 @@
 #include <xlsxwriter.h>
 
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
+#include <system_error>
 
 #include "basic/Files.h"
 #include "basic/Numbers.h"
@@ -120,7 +122,15 @@ void RequireSize(const Sheet& sheet) {
     }
 }
 
-void WriteFileOfSheets(const fs::path& file, const Workbook& sheets) {
+/// The workbook is put together among the temporary files, whatever disk its own place is on.
+[[noreturn]] void ThrowNoRoom(const fs::path& path, const fs::path& temporary, int code) {
+    throw RunTimeError(ErrorKind::FileAccess,
+                       "Cannot write " + PathText(path) + ": it cannot be put together in " +
+                           PathText(temporary) + " (" + std::generic_category().message(code) +
+                           "). Free some space there, or set TMPDIR to another directory.");
+}
+
+void WriteFileOfSheets(const fs::path& file, const Workbook& sheets, const fs::path& path) {
     lxw_workbook* workbook = workbook_new(PathText(file).c_str());
     if (workbook == nullptr) {
         throw std::bad_alloc();
@@ -138,7 +148,12 @@ void WriteFileOfSheets(const fs::path& file, const Workbook& sheets) {
         XlsxSheet(workbook, sheet).Write(heading);
     }
     closed = true;
-    Require(workbook_close(workbook), "The workbook");
+    errno = 0;
+    const lxw_error failure = workbook_close(workbook);
+    if (failure != LXW_NO_ERROR && errno != 0) {
+        ThrowNoRoom(path, file.parent_path().parent_path(), errno);
+    }
+    Require(failure, "The workbook");
 }
 
 }  // namespace
@@ -146,7 +161,7 @@ void WriteFileOfSheets(const fs::path& file, const Workbook& sheets) {
 void WriteXlsx(const fs::path& path, const Workbook& workbook) {
     const TemporaryDirectory directory;
     const fs::path file = directory.Path() / "workbook.xlsx";
-    WriteFileOfSheets(file, workbook);
+    WriteFileOfSheets(file, workbook, path);
     CopyWhole(file, path);
 }
 

@@ -4,6 +4,7 @@
 
 #include <zip.h>
 
+#include <functional>
 #include <memory>
 #include <pugixml.hpp>
 #include <stdexcept>
@@ -28,10 +29,14 @@ class ZipArchive {
     /// A file of the archive, unpacked and checked. Throws DamagedWorkbook when it is missing,
     /// damaged or larger than that of any model.
     [[nodiscard]] std::string Read(const std::string& name) const;
-    /// The same as XML, blanks kept.
+    /// The same as XML, blanks kept. Throws DamagedWorkbook also for a tree that would take more
+    /// memory than that of any model.
     [[nodiscard]] pugi::xml_document ReadXml(const std::string& name) const;
 
   private:
+    /// Unpacks a file into the place that `room` gives for so many bytes.
+    void Unpack(const std::string& name, const std::function<char*(std::size_t)>& room) const;
+
     struct Discard {
         void operator()(zip_t* archive) const { zip_discard(archive); }
     };

@@ -1,6 +1,8 @@
 #include "basic/Files.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -144,6 +146,27 @@ class Variable {
     std::string m_before;
     bool m_had = false;
 };
+
+/// One that another program holds, and what stands beside it under another name, stay.
+TEST(TemporaryDirectory, RemovesWhatAKilledProgramLeft) {
+    const TemporaryDirectory place;
+    const Variable variable("TMPDIR", PathText(place.Path()));
+    const pid_t killed = ::fork();
+    if (killed == 0) {
+        const TemporaryDirectory left;
+        WriteFile(left.Path() / "a.txt", "x");
+        ::_exit(0);
+    }
+    ::waitpid(killed, nullptr, 0);
+    ASSERT_EQ(NamesIn(place.Path()).size(), 1U);
+    fs::create_directory(place.Path() / "quarnel02.other");
+    const TemporaryDirectory held;
+    const TemporaryDirectory last;
+    const auto names = NamesIn(place.Path());
+    EXPECT_EQ(names.size(), 3U);
+    EXPECT_TRUE(fs::exists(held.Path()) && fs::exists(last.Path()));
+    EXPECT_TRUE(fs::exists(place.Path() / "quarnel02.other"));
+}
 
 TEST(TemporaryDirectory, ReportsThatItCannotBeMade) {
     const TemporaryDirectory directory;
