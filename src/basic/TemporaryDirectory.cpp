@@ -19,7 +19,7 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::string_view kStem = "quarnel02.";
+constexpr std::string_view kPrefix = "quarnel02.";
 constexpr std::string_view kPattern = "XXXXXX";
 
 /// The directories of this process, each locked: one that nobody holds was left by a program that
@@ -46,7 +46,7 @@ bool IsOurs(const Descriptor& directory) {
 }
 
 bool IsTemporaryName(const std::string& name) {
-    return name.size() == kStem.size() + kPattern.size() && name.starts_with(kStem);
+    return name.size() == kPrefix.size() + kPattern.size() && name.starts_with(kPrefix);
 }
 
 /// Removes what killed programs of this user have left. Never fails.
@@ -85,7 +85,7 @@ fs::path MakeDirectory(const fs::path& place) {
     constexpr int most_tries = 100;
     std::string name;
     for (int attempt = 0; attempt < most_tries; ++attempt) {
-        name = (place / (std::string(kStem) + std::string(kPattern))).string();
+        name = (place / (std::string(kPrefix) + std::string(kPattern))).string();
         if (::mkdtemp(name.data()) == nullptr) {
             ThrowFileError("make the temporary directory", name, errno);
         }

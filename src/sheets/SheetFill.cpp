@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kMostColumns = 16'384;
 constexpr std::size_t kMostRows = 1'048'576;
-constexpr std::size_t kMostText = 32'000'000;  ///< of texts, in bytes
+constexpr std::size_t kMostTexts = 32'000'000;  ///< of texts, in bytes
 
 template <class Number>
 Number Parsed(std::string_view text) {
@@ -76,7 +76,7 @@ void SheetFiller::Count(std::size_t cells) {
 
 void SheetFiller::CountText(std::size_t bytes) {
     m_text += bytes;
-    if (m_text > kMostText) {
+    if (m_text > kMostTexts) {
         throw DamagedWorkbook("is larger than that of any model");
     }
 }
