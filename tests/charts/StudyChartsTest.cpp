@@ -369,7 +369,7 @@ TEST(CapacityChart, RingsTheLocalMinimaOnTheCurve) {
     const Texts words = WordsOf(picture);
     EXPECT_TRUE(Has(words, "1: Bench 1-4"));
     EXPECT_TRUE(Has(words, "2: Robot 1-4"));
-    EXPECT_TRUE(Has(words, "Capacity 2,000 to 4,000: $100,000 to $120,000 expected a year"));
+    EXPECT_TRUE(Has(words, "Capacity 2,000 to 3,500: $100,000 to $115,000 expected a year"));
     EXPECT_TRUE(Has(TextsOf(picture), "1: $90,000"));
     EXPECT_TRUE(Has(TextsOf(picture), "2"));
     const auto rings = FiguresOf<CircleFigure>(picture);
@@ -382,7 +382,7 @@ TEST(CapacityChart, RingsTheLocalMinimaOnTheCurve) {
     }
     for (const HotSpot& spot : picture.HotSpots()) {
         if (spot.Ends) {
-            EXPECT_LE(std::max(spot.Ends->YStart, spot.Ends->YEnd), 140000);
+            EXPECT_LE(std::max(spot.Ends->YStart, spot.Ends->YEnd), 115000);
             EXPECT_GE(spot.Ends->XEnd, spot.Ends->XStart);
         }
     }
