@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <exception>
 #include <map>
 #include <mutex>
 #include <system_error>
@@ -49,20 +50,25 @@ bool IsTemporaryName(const std::string& name) {
     return name.size() == kPrefix.size() + kPattern.size() && name.starts_with(kPrefix);
 }
 
+void RemoveIfLeft(const fs::path& path) {
+    const Descriptor directory = OpenDirectory(path);
+    if (directory.Number() >= 0 && IsOurs(directory) &&
+        ::flock(directory.Number(), LOCK_EX | LOCK_NB) == 0) {
+        std::error_code ignored;
+        fs::remove_all(path, ignored);
+    }
+}
+
 /// Removes what killed programs of this user have left. Never fails.
 void RemoveLeft(const fs::path& place) {
-    std::error_code error;
-    for (fs::directory_iterator entry(place, error), end; !error && entry != end;
-         entry.increment(error)) {
-        if (!IsTemporaryName(entry->path().filename().string())) {
-            continue;
+    try {
+        for (const auto& entry : fs::directory_iterator(place)) {
+            if (IsTemporaryName(entry.path().filename().string())) {
+                RemoveIfLeft(entry.path());
+            }
         }
-        const Descriptor directory = OpenDirectory(entry->path());
-        if (directory.Number() >= 0 && IsOurs(directory) &&
-            ::flock(directory.Number(), LOCK_EX | LOCK_NB) == 0) {
-            std::error_code ignored;
-            fs::remove_all(entry->path(), ignored);
-        }
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+        // Meant: they are removed another time.
     }
 }
 
@@ -110,8 +116,12 @@ TemporaryDirectory::TemporaryDirectory() {
 }
 
 TemporaryDirectory::~TemporaryDirectory() {
-    std::error_code ignored;
-    fs::remove_all(m_path, ignored);
+    try {
+        std::error_code ignored;
+        fs::remove_all(m_path, ignored);
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+        // Meant: without memory it is left to the next program.
+    }
     const std::lock_guard lock(TheHeld().Mutex);
     TheHeld().Locks.erase(m_path);
 }

@@ -105,8 +105,10 @@ void cmdDelete_Click(MainForm& form, CurrentModel& current) {
     }
     try {
         DeleteSelectedRow(form, current);
-    } catch (const RunTimeError&) {  // no such line: nothing is deleted, and nothing said
-        return;
+    } catch (const RunTimeError& error) {  // no such line: nothing is deleted, and nothing said
+        if (error.Kind() != ErrorKind::NoCurrentRecord) {
+            throw;
+        }
     }
 }
 

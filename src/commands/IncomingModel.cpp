@@ -1,5 +1,6 @@
 #include "commands/IncomingModel.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <system_error>
@@ -46,9 +47,8 @@ void MoveDatabase(const fs::path& from, const fs::path& to) {
     }
 }
 
-void RemoveDatabase(const fs::path& database) {
+void RemoveCompanions(const fs::path& database) {
     std::error_code ignored;
-    fs::remove(database, ignored);
     for (const char* suffix : kCompanions) {
         fs::remove(Companion(database, suffix), ignored);
     }
@@ -57,6 +57,38 @@ void RemoveDatabase(const fs::path& database) {
 bool IsThere(const fs::path& path) {
     std::error_code ignored;
     return fs::exists(fs::symlink_status(path, ignored));
+}
+
+bool HasCompanion(const fs::path& database) {
+    return std::any_of(kCompanions.begin(), kCompanions.end(),
+                       [&](const char* suffix) { return IsThere(Companion(database, suffix)); });
+}
+
+/// The database gets a second name and keeps its first one until another takes that, so that there
+/// is one under it whatever fails. Where the file system knows no second names, and for one with a
+/// journal, it moves. Whether it is still in its place.
+bool PutAside(const fs::path& database, const fs::path& old) {
+    std::error_code failure;
+    if (!HasCompanion(database)) {
+        fs::create_hard_link(database, old, failure);
+        if (!failure) {
+            return true;
+        }
+    }
+    MoveDatabase(database, old);
+    return false;
+}
+
+/// `old` is in place again, whatever has come there.
+void BringBack(const fs::path& old, const fs::path& place) {
+    RemoveCompanions(place);
+    MoveDatabase(old, place);
+}
+
+void RemoveDatabase(const fs::path& database) {
+    std::error_code ignored;
+    fs::remove(database, ignored);
+    RemoveCompanions(database);
 }
 
 std::string Replaced(std::string text, const std::string& what, const std::string& with) {
@@ -87,8 +119,12 @@ IncomingModel::IncomingModel(MainForm& form)
 }
 
 IncomingModel::~IncomingModel() {
-    std::error_code ignored;
-    fs::remove_all(m_directory, ignored);
+    try {
+        std::error_code ignored;
+        fs::remove_all(m_directory, ignored);
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+        // Meant: without memory it is left to the next model, or the next start.
+    }
 }
 
 fs::path IncomingModel::Path() const {
@@ -110,17 +146,22 @@ void IncomingModel::TakePlace() {
     const fs::path place = m_form.Copy().Path();
     const fs::path old = m_form.Copy().OldPath();
     const bool had_old = IsThere(place);
+    bool in_place = false;
     if (had_old) {
         RemoveDatabase(old);
-        MoveDatabase(place, old);
+        in_place = PutAside(place, old);
     }
     try {
         Rename(Path(), place, place);
+        in_place = false;
         ShowLoadedModel(m_form);
     } catch (const std::exception&) {
+        if (in_place) {
+            RemoveDatabase(old);
+        } else if (had_old) {
+            BringBack(old, place);
+        }
         if (had_old) {
-            RemoveDatabase(place);
-            MoveDatabase(old, place);
             ShowLoadedModel(m_form);
         }
         throw;

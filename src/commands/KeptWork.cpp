@@ -35,14 +35,16 @@ struct KeptFile {
 /// Files of kept work, newest first.
 std::vector<KeptFile> FilesIn(const fs::path& directory) {
     std::vector<KeptFile> files;
-    std::error_code error;
-    for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
-         entry.increment(error)) {
-        std::error_code ignored;
-        const auto name = ReadKeptName(PathText(entry->path().filename()));
-        if (name && fs::is_regular_file(entry->symlink_status(ignored))) {
-            files.push_back({entry->path(), *name});
+    try {
+        for (const auto& entry : fs::directory_iterator(directory)) {
+            std::error_code ignored;
+            const auto name = ReadKeptName(PathText(entry.path().filename()));
+            if (name && fs::is_regular_file(entry.symlink_status(ignored))) {
+                files.push_back({entry.path(), *name});
+            }
         }
+    } catch (const fs::filesystem_error&) {  // NOLINT(bugprone-empty-catch)
+        // Meant: a directory that is not there, or not to be read, has none.
     }
     std::sort(files.begin(), files.end(), [](const KeptFile& a, const KeptFile& b) {
         return std::tie(b.Name.Time, b.Name.Number, a.Path) <

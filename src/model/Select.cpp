@@ -6,10 +6,12 @@ namespace quarnel02 {
 
 namespace {
 
-/// Null for a text that SQLite does not take.
+/// Null for a text that SQLite does not take. Throws SQLite::Exception where only memory is short.
 ReadStatement TryPrepare(sqlite3* database, const std::string& sql) {
     sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, sql.c_str(), -1, &statement, nullptr);
+    if (sqlite3_prepare_v2(database, sql.c_str(), -1, &statement, nullptr) == SQLITE_NOMEM) {
+        throw SQLite::Exception(database, SQLITE_NOMEM);
+    }
     return {statement, sqlite3_finalize};
 }
 

@@ -131,7 +131,11 @@ void RequireSize(const Sheet& sheet) {
 }
 
 void WriteFileOfSheets(const fs::path& file, const Workbook& sheets, const fs::path& path) {
-    lxw_workbook* workbook = workbook_new(PathText(file).c_str());
+    std::string temporary =
+        PathText(file.parent_path());  // the library's own files, which go with the directory
+    lxw_workbook_options options{};
+    options.tmpdir = temporary.data();
+    lxw_workbook* workbook = workbook_new_opt(PathText(file).c_str(), &options);
     if (workbook == nullptr) {
         throw std::bad_alloc();
     }

@@ -10,6 +10,7 @@
 #include "support/DemandLines.h"
 #include "support/RunTimeErrors.h"
 #include "support/ScriptedForm.h"
+#include "support/Surroundings.h"
 #include "support/TestModel.h"
 
 namespace quarnel02 {
@@ -313,6 +314,18 @@ TEST(cmdDelete, EndsSilentlyWhenTheRowIsGone) {
     ExpectUntouched(desk, {"5000|60"});
     EXPECT_EQ(desk.Form.DemandCount(), 2);
     EXPECT_EQ(desk.Boxes(), "1|1%");
+}
+
+TEST(cmdDelete, SaysWhenTheDiskIsFull) {
+    DemandDesk desk(kTwoRows);
+    desk.Form.SelectDemand(1);
+    {
+        const test::FileSizeLimit limit(0);
+        test::ExpectRunTimeError(ErrorKind::FileAccess,
+                                 [&] { cmdDelete_Click(desk.Form, desk.Current); });
+    }
+    ExpectUntouched(desk, kTwoRowTexts);
+    EXPECT_EQ(desk.Form.DemandCount(), 2);
 }
 
 TEST(cmdDelete, NeedsASelectedLine) {
