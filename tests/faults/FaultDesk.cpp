@@ -96,9 +96,11 @@ void KeepAndOpen(FaultDesk& desk, int turn) {
 void Recover(FaultDesk& desk, int turn) {
     KeepAndOpen(desk, turn);
     const auto kept = desk.Commands.KeptModels();
-    if (!kept.empty()) {
-        desk.Step([&] { desk.Commands.Recover(kept.front()); });
+    if (kept.empty()) {  // none that can be read now: the menu is empty too
+        desk.Form.Messages.emplace_back("No kept work is listed.");
+        return;
     }
+    desk.Step([&] { desk.Commands.Recover(kept.front()); });
 }
 
 void EditRecords(FaultDesk& desk, NumberedRecords records) {
