@@ -10,7 +10,7 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::size_t kScenarioColumn = 1;
+constexpr std::size_t kScenarioColumn = ScenarioSheet::kTyped;
 constexpr int kColumns = 2;
 
 }  // namespace

@@ -14,6 +14,8 @@ class ScenarioSheet : public SheetModel {
     Q_OBJECT
 
   public:
+    static constexpr int kTyped = 1;  ///< the column that is typed into
+
     using SheetModel::SheetModel;
 
     /// Shows another scenario, or the same one over another base.

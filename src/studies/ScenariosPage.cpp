@@ -186,6 +186,8 @@ void ScenariosPage::FillSheet(const Scenario& scenario) {
         m_sheet->SetScenario(OrderOf(*m_input),
                              DifferencesOf(m_input->Model(), scenario.Differences));
         m_ui->shtDifferences->FitColumns();
+        const int row = std::max(m_ui->shtDifferences->currentIndex().row(), 0);
+        m_ui->shtDifferences->setCurrentIndex(m_sheet->index(row, ScenarioSheet::kTyped));
         Explain("");
     } catch (const RunTimeError& error) {
         m_sheet->Clear();

@@ -174,6 +174,24 @@ TEST_F(ScenariosTab, NewOnesAreTypedFigureByFigure) {
     EXPECT_THAT(Stored(), ElementsAre("Dear benches|Bench.FixedCost = 5000; StationLimit = none"));
 }
 
+TEST_F(ScenariosTab, NewOnesAreReachedAndTypedByKeysAlone) {
+    Open();
+    Study->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Study));
+    Press("cmdNewScenario");
+    const auto key = [&](Qt::Key each) { QTest::keyClick(Study->focusWidget(), each); };
+    key(Qt::Key_Tab);
+    key(Qt::Key_Tab);
+    ASSERT_EQ(Study->focusWidget(), &Sheet());
+    for (const char letter : std::string("90000")) {
+        QTest::keyClick(Study->focusWidget(), letter);
+    }
+    key(Qt::Key_Return);
+    QTest::keyClick(Study->focusWidget(), '2');
+    key(Qt::Key_Return);
+    EXPECT_THAT(Stored(), ElementsAre("Scenario|Demand = 90000; Shifts = 2"));
+}
+
 TEST_F(ScenariosTab, RefusesFiguresThatCannotBeByName) {
     Open(kTwoScenarios);
     Select(1);
