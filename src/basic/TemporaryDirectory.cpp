@@ -20,8 +20,8 @@ namespace quarnel02 {
 
 namespace {
 
-constexpr std::string_view kPrefix = "quarnel02.";
-constexpr std::string_view kPattern = "XXXXXX";
+constexpr std::string_view kDirectoryStem = "quarnel02.";
+constexpr std::string_view kRandomPart = "XXXXXX";
 
 /// The directories of this process, each locked: one that nobody holds was left by a program that
 /// was killed.
@@ -47,7 +47,8 @@ bool IsOurs(const Descriptor& directory) {
 }
 
 bool IsTemporaryName(const std::string& name) {
-    return name.size() == kPrefix.size() + kPattern.size() && name.starts_with(kPrefix);
+    return name.size() == kDirectoryStem.size() + kRandomPart.size() &&
+           name.starts_with(kDirectoryStem);
 }
 
 void RemoveIfLeft(const fs::path& path) {
@@ -91,7 +92,7 @@ fs::path MakeDirectory(const fs::path& place) {
     constexpr int most_tries = 100;
     std::string name;
     for (int attempt = 0; attempt < most_tries; ++attempt) {
-        name = (place / (std::string(kPrefix) + std::string(kPattern))).string();
+        name = (place / (std::string(kDirectoryStem) + std::string(kRandomPart))).string();
         if (::mkdtemp(name.data()) == nullptr) {
             ThrowFileError("make the temporary directory", name, errno);
         }

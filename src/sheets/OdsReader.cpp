@@ -9,8 +9,8 @@ namespace quarnel02 {
 namespace {
 
 constexpr std::size_t kMostBlanks = 32'768;
-constexpr std::size_t kMostText = 1'000'000;  ///< of a cell, in bytes
-constexpr int kMostLevels = 16;               ///< of elements in each other
+constexpr std::size_t kMostCellText = 1'000'000;  ///< of a cell, in bytes
+constexpr int kMostLevels = 16;                   ///< of elements in each other
 
 std::size_t Repeats(const pugi::xml_node& node, std::string_view attribute) {
     const std::string_view count = Attribute(node, attribute);
@@ -19,7 +19,7 @@ std::size_t Repeats(const pugi::xml_node& node, std::string_view attribute) {
 
 void AddText(std::string& text, const pugi::xml_node& paragraph, int level = 0) {
     for (const pugi::xml_node& part : paragraph.children()) {
-        if (level > kMostLevels || text.size() > kMostText) {
+        if (level > kMostLevels || text.size() > kMostCellText) {
             throw DamagedWorkbook("has a text that is larger than that of any model");
         }
         const std::string_view name = LocalName(part.name());
