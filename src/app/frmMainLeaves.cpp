@@ -14,6 +14,7 @@
 #include "print/PrintPreview.h"
 #include "print/SaveDialog.h"
 #include "report/ComposeReport.h"
+#include "studies/frmStudy.h"
 #include "ui_frmMain.h"
 
 namespace quarnel02 {
@@ -147,8 +148,10 @@ void frmMain::PrintBox(const PictureBox& box) {
 
 Document frmMain::Report() const {
     return ComposeReport(
-        *this, {m_commands.IsUntitled() ? std::string() : m_commands.File(),
-                m_marks.OfPictures() == Standing::OutOfDate, std::chrono::system_clock::now()});
+        *this,
+        {m_commands.IsUntitled() ? std::string() : m_commands.File(),
+         m_marks.OfPictures() == Standing::OutOfDate, std::chrono::system_clock::now()},
+        m_study == nullptr ? std::vector<DocumentPart>() : m_study->ReportParts());
 }
 
 void frmMain::SaveReport() {

@@ -62,7 +62,8 @@ ShownCell PercentCell(double share) {
 
 std::vector<std::string> PlainTexts(const std::vector<ShownCell>& row) {
     std::vector<std::string> texts;
-    std::transform(row.begin(), row.end(), std::back_inserter(texts), PlainText);
+    std::transform(row.begin(), row.end(), std::back_inserter(texts),
+                   [](const ShownCell& cell) { return PlainText(cell); });
     return texts;
 }
 

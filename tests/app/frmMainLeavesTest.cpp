@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFileDialog>
@@ -14,6 +15,7 @@
 #include <QStatusBar>
 
 #include "app/WindowTest.h"
+#include "studies/frmStudy.h"
 #include "support/ModelScript.h"
 #include "support/ProgramRun.h"
 #include "widgets/PictureBox.h"
@@ -206,6 +208,23 @@ TEST_F(frmMainLeaves, ATypedValueIsInTheReportThatIsAskedForNext) {
     Item("mnuFileReportPdf").trigger();
     EXPECT_THAT(TextOfPdf(User("report.pdf")), HasSubstr("222"));
     EXPECT_THAT(TextOfPdf(User("report.pdf")), HasSubstr("The results are out of date"));
+}
+
+TEST_F(frmMainLeaves, TickedStudiesStandInTheReport) {
+    StartSolved();
+    TypePath(User("without.pdf"));
+    Item("mnuFileReportPdf").trigger();
+    Item("mnuViewStudy").trigger();
+    auto& tick =
+        *Window->findChild<frmStudy*>()->findChild<QCheckBox*>(QStringLiteral("chkInReport"));
+    TypePath(User("not ticked.pdf"));
+    Item("mnuFileReportPdf").trigger();
+    QTest::keyClick(&tick, Qt::Key_Space);
+    TypePath(User("with.pdf"));
+    Item("mnuFileReportPdf").trigger();
+    EXPECT_THAT(TextOfPdf(User("without.pdf")), Not(HasSubstr("Study: Line")));
+    EXPECT_THAT(TextOfPdf(User("not ticked.pdf")), Not(HasSubstr("Study: Line")));
+    EXPECT_THAT(TextOfPdf(User("with.pdf")), HasSubstr("Study: Line"));
 }
 
 TEST_F(frmMainLeaves, TheFileMenuMeansThePictureThatHadTheFocus) {
