@@ -26,6 +26,10 @@ TEST_P(StudyAccessibility, OfATab) {
     StartPump();
     Open();
     Show(TheTab());
+    if (TheTab() == test::Tab::Scenarios) {
+        Part<QPushButton>("cmdNewScenario").click();
+        WaitUntilCurrent();
+    }
     Study->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(Study));
     constexpr int least = 10;
@@ -37,7 +41,7 @@ TEST_P(StudyAccessibility, OfATab) {
 using TabInATheme = ::testing::TestParamInfo<std::tuple<test::Tab, bool>>;
 
 std::string NameOf(const TabInATheme& each) {
-    constexpr std::array names = {"Line", "Volumes", "Alternatives", "Sensitivity"};
+    constexpr std::array names = {"Line", "Volumes", "Alternatives", "Sensitivity", "Scenarios"};
     const auto [tab, dark] = each.param;
     return std::string(names.at(static_cast<std::size_t>(tab))) + (dark ? "InTheDark" : "");
 }
@@ -45,7 +49,8 @@ std::string NameOf(const TabInATheme& each) {
 INSTANTIATE_TEST_SUITE_P(Tabs, StudyAccessibility,
                          ::testing::Combine(::testing::Values(test::Tab::Line, test::Tab::Volumes,
                                                               test::Tab::Alternatives,
-                                                              test::Tab::Sensitivity),
+                                                              test::Tab::Sensitivity,
+                                                              test::Tab::Scenarios),
                                             ::testing::Bool()),
                          NameOf);
 
