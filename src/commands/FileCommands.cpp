@@ -280,10 +280,12 @@ void FileCommands::OpenFile(const ChosenFile& chosen) {
         LoadKept(chosen.Path);
         return;
     }
+    const auto mark = MarkOf(chosen.Path);  // before it is read: a change meanwhile is one, too
     const auto format = Read(chosen.Path);
     if (!format) {
         return;
     }
+    m_seen = {ModelPath(chosen.Directory, chosen.Name), mark};
     m_current.Format = *format;
     m_current.Dir = chosen.Directory;
     m_current.File = chosen.Name;

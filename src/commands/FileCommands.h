@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "basic/FileMark.h"
 #include "commands/CurrentModel.h"
 #include "commands/EditHistory.h"
 #include "commands/FileDialog.h"
@@ -89,6 +90,10 @@ class FileCommands {
         std::string Directory;
         std::string Name;
     };
+    struct SeenFile {
+        std::filesystem::path Path;
+        std::optional<FileMark> Mark;
+    };
 
     [[nodiscard]] std::filesystem::path Template() const;
     bool KeepLastSession(const std::optional<SessionState>& last);
@@ -112,6 +117,7 @@ class FileCommands {
     [[nodiscard]] bool ProposeOwnFormat(const std::string& target);
     [[nodiscard]] bool SaveInOwnFormat();
     void NoteSaved();
+    [[nodiscard]] bool WasChangedByOthers(const std::filesystem::path& target) const;
     [[nodiscard]] bool TakeProposal();
     void AddToRecent();
     void ForgetFile();
@@ -126,6 +132,7 @@ class FileCommands {
     InputWatch m_inputs;
     EditHistory m_history;
     SessionState m_state;
+    SeenFile m_seen;          ///< the model's file as it was read or written last
     std::string m_savedName;  ///< of the file written last, until somebody asks
     /// The Access database that the user saves although it holds no scenarios.
     std::optional<std::filesystem::path> m_withoutScenarios;

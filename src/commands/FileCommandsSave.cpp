@@ -24,6 +24,11 @@ constexpr const char* kWithoutScenarios =
     "Save the Access database without the scenarios? They stay in this program until another model "
     "is opened, and are then kept under File > Recover.";
 
+constexpr const char* kChangedByOthers =
+    " has been changed by another program since it was last opened or saved here. Replace the "
+    "file, "
+    "and lose those changes? With No, it stays; Save As saves this model as another file.";
+
 }  // namespace
 
 void FileCommands::Save() {
@@ -102,6 +107,11 @@ bool FileCommands::SaveToFile(bool reload) {
         if (obstacle && !MayReplace(PathText(target), *obstacle)) {
             return false;
         }
+        if (!reload && WasChangedByOthers(target) &&
+            !m_form.AskYesNo(PathText(target) + kChangedByOthers, MessageIcon::Question,
+                             Answer::No)) {
+            return false;
+        }
         if (LosesScenarios(target)) {
             if (ProposeOwnFormat(PathText(target))) {
                 return SaveInOwnFormat();
@@ -112,6 +122,7 @@ bool FileCommands::SaveToFile(bool reload) {
             m_withoutScenarios = target;
         }
         SaveModel(m_form.Copy().Path(), target, m_current.Format);
+        m_seen = {target, MarkOf(target)};
         NoteSaved();
         if (reload) {
             ShowLoadedModel(m_form);
@@ -150,6 +161,12 @@ bool FileCommands::SaveInOwnFormat() {
     }
     m_current.Format = before;
     return false;
+}
+
+/// A file that is gone is simply written again.
+bool FileCommands::WasChangedByOthers(const fs::path& target) const {
+    const auto mark = MarkOf(target);
+    return mark && m_seen.Path == target && m_seen.Mark != mark;
 }
 
 /// Of what the file holds: scenarios that it lacks are kept when the model is left.

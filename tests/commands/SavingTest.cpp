@@ -277,5 +277,63 @@ TEST_F(SaveAs, IsOpenedAgainAsItWasSaved) {
     EXPECT_EQ(CommandDesk::InputsOf(Desk.UserFile("line.mdb")), Desk.WorkingInputs());
 }
 
+/// A model that was opened from a file, and changed.
+struct SaveOver : Saving {
+    SaveOver() {
+        Desk.Commands.Current().Changed = false;
+        Desk.Commands.OpenAnother(Desk.MakeUserModel("line.mdb"));
+        Change();
+    }
+
+    void Change() {
+        Desk.Form.SetText(TextBox::txtDays, std::to_string(++Days));
+        SaveGeneral(Desk.Form, Desk.Commands.Current());
+    }
+    /// As another program writes it: another model in its place.
+    void ChangeByOthers() const { Desk.MakeUserModel("line.mdb", "UPDATE Gen SET Days = 99;"); }
+    [[nodiscard]] bool HoldsTheWork() const {
+        return CommandDesk::InputsOf(Desk.UserFile("line.mdb")) == Desk.WorkingInputs();
+    }
+
+    int Days = 200;
+};
+
+TEST_F(SaveOver, AsksBeforeItReplacesWhatAnotherProgramHasWritten) {
+    ChangeByOthers();
+    Desk.Form.YesNoAnswers = {false};
+    Desk.Commands.Save();
+    EXPECT_EQ(Desk.Form.Events.back(),
+              "ask[question]: " + PathText(Desk.UserFile("line.mdb")) +
+                  " has been changed by another program since it was last opened or saved here. "
+                  "Replace the file, and lose those changes? With No, it stays; Save As saves this "
+                  "model as another file. -> no");
+    EXPECT_EQ(Desk.Form.ProposedAnswers.back(), Answer::No);
+    EXPECT_FALSE(HoldsTheWork());
+    EXPECT_TRUE(Desk.Commands.Current().Changed);
+    Desk.Form.YesNoAnswers = {true};
+    Desk.Commands.Save();
+    EXPECT_TRUE(HoldsTheWork());
+}
+
+TEST_F(SaveOver, DoesNotAskAboutWhatThisProgramHasWritten) {
+    Desk.Commands.Save();
+    Change();
+    Desk.Commands.Save();
+    EXPECT_TRUE(HoldsTheWork());
+    ChangeByOthers();
+    Desk.Form.YesNoAnswers = {true};
+    Change();
+    Desk.Commands.Save();
+    Change();
+    Desk.Commands.Save();
+    EXPECT_TRUE(HoldsTheWork());
+}
+
+TEST_F(SaveOver, WritesAFileThatIsGoneAgain) {
+    fs::remove(Desk.UserFile("line.mdb"));
+    Desk.Commands.Save();
+    EXPECT_TRUE(HoldsTheWork());
+}
+
 }  // namespace
 }  // namespace quarnel02
