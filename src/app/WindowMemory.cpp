@@ -52,7 +52,7 @@ void WindowMemory::Keep(const QString& key, const QString& value) {
 }
 
 QString LastDirectory(const WindowMemory* memory, const QString& otherwise) {
-    const QString last = memory == nullptr ? QString() : memory->Text(WindowMemory::kLastDirectory);
+    QString last = memory == nullptr ? QString() : memory->Text(WindowMemory::kLastDirectory);
     if (!last.isEmpty() && QFileInfo(last).isDir()) {
         return last;
     }

@@ -32,7 +32,6 @@ class frmStatus : public QDialog {
     /// Whether the user has asked for an end.
     [[nodiscard]] bool IsCancelled() const { return m_cancelled; }
 
-  public slots:
     /// The user asks for an end; the operation finds out by IsCancelled.
     void reject() override;
 

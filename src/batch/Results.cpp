@@ -38,7 +38,7 @@ Pictures PicturesOf(const BatchForm& form, bool stochastic) {
 }
 
 /// Links and further names of a file are the file.
-void RequireOther(const char* option, const fs::path& file, const SolveRequest& request) {
+void RequireOtherFile(const char* option, const fs::path& file, const SolveRequest& request) {
     std::error_code ignored;
     if (fs::equivalent(file, request.Model, ignored)) {
         throw RunTimeError(ErrorKind::FileAccess,
@@ -73,13 +73,13 @@ void SpareModelFromReports(const SolveRequest& request) {
         return;
     }
     RequireDirectoryOrNothing(kOut, *request.OutDirectory);
-    RequireOther(kOut,
-                 *request.OutDirectory / (request.Stochastic ? kProductionReport : kRunReport),
-                 request);
+    RequireOtherFile(kOut,
+                     *request.OutDirectory / (request.Stochastic ? kProductionReport : kRunReport),
+                     request);
     for (const char* picture :
          {"network.svg", "summary.svg", "line.svg", "demand.svg", "costs.svg"}) {
         if (request.Pictures) {
-            RequireOther(kOut, *request.OutDirectory / picture, request);
+            RequireOtherFile(kOut, *request.OutDirectory / picture, request);
         }
     }
 }
@@ -104,7 +104,7 @@ void RequireEmptyForRunFiles(const SolveRequest& request) {
 void SpareModelFromReplacing(const char* option, const fs::path& file,
                              const SolveRequest& request) {
     for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-        RequireOther(option, file.string() + suffix, request);
+        RequireOtherFile(option, file.string() + suffix, request);
     }
     std::error_code ignored;
     const fs::path real = fs::canonical(request.Model, ignored);

@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr int kError = 1;
+constexpr int kConvertFailed = 1;
 
-constexpr const char* kFooter =
+constexpr const char* kConvertFooter =
     "Kinds of files, by their extension:\n"
     "  .mdb    model file: a SQLite database, or one of Access\n"
     "  .xlsx   workbook; .ods is read but not written\n"
@@ -39,8 +39,8 @@ struct Options {
     std::string Format;
 };
 
-void Describe(CLI::App& app, Options& options) {
-    app.footer(kFooter);
+void DescribeConvert(CLI::App& app, Options& options) {
+    app.footer(kConvertFooter);
     app.set_version_flag("--version", std::string("quarnel02-convert ") + quarnel02::Version());
     app.add_option("FROM", options.From, "File or directory to read; it is never changed")
         ->required()
@@ -69,10 +69,10 @@ std::string ConvertUnlessInterrupted(const quarnel02::ConvertRequest& request) {
     return quarnel02::ConvertFile(request);
 }
 
-int Run(int argc, char* argv[]) {
+int RunConvert(int argc, char* argv[]) {
     CLI::App app("Turns a model from one kind of file into another.", "quarnel02-convert");
     Options options;
-    Describe(app, options);
+    DescribeConvert(app, options);
     CLI11_PARSE(app, argc, argv);
     try {
         const std::string note = ConvertUnlessInterrupted(ToRequest(options));
@@ -82,7 +82,7 @@ int Run(int argc, char* argv[]) {
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "quarnel02-convert: " << quarnel02::FailureText(error) << '\n';
-        return kError;
+        return kConvertFailed;
     }
 }
 
@@ -90,9 +90,9 @@ int Run(int argc, char* argv[]) {
 
 int main(int argc, char* argv[]) {
     try {
-        return Run(argc, argv);
+        return RunConvert(argc, argv);
     } catch (const std::exception& error) {
         std::fputs(error.what(), stderr);
-        return kError;
+        return kConvertFailed;
     }
 }

@@ -33,7 +33,7 @@ CapacityValues ValuesOf(const CostCurve& curve, std::vector<CapacityMark> marks)
 }
 
 /// Room for all marks and little more: the penalties of low capacities would take the rest.
-Axis CostAxis(const CapacityValues& values) {
+Axis ExpectedCostAxis(const CapacityValues& values) {
     constexpr double foot_from = 0.5;
     constexpr double least_room = 1.2;
     constexpr double room = 1.25;
@@ -65,8 +65,7 @@ Reading Below(Reading ends, double highest) {
 }
 
 void DrawMarks(Picture& picture, Chart& chart, const std::vector<CapacityMark>& marks) {
-    for (std::size_t place = 0; place < marks.size(); ++place) {
-        const CapacityMark& mark = marks[place];
+    for (const CapacityMark& mark : marks) {
         chart.Ring(mark.Capacity, mark.Cost, kRedInk);
         picture.Describe(mark.Words);
     }
@@ -84,7 +83,7 @@ void DrawValues(Picture& picture, const CapacityValues& values) {
     frame.Title = "Expected cost over capacity";
     frame.X = {values.Segments.front().XStart, values.Segments.back().XEnd,
                "Capacity in three shifts (units/year)", true, false};
-    frame.Y = CostAxis(values);
+    frame.Y = ExpectedCostAxis(values);
     Chart chart(picture, std::move(frame));
     for (const Reading& ends : values.Segments) {
         if (std::min(ends.YStart, ends.YEnd) <= chart.Highest()) {

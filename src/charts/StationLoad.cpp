@@ -77,7 +77,7 @@ LoadBar BarOf(const LineModel& model, const StationRow& row, int number) {
     return bar;
 }
 
-ChartFrame FrameOf(const LoadValues& values) {
+ChartFrame LoadFrame(const LoadValues& values) {
     ChartFrame frame;
     frame.Title = "Station load";
     frame.X.Title = "Station";
@@ -110,7 +110,7 @@ void NumberPart(Picture& picture, const BoxFigure& box, const LoadPart& part) {
     }
 }
 
-void DrawBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, double right) {
+void DrawLoadBar(Picture& picture, Chart& chart, const LoadBar& bar, double left, double right) {
     double from = 0;
     for (const LoadPart& part : bar.Parts) {
         if (part.Seconds <= 0) {
@@ -141,7 +141,7 @@ void LabelBar(const Picture& picture, Chart& chart, const LoadBar& bar, double m
 void DrawLoads(Picture& picture, const LoadValues& values) {
     constexpr double share_of_place = 0.6;
     constexpr double widest = 1500;
-    Chart chart(picture, FrameOf(values));
+    Chart chart(picture, LoadFrame(values));
     const double half = std::min(share_of_place * (chart.ToX(1) - chart.ToX(0)), widest) / 2;
     chart.Limit(values.Available, kRedInk);
     picture.Describe("Available cycle time " + SecondsText(values.Available));
@@ -150,7 +150,7 @@ void DrawLoads(Picture& picture, const LoadValues& values) {
     };
     for (std::size_t place = 0; place < values.Bars.size(); ++place) {
         const double middle = middle_of(place);
-        DrawBar(picture, chart, values.Bars[place], middle - half, middle + half);
+        DrawLoadBar(picture, chart, values.Bars[place], middle - half, middle + half);
     }
     // Labels that stand in more than two rows no longer belong to a bar.
     const double label = picture.WidthOf(SecondsText(values.Available), picture.PageFont());

@@ -39,7 +39,7 @@ std::string WordsOf(const SensitivityRow& row, double today) {
            (row.BreakEven ? "; nearest change of the line at " + FigureText(*row.BreakEven) : "");
 }
 
-BarRowsFrame FrameOf(const std::vector<SensitivityRow>& rows, double today) {
+BarRowsFrame TornadoFrame(const std::vector<SensitivityRow>& rows, double today) {
     BarRowsFrame frame{"Sensitivity of the cost",
                        "Dollars per year (*: the line changes)",
                        {{"figure lower", kLower, false, {}}, {"figure higher", kHigher, false, {}}},
@@ -60,7 +60,7 @@ BarRowsFrame FrameOf(const std::vector<SensitivityRow>& rows, double today) {
 /// The lower half of a row is that of the higher figure, so that bars to one side do not cover one
 /// another.
 void DrawRows(Picture& picture, const std::vector<SensitivityRow>& rows, double today) {
-    const BarRowsFrame frame = FrameOf(rows, today);
+    const BarRowsFrame frame = TornadoFrame(rows, today);
     BarRows drawing(picture, frame, today);
     for (std::size_t place = 0; place < rows.size(); ++place) {
         const SensitivityRow& row = rows[place];

@@ -43,7 +43,7 @@ bool BothBoxesFilled(const TextBoxes& boxes) {
     return !boxes.Text(TextBox::txtVolume).empty() && !boxes.Text(TextBox::txtProb).empty();
 }
 
-void Write(RecordSet& demand, const DemandRow& row) {
+void WriteRow(RecordSet& demand, const DemandRow& row) {
     demand.Set("Volume", double{row.Volume});
     demand.Set("Prob", double{row.Prob});
     demand.Update();
@@ -82,7 +82,7 @@ void cmdAdd_Click(MainForm& form, CurrentModel& current) {
     const DemandRow row = RowInBoxes(form);
     RecordSet demand = form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Demand;");
     demand.AddNew();
-    Write(demand, row);
+    WriteRow(demand, row);
     EmptyBoxes(form);
     ShowChanged(form, current);
 }
@@ -94,7 +94,7 @@ void cmdUpdate_Click(MainForm& form, CurrentModel& current) {
     const DemandRow row = RowInBoxes(form);
     RecordSet demand = DemandRowOfLine(form.OpenWorkingCopy(), form.SelectedDemand());
     demand.Edit();
-    Write(demand, row);
+    WriteRow(demand, row);
     EmptyBoxes(form);
     ShowChanged(form, current);
 }

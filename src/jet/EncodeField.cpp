@@ -23,7 +23,7 @@ constexpr char16_t kByteOrderMark = 0xFEFF;
     throw FieldFault(false, "is beyond the range of the column. Correct it.");
 }
 
-double Real(const Value& value) {
+double RealOf(const Value& value) {
     if (const auto* whole = std::get_if<std::int64_t>(&value)) {
         return static_cast<double>(*whole);
     }
@@ -49,9 +49,9 @@ std::int64_t WholeOf(double real) {
 }
 
 template <class Stored>
-std::string Whole(const Value& value) {
+std::string WholeBytes(const Value& value) {
     const auto* held = std::get_if<std::int64_t>(&value);
-    const std::int64_t whole = held != nullptr ? *held : WholeOf(Real(value));
+    const std::int64_t whole = held != nullptr ? *held : WholeOf(RealOf(value));
     if (whole < std::numeric_limits<Stored>::min() || whole > std::numeric_limits<Stored>::max()) {
         RefuseRange();
     }
@@ -104,7 +104,7 @@ const std::string& TextIn(const Value& value) {
     return *text;
 }
 
-std::string Text(const Value& value, std::size_t mostBytes, bool compress) {
+std::string TextBytes(const Value& value, std::size_t mostBytes, bool compress) {
     const auto text = Utf16Of(TextIn(value));
     if (!text) {
         throw FieldFault(true, "is damaged: it is not UTF-8. Enter it again.");
@@ -125,20 +125,20 @@ std::string Text(const Value& value, std::size_t mostBytes, bool compress) {
 std::string EncodeField(const WrittenColumn& column, const Value& value, bool compress) {
     switch (column.Type) {
         case TypeCode::Byte:
-            return Whole<std::uint8_t>(value);
+            return WholeBytes<std::uint8_t>(value);
         case TypeCode::Integer:
-            return Whole<std::int16_t>(value);
+            return WholeBytes<std::int16_t>(value);
         case TypeCode::LongInteger:
-            return Whole<std::int32_t>(value);
+            return WholeBytes<std::int32_t>(value);
         case TypeCode::Currency:
-            return Whole<std::int64_t>(std::round(Real(value) * kCurrencyUnits));
+            return WholeBytes<std::int64_t>(std::round(RealOf(value) * kCurrencyUnits));
         case TypeCode::Single:
-            return SingleBytes(Real(value));
+            return SingleBytes(RealOf(value));
         case TypeCode::Double:
         case TypeCode::DateTime:
-            return DoubleBytes(Real(value));
+            return DoubleBytes(RealOf(value));
         case TypeCode::Text:
-            return Text(value, column.Length, compress);
+            return TextBytes(value, column.Length, compress);
         case TypeCode::Binary:
             return TextIn(value);
         default:

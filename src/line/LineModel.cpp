@@ -28,7 +28,7 @@ void SortByNumber(std::vector<Record>& records, const std::string& kind) {
     }
 }
 
-std::string NameOf(const MatrixRow& row) {
+std::string NameOfRow(const MatrixRow& row) {
     return "Task " + NumberText(row.Task) + " on resource " + NumberText(row.Resource);
 }
 
@@ -63,13 +63,13 @@ void LineModel::Enter(std::span<const MatrixRow> matrix) {
     for (const MatrixRow& row : matrix) {
         if (row.Resource < 1 || row.Resource > ResourceCount() || row.Task < 1 ||
             row.Task > TaskCount()) {
-            Refuse(NameOf(row) +
+            Refuse(NameOfRow(row) +
                    ": the matrix has figures of them, but the model does not have both. Remove the "
                    "row.");
         }
         const std::size_t place = PlaceOf(row.Resource, row.Task);
         if (entered[place]) {
-            Refuse(NameOf(row) + ": the matrix has figures of them twice. Remove one row.");
+            Refuse(NameOfRow(row) + ": the matrix has figures of them twice. Remove one row.");
         }
         entered[place] = true;
         m_matrix[place] = row.Entry;

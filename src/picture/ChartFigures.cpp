@@ -72,8 +72,10 @@ void Chart::KeepClear(double x1, double y1, double x2, double y2) {
         return from + (to - from) * piece / pieces;
     };
     for (int piece = 0; piece < pieces; ++piece) {
-        const auto [left, right] = std::minmax(ToX(at(x1, x2, piece)), ToX(at(x1, x2, piece + 1)));
-        const auto [top, bottom] = std::minmax(ToY(at(y1, y2, piece)), ToY(at(y1, y2, piece + 1)));
+        const auto [left, right] =
+            std::minmax({ToX(at(x1, x2, piece)), ToX(at(x1, x2, piece + 1))});
+        const auto [top, bottom] =
+            std::minmax({ToY(at(y1, y2, piece)), ToY(at(y1, y2, piece + 1))});
         m_lines.Take({left - kTwipsPerPixel, top - kTwipsPerPixel, right + kTwipsPerPixel,
                       bottom + kTwipsPerPixel});
     }

@@ -76,8 +76,9 @@ class CsvSheets {
     void Count(const std::string& text, const fs::path& file) {
         constexpr std::string_view ends = ",;\t\n\r";
         m_bytes += text.size();
-        m_cells += static_cast<std::size_t>(std::count_if(
-            text.begin(), text.end(), [&](char c) { return ends.find(c) != ends.npos; }));
+        m_cells += static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [&](char c) {
+            return ends.find(c) != std::string_view::npos;
+        }));
         if (m_bytes > limits::kSheetFile || m_cells > limits::kCells) {
             RefuseLargeSheet(file);
         }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr char kBetween = '|';
 
-std::string WithoutBlanks(const std::string& text) {
+std::string Stripped(const std::string& text) {
     constexpr const char* blanks = " \t\r\n";
     const auto first = text.find_first_not_of(blanks);
     return first == std::string::npos
@@ -33,13 +33,13 @@ std::string FigureText(const InputRow& pair, ShownFigure figure) {
 std::optional<FigureParts> PartsOf(const std::string& text, ShownFigure figure) {
     FigureParts parts;
     if (figure != ShownFigure::AllThree) {
-        parts.at(static_cast<std::size_t>(figure)) = WithoutBlanks(text);
+        parts.at(static_cast<std::size_t>(figure)) = Stripped(text);
         return parts;
     }
     std::size_t begin = 0;
     for (std::string& part : parts) {
         const std::size_t end = text.find(kBetween, begin);
-        part = WithoutBlanks(text.substr(begin, end - begin));
+        part = Stripped(text.substr(begin, end - begin));
         if (end == std::string::npos) {
             return parts;
         }

@@ -13,7 +13,7 @@ namespace quarnel02 {
 
 namespace {
 
-std::string Quoted(const SheetColumn& column, const Value& value) {
+std::string InQuotes(const SheetColumn& column, const Value& value) {
     const std::string text = OneLine(ShownText(column, value));
     const bool words = std::holds_alternative<std::string>(value);
     return words ? "\"" + text + "\"" : (text.empty() ? "nothing" : text);
@@ -59,8 +59,8 @@ void Comparison::CompareFields(const std::string& name, std::span<const SheetCol
         const Value& old_value = before.at(column.Place);
         const Value& new_value = after.at(column.Place);
         if (old_value != new_value) {
-            Add(name + std::string(column.Caption) + ": " + Quoted(column, old_value) +
-                " becomes " + Quoted(column, new_value) + ".");
+            Add(name + std::string(column.Caption) + ": " + InQuotes(column, old_value) +
+                " becomes " + InQuotes(column, new_value) + ".");
         }
     }
 }
@@ -70,7 +70,7 @@ void Comparison::CompareRows(const std::string& kind, std::span<const SheetColum
     const TableRows& before = m_before.*rows;
     const TableRows& after = m_after.*rows;
     const auto text = [&](const InputRow& row) {
-        return Quoted(columns[named], row.at(columns[named].Place)) + ".";
+        return InQuotes(columns[named], row.at(columns[named].Place)) + ".";
     };
     for (std::size_t place = 0; place < std::max(before.size(), after.size()); ++place) {
         const std::string name = kind + " " + std::to_string(place + 1);

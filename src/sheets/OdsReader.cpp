@@ -38,7 +38,7 @@ void AddText(std::string& text, const pugi::xml_node& paragraph, int level = 0) 
 }
 
 /// The paragraphs of a cell, a line each.
-std::string TextOf(const pugi::xml_node& cell) {
+std::string TextInCell(const pugi::xml_node& cell) {
     std::string text;
     bool first = true;
     for (const pugi::xml_node& paragraph : cell.children()) {
@@ -54,7 +54,7 @@ std::string TextOf(const pugi::xml_node& cell) {
 Value TypedValue(const pugi::xml_node& cell, std::string_view type) {
     if (type == "string") {
         const std::string_view value = Attribute(cell, "string-value");
-        return value.empty() ? TextOf(cell) : std::string(value);
+        return value.empty() ? TextInCell(cell) : std::string(value);
     }
     if (type == "float" || type == "currency") {
         return FileNumber(Attribute(cell, "value"));
@@ -62,14 +62,14 @@ Value TypedValue(const pugi::xml_node& cell, std::string_view type) {
     if (type == "percentage") {
         return PercentOf(FileNumber(Attribute(cell, "value")));
     }
-    return TextOf(cell);  // a date, a time, true or false: as it is shown
+    return TextInCell(cell);  // a date, a time, true or false: as it is shown
 }
 
 /// A formula without a value comes to the empty text.
 Value CellValue(const pugi::xml_node& cell) {
     const std::string_view type = Attribute(cell, "value-type");
     if (type.empty()) {
-        return Attribute(cell, "formula").empty() ? Value() : Value(TextOf(cell));
+        return Attribute(cell, "formula").empty() ? Value() : Value(TextInCell(cell));
     }
     return TypedValue(cell, type);
 }

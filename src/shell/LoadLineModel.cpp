@@ -32,7 +32,7 @@ Production ProductionOf(const RecordSet& gen) {
             .Product = gen.Text(7)};
 }
 
-std::vector<Task> ReadTasks(const Database& database, int count) {
+std::vector<Task> TasksOfLine(const Database& database, int count) {
     std::vector<Task> tasks(static_cast<std::size_t>(count));
     RecordSet rows = database.OpenRecordSet("SELECT * FROM Tasks;");
     for (; !rows.Eof(); rows.MoveNext()) {
@@ -65,7 +65,7 @@ Resource ResourceOf(const RecordSet& row) {
 }
 
 /// By number; one without a row has the number 0.
-std::vector<Resource> ReadResources(const Database& database, int count) {
+std::vector<Resource> ResourcesOfLine(const Database& database, int count) {
     std::vector<Resource> resources(static_cast<std::size_t>(count));
     RecordSet rows = database.OpenRecordSet("SELECT * FROM Resources;");
     for (; !rows.Eof(); rows.MoveNext()) {
@@ -122,10 +122,10 @@ std::vector<DemandPoint> ReadDemand(const Database& database) {
 LineModel LoadLineModel(const Database& database) {
     const RecordSet gen = database.OpenRecordSet("SELECT * FROM Gen;");
     const Counts counts{gen.Integer(0), gen.Integer(1)};
-    std::vector<Resource> resources = ReadResources(database, counts.Resources);
+    std::vector<Resource> resources = ResourcesOfLine(database, counts.Resources);
     const std::vector<MatrixRow> matrix = ReadMatrix(database, resources);
     NumberAll(resources);
-    return {ProductionOf(gen), std::move(resources), ReadTasks(database, counts.Tasks), matrix,
+    return {ProductionOf(gen), std::move(resources), TasksOfLine(database, counts.Tasks), matrix,
             ReadDemand(database)};
 }
 

@@ -100,6 +100,17 @@ class Solve {
     LineModel m_model;
 };
 
+/// The report of an earlier run, after this one has failed. What cannot be removed stays.
+void RemoveReport(const WorkingCopy& copy) noexcept {
+    try {
+        if (HasReport(copy, kProductionReport)) {
+            std::filesystem::remove(copy.File(kProductionReport));
+        }
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+        // Meant: the error that ended the run is the one to report.
+    }
+}
+
 }  // namespace
 
 bool HasEveryResource(const Database& database) {
@@ -129,12 +140,7 @@ StochasticOutcome RunStochastic(const Database& database, const StochasticReques
     }
     Solve solve(database, request, files, status, dialogs, pictures);
     const WorkingCopy copy(request.ApplicationDirectory);
-    const FailureGuard no_report([&] {
-        std::error_code ignored;
-        if (HasReport(copy, kProductionReport)) {
-            std::filesystem::remove(copy.File(kProductionReport), ignored);
-        }
-    });
+    const FailureGuard no_report([&] { RemoveReport(copy); });
     StochasticOutcome outcome = solve.Run();
     if (outcome.End != StochasticEnd::ImpossibleTask) {
         files.DeleteAll();

@@ -78,7 +78,7 @@ std::optional<DesignedLine> DesignedLineOf(LineModel model, const StochasticOutc
 
 StochasticOutcome cmdStoch_Click(MainForm& form,
                                  const std::optional<std::filesystem::path>& keepRunFiles) {
-    const PictureBoxes before = form;
+    const PictureBoxes before = static_cast<const PictureBoxes&>(form);
     ClearResults(form);
     if (form.DemandCount() < kFewestPoints) {
         form.ShowMessage("You must first enter a probability distribution for demand.",

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kChartShape = 0.55;
 
-TablePart TableOf(const ShownTable& table) {
+TablePart TablePartOf(const ShownTable& table) {
     TablePart part;
     for (const ShownColumn& column : table.Columns) {
         part.Columns.push_back({column.Heading, column.Figures});
@@ -43,7 +43,7 @@ std::vector<DocumentPart> ReportSection(const StudyPage& page, const std::string
         }
     }
     for (const StudyTableView* table : page.Tables()) {
-        parts.emplace_back(TableOf(table->Table()));
+        parts.emplace_back(TablePartOf(table->Table()));
     }
     return parts;
 }

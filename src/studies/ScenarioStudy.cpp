@@ -10,7 +10,7 @@ namespace quarnel02 {
 
 namespace {
 
-std::string LineOf(const ScenarioOutcome& outcome) {
+std::string LineOfScenario(const ScenarioOutcome& outcome) {
     std::vector<StationGroup> groups;
     for (const StationRow& row : outcome.Table.Rows) {
         groups.push_back(row.Group);
@@ -27,11 +27,11 @@ ShownCell DifferenceCell(const ScenarioOutcome& outcome) {
     return outcome.Difference ? DollarCell(*outcome.Difference) : ShownCell();
 }
 
-std::vector<ShownCell> LineCells(const ScenarioOutcome& outcome) {
+std::vector<ShownCell> ScenarioCells(const ScenarioOutcome& outcome) {
     const CostFigures& figures = outcome.Table.Totals;
     return {DollarCell(DecimalOfSingle(outcome.Cost)),
             DifferenceCell(outcome),
-            TextCell(LineOf(outcome)),
+            TextCell(LineOfScenario(outcome)),
             TextCell(outcome.LineChanges ? "changes" : ""),
             WholeCell(outcome.Capacity),
             WholeCell(outcome.CapacityShifts),
@@ -47,7 +47,7 @@ std::vector<ShownCell> OutcomeCells(const std::optional<ScenarioOutcome>& outcom
     constexpr std::size_t columns = 11;
     constexpr std::size_t line_column = 2;
     if (outcome && outcome->HasLine) {
-        return LineCells(*outcome);
+        return ScenarioCells(*outcome);
     }
     std::vector<ShownCell> cells(columns);
     if (outcome) {
@@ -58,7 +58,7 @@ std::vector<ShownCell> OutcomeCells(const std::optional<ScenarioOutcome>& outcom
 }
 
 std::string BarWords(const ScenarioOutcome& outcome) {
-    return LineOf(outcome) + "; capacity " + CapacityText(outcome);
+    return LineOfScenario(outcome) + "; capacity " + CapacityText(outcome);
 }
 
 }  // namespace

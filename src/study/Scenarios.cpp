@@ -150,8 +150,8 @@ void Design(ScenarioOutcome& outcome, const StudyWatch& watch) {
     watch.Look(1);
 }
 
-ScenarioOutcome OutcomeOf(const Scenario& scenario, const ScenarioOutcome& base,
-                          const StudyWatch& watch) {
+ScenarioOutcome SolvedOutcome(const Scenario& scenario, const ScenarioOutcome& base,
+                              const StudyWatch& watch) {
     ScenarioOutcome outcome;
     outcome.Name = scenario.Name;
     outcome.Order = base.Order;
@@ -229,7 +229,7 @@ std::vector<ScenarioOutcome> SolveScenarios(const DesignOrder& base,
     for (const Scenario& scenario : scenarios) {
         const auto done = static_cast<double>(outcomes.size());
         outcomes.push_back(
-            OutcomeOf(scenario, outcomes.front(), watch.Part(done / all, (done + 1) / all)));
+            SolvedOutcome(scenario, outcomes.front(), watch.Part(done / all, (done + 1) / all)));
     }
     Compare(outcomes, 0);
     return outcomes;

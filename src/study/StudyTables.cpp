@@ -9,7 +9,7 @@ namespace quarnel02 {
 namespace {
 
 /// Costs are singles: 64335.55 rather than 64335.55078125.
-double Dollars(float single) {
+double DollarCell(float single) {
     return DecimalOfSingle(single);
 }
 
@@ -19,14 +19,14 @@ StudyCell CellOf(const std::optional<Number>& number) {
 }
 
 StudyCell CellOf(const std::optional<float>& single) {
-    return single ? StudyCell(Dollars(*single)) : StudyCell();
+    return single ? StudyCell(DollarCell(*single)) : StudyCell();
 }
 
 /// Empty without a line.
 StudyCell CapacityCell(float capacity, bool hasLine) {
     StudyCell cell;
     if (hasLine) {
-        cell = Dollars(capacity);
+        cell = DollarCell(capacity);
     }
     return cell;
 }
@@ -39,7 +39,7 @@ StudyCell Count(int number) {
     return static_cast<double>(number);
 }
 
-std::string LineText(const LineModel& model, const LineTable& table) {
+std::string TableText(const LineModel& model, const LineTable& table) {
     std::vector<StationGroup> groups;
     for (const StationRow& row : table.Rows) {
         groups.push_back(row.Group);
@@ -66,9 +66,12 @@ std::vector<StudyCell> LineCells(const ScenarioOutcome& outcome) {
         return std::vector<StudyCell>(7);
     }
     const CostFigures& totals = outcome.Table.Totals;
-    return {Dollars(outcome.Cost), CellOf(outcome.Difference),
-            totals.Capital,        totals.Machine,
-            totals.Labour,         outcome.Penalty,
+    return {DollarCell(outcome.Cost),
+            CellOf(outcome.Difference),
+            totals.Capital,
+            totals.Machine,
+            totals.Labour,
+            outcome.Penalty,
             totals.Investment};
 }
 
@@ -86,7 +89,7 @@ std::vector<StudyCell> CellsOf(const ScenarioOutcome& outcome) {
     }
     if (outcome.HasLine) {
         cells.insert(cells.end(), {outcome.Capacity, Flag(outcome.LineChanges),
-                                   LineText(outcome.Order.Model, outcome.Table)});
+                                   TableText(outcome.Order.Model, outcome.Table)});
     } else {
         cells.resize(cells.size() + 3);
     }
@@ -101,8 +104,8 @@ StudyTable VolumesTable(const LineModel& model, std::span<const VolumeRange> ran
                      {}};
     for (const VolumeRange& range : ranges) {
         table.Rows.push_back({Count(range.Shifts), Count(range.From), Count(range.To),
-                              LineText(model, range.Line), Dollars(range.CostFrom),
-                              Dollars(range.CostTo), range.Investment, Flag(range.Best)});
+                              LineText(model, range.Line), DollarCell(range.CostFrom),
+                              DollarCell(range.CostTo), range.Investment, Flag(range.Best)});
     }
     return table;
 }
@@ -111,8 +114,9 @@ StudyTable AlternativesTable(const LineModel& model, std::span<const Alternative
     StudyTable table{{"rank", "cost", "difference", "investment", "labour", "line"}, {}};
     for (const Alternative& each : alternatives) {
         table.Rows.push_back({Count(static_cast<int>(table.Rows.size()) + 1),
-                              Dollars(each.Design.Cost), each.Difference, each.Figures.Investment,
-                              each.Figures.Labour, LineText(model, GroupsOf(each.Design))});
+                              DollarCell(each.Design.Cost), each.Difference,
+                              each.Figures.Investment, each.Figures.Labour,
+                              LineText(model, GroupsOf(each.Design))});
     }
     return table;
 }
@@ -121,9 +125,9 @@ StudyTable CapacitiesTable(const LineModel& model, std::span<const Capacity> cap
     StudyTable table{{"rank", "capacity", "expected_cost", "penalty", "investment", "line"}, {}};
     for (const Capacity& each : capacities) {
         table.Rows.push_back({Count(static_cast<int>(table.Rows.size()) + 1),
-                              Dollars(each.Line.Capacity), Dollars(each.Line.ExpectedCost),
+                              DollarCell(each.Line.Capacity), DollarCell(each.Line.ExpectedCost),
                               each.Line.ExpectedPenalty, each.Table.Totals.Investment,
-                              LineText(model, each.Table)});
+                              TableText(model, each.Table)});
     }
     return table;
 }

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kNoLine = std::numeric_limits<double>::infinity();
 
-void RequireSound(const VolumeSpan& span) {
+void RequireSoundRange(const VolumeSpan& span) {
     if (span.From < 1 || span.To < span.From || span.To > kMostVolume) {
         throw RunTimeError(ErrorKind::Overflow,
                            "Volumes from " + NumberText(span.From) + " to " + NumberText(span.To) +
@@ -100,7 +100,7 @@ VolumeDesigns::VolumeDesigns(const PreparedLine& line, std::int16_t shifts, cons
       m_stationLimit(span.StationLimit),
       m_places(line),
       m_arcs(line.Model.TaskCount()) {
-    RequireSound(span);
+    RequireSoundRange(span);
     MakeCurves(span, watch);
     m_prefixes = CheapestPrefixes(m_arcs, watch);
 }

@@ -142,7 +142,8 @@ void ExpectOneClearMessage(Trial& trial) {
         EXPECT_NE(message.find_first_of("/."), std::string::npos) << message;
         EXPECT_LT(message.size(), 600U) << message;
     }
-    EXPECT_LE(trial.Messages().size(), 2U) << trial.AllMessages();
+    constexpr std::size_t most = 3;  // the work cannot be kept, nor be read, nor is any listed
+    EXPECT_LE(trial.Messages().size(), most) << trial.AllMessages();
 }
 
 /// What stands after a command that failed, or that did not mind the failure.
