@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ class QProgressBar;
 
 namespace quarnel02 {
 
+enum class PictureCommand;
 class ElidedLabel;
 class FieldBox;
 class PictureBox;
@@ -52,8 +54,8 @@ class frmMain : public QMainWindow, public MainForm {
     /// Opens the model that the program was started with; what is wrong with it the user is told.
     void OpenGiven(const std::filesystem::path& file);
 
-    /// Comes to the front for a further start of the program, and soon opens its file if it has one.
-    /// False while a solve, a dialog or a menu has to be finished first.
+    /// Comes to the front for a further start of the program, and soon opens its file if it has
+    /// one. False while a solve, a dialog or a menu has to be finished first.
     bool OpenAnother(const std::filesystem::path& file);
 
     [[nodiscard]] CurrentModel& Current() { return m_commands.Current(); }
@@ -161,17 +163,14 @@ class frmMain : public QMainWindow, public MainForm {
     void ExportCsvFiles();
     [[nodiscard]] QString UserDirectory();
     void RememberDirectory(const QString& file);
-    void AddPictureCommands(PictureBox& box);
     void NamePictureCommands();
     [[nodiscard]] PictureBox& PictureInMind() const;
     [[nodiscard]] const Picture& PictureOf(const PictureBox& box) const;
     [[nodiscard]] QString TitleOf(const PictureBox& box) const;
     [[nodiscard]] QString MarkOfPictures() const;
     [[nodiscard]] QString ProposedName(const QString& what) const;
-    void CopyBox(const PictureBox& box);
-    void SaveBox(const PictureBox& box);
-    void PrintBox(const PictureBox& box);
-    [[nodiscard]] Document PageOf(const PictureBox& box) const;
+    void TakeOut(const PictureBox& box, PictureCommand command);
+    void NoteSaved(const std::optional<QString>& file);
     [[nodiscard]] Document Report() const;
     void SaveReport();
     void FillExamplesMenu();

@@ -8,8 +8,7 @@
 #include "app/QtPaths.h"
 #include "app/frmMain.h"
 #include "commands/KeptName.h"
-#include "print/ClipboardPicture.h"
-#include "print/PictureFiles.h"
+#include "print/PictureCommands.h"
 #include "print/PrintDocument.h"
 #include "print/PrintPreview.h"
 #include "print/SaveDialog.h"
@@ -19,19 +18,12 @@
 
 namespace quarnel02 {
 
-namespace {
-
-/// What a line printer wrote; none for a drawing.
-std::optional<std::string> PrintedText(const Picture& picture) {
-    return picture.IsComposed() ? std::nullopt : TextOf(picture);
-}
-
-}  // namespace
-
 void frmMain::ConnectLeaves() {
     for (PictureBox* box : {m_ui->picArc, m_ui->picGraph_0, m_ui->picGraph_1, m_ui->picGraph_2,
                             m_ui->picGraph_3, m_ui->picLoad}) {
-        AddPictureCommands(*box);
+        AddPictureCommands(*box, [this, box](PictureCommand command) {
+            RunCommand([&] { TakeOut(*box, command); });
+        });
     }
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         for (; now != nullptr; now = now->parentWidget()) {
@@ -43,31 +35,13 @@ void frmMain::ConnectLeaves() {
     const auto on = [this](QAction* action, const std::function<void()>& command) {
         connect(action, &QAction::triggered, this, [this, command] { RunCommand(command); });
     };
-    on(m_ui->mnuPictureCopy, [this] { CopyBox(PictureInMind()); });
-    on(m_ui->mnuPictureSave, [this] { SaveBox(PictureInMind()); });
-    on(m_ui->mnuPicturePrint, [this] { PrintBox(PictureInMind()); });
+    on(m_ui->mnuPictureCopy, [this] { TakeOut(PictureInMind(), PictureCommand::Copy); });
+    on(m_ui->mnuPictureSave, [this] { TakeOut(PictureInMind(), PictureCommand::Save); });
+    on(m_ui->mnuPicturePrint, [this] { TakeOut(PictureInMind(), PictureCommand::Print); });
     on(m_ui->mnuFileReportPdf, [this] { SaveReport(); });
     on(m_ui->mnuFilePrint, [this] { ShowPrintPreview(this, Report()); });
     connect(m_ui->mnuFile, &QMenu::aboutToShow, this, &frmMain::NamePictureCommands);
     connect(m_ui->mnuFilePicture, &QMenu::aboutToShow, this, &frmMain::NamePictureCommands);
-}
-
-/// The context menu of a box.
-void frmMain::AddPictureCommands(PictureBox& box) {
-    const auto add = [&](const char* name, const QString& text,
-                         void (frmMain::*command)(const PictureBox&)) {
-        auto* action = new QAction(text, &box);
-        action->setObjectName(QLatin1String(name));
-        connect(action, &QAction::triggered, this,
-                [this, &box, command] { RunCommand([&] { (this->*command)(box); }); });
-        box.addAction(action);
-        return action;
-    };
-    QAction* copy = add("actCopy", QStringLiteral("&Copy"), &frmMain::CopyBox);
-    copy->setShortcut(QKeySequence::Copy);
-    copy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    add("actSave", QStringLiteral("&Save as..."), &frmMain::SaveBox);
-    add("actPrint", QStringLiteral("&Print..."), &frmMain::PrintBox);
 }
 
 /// The menu says which picture it means.
@@ -103,47 +77,29 @@ QString frmMain::ProposedName(const QString& what) const {
                       QStringLiteral(" - ") + what.toLower() + MarkOfPictures());
 }
 
-void frmMain::CopyBox(const PictureBox& box) {
-    const QString selected = box.SelectedText();
-    if (selected.isEmpty()) {
-        CopyPicture(PictureOf(box));
-    } else {
-        CopyText(selected);
-    }
-    ShowBriefly(QStringLiteral("Copied: ") + TitleOf(box) + MarkOfPictures());
-}
-
-void frmMain::SaveBox(const PictureBox& box) {
+void frmMain::TakeOut(const PictureBox& box, PictureCommand command) {
     const Picture& picture = PictureOf(box);
-    const QString title = TitleOf(box);
-    const auto text = PrintedText(picture);
-    const auto saved = AskSavedFile(this, QStringLiteral("Save as: ") + title, UserDirectory(),
-                                    ProposedName(title), text ? TextKinds() : DrawingKinds());
-    if (!saved) {
-        return;
+    const QString title = TitleOf(box) + MarkOfPictures();
+    const TitledPicture titled{picture, title, Text(TextBox::txtProduct)};
+    switch (command) {
+        case PictureCommand::Copy:
+            CopyFrom(box, picture);
+            ShowBriefly(QStringLiteral("Copied: ") + title);
+            break;
+        case PictureCommand::Save:
+            NoteSaved(AskAndSave(this, UserDirectory(), ProposedName(TitleOf(box)), titled));
+            break;
+        case PictureCommand::Print:
+            ShowPrintPreview(this, titled);
+            break;
     }
-    RememberDirectory(saved->Path);
-    const QString kind = saved->Kind.Extension;
-    const std::string content = kind == QLatin1String("txt")   ? *text
-                                : kind == QLatin1String("svg") ? SvgOf(picture)
-                                : kind == QLatin1String("png") ? PngOf(picture, saved->Kind.Scale)
-                                : text                         ? PdfOf(PageOf(box))
-                                       : PdfOf(picture, title.toStdString());
-    WriteWhole(ToPath(saved->Path), content);
-    ShowBriefly(QStringLiteral("Saved ") + QFileInfo(saved->Path).fileName() + MarkOfPictures());
 }
 
-/// A picture as a document of its own.
-Document frmMain::PageOf(const PictureBox& box) const {
-    const Picture& picture = PictureOf(box);
-    return {(TitleOf(box) + MarkOfPictures()).toStdString(),
-            Text(TextBox::txtProduct),
-            TimeText(std::chrono::system_clock::now()),
-            {PartFrom(picture, "", PaperShape(picture))}};
-}
-
-void frmMain::PrintBox(const PictureBox& box) {
-    ShowPrintPreview(this, PageOf(box));
+void frmMain::NoteSaved(const std::optional<QString>& file) {
+    if (file) {
+        RememberDirectory(*file);
+        ShowBriefly(QStringLiteral("Saved ") + QFileInfo(*file).fileName() + MarkOfPictures());
+    }
 }
 
 Document frmMain::Report() const {
@@ -160,9 +116,8 @@ void frmMain::SaveReport() {
     if (!saved) {
         return;
     }
-    RememberDirectory(saved->Path);
     WriteWhole(ToPath(saved->Path), PdfOf(Report()));
-    ShowBriefly(QStringLiteral("Saved ") + QFileInfo(saved->Path).fileName() + MarkOfPictures());
+    NoteSaved(saved->Path);
 }
 
 }  // namespace quarnel02
