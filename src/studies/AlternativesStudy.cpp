@@ -76,8 +76,9 @@ AlternativesStudy LinesOf(const StudyInput& input, const StudyWatch& watch) {
                             {},
                             {}};
     int rank = 0;
-    for (const Alternative& line : AlternativesFor(*input.Line, input.Question.Request)) {
-        watch.Look();
+    const std::vector<Alternative> lines = AlternativesFor(*input.Line, input.Question.Request);
+    for (const Alternative& line : lines) {
+        watch.Look(static_cast<double>(rank) / static_cast<double>(lines.size()));
         study.Best.Rows.push_back(LineCells(input.Model(), line, ++rank));
         study.Details.push_back(ReplacementTable(input, line.Design));
         study.Bars.push_back(

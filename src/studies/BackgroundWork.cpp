@@ -25,14 +25,23 @@ void BackgroundWork::Cancel() {
     m_thread.request_stop();
 }
 
+WorkProgress BackgroundWork::Progress() const {
+    if (!IsRunning() || m_next) {
+        return {};
+    }
+    return {m_share, std::chrono::milliseconds(m_begun.elapsed())};
+}
+
 void BackgroundWork::Begin(Work work) {
+    m_share = 0;
+    m_begun.start();
     m_thread = std::jthread([this, work = std::move(work)](const std::stop_token& stop) {
         const auto failed = [this](const char* text) {
             return [this, text = QString::fromUtf8(text)] { emit Failed(text); };
         };
         Show show;
         try {
-            show = work(StudyWatch(stop));
+            show = work(StudyWatch(stop, [this](double share) { m_share = share; }));
         } catch (const std::bad_alloc&) {
             show = failed("There is not enough memory for this study.");
         } catch (const std::exception& error) {

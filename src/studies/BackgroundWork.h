@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <atomic>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <thread>
@@ -9,6 +12,12 @@
 #include "study/StudyWatch.h"
 
 namespace quarnel02 {
+
+/// How far a piece of work has come.
+struct WorkProgress {
+    double Share = 0;  ///< done, from 0 to 1
+    std::chrono::milliseconds Elapsed{0};
+};
 
 /// Work in a thread of its own, values in, values out: one at a time, the newest counts. What comes
 /// out is shown in the thread that the object lives in, unless the work was cancelled meanwhile.
@@ -31,6 +40,8 @@ class BackgroundWork : public QObject {
     /// Nothing is shown of what runs or waits.
     void Cancel();
     [[nodiscard]] bool IsRunning() const { return m_thread.joinable(); }
+    /// Of the newest work, as it tells its watch; nothing while it waits and when nothing runs.
+    [[nodiscard]] WorkProgress Progress() const;
 
   signals:
     /// The work ended with an exception that says this.
@@ -42,6 +53,8 @@ class BackgroundWork : public QObject {
     void Begin(Work work);
     void End(const Show& show);
 
+    std::atomic<double> m_share = 0;
+    QElapsedTimer m_begun;
     std::jthread m_thread;
     std::optional<Work> m_next;
 };

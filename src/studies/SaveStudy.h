@@ -2,7 +2,7 @@
 
 #include <QString>
 #include <QWidget>
-#include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "picture/Picture.h"
@@ -10,19 +10,18 @@
 
 namespace quarnel02 {
 
-/// What of a study is saved; either may be missing.
+/// What of a study is saved.
 struct SavedParts {
-    std::vector<ShownTable> Tables;  ///< the most important one first
-    const Picture* Drawing = nullptr;
+    std::vector<ShownTable> Tables;    ///< the most important one first; at least one
+    const Picture* Drawing = nullptr;  ///< may be missing
+    QString Title;                     ///< of the drawing
 };
 
-/// Writes a study, whole or not at all, as the file's extension says: the picture as .svg or .png,
-/// the tables as an .xlsx file with a sheet for each, else the first one as CSV. What the parts
-/// lack is not offered to the user. Throws as WriteXlsx and WriteWhole do.
-void SaveStudy(const std::filesystem::path& file, const SavedParts& parts);
-
-/// Asks for a file and saves the parts there; a failure is told in a message. `proposal` is the
-/// path that is offered, without extension.
-void AskAndSave(QWidget* parent, const QString& proposal, const SavedParts& parts);
+/// Asks for a file and writes a study there, whole or not at all: the tables as a workbook with a
+/// sheet for each, the first one as CSV, or the drawing as SVG, image or PDF document. Returns the
+/// file's path, none when the user cancels. `directory` and `name`, without extension, are offered.
+/// Throws as WriteXlsx and WriteWhole do.
+std::optional<QString> AskAndSave(QWidget* parent, const QString& directory, const QString& name,
+                                  const SavedParts& parts);
 
 }  // namespace quarnel02

@@ -8,6 +8,7 @@
 #include "line/CheapestLine.h"
 #include "study/ExpectedDesigns.h"
 #include "study/FigureText.h"
+#include "study/ModelFigures.h"
 #include "study/PenaltyFlips.h"
 #include "study/Sensitivity.h"
 
@@ -85,11 +86,15 @@ std::string FlipText(const char* side, const std::optional<PenaltyFlip>& flip) {
 }
 
 SensitivityStudy OfExpected(const StudyInput& input, double share, const StudyWatch& watch) {
-    const ExpectedDesigns designs = DesignWithCurves(input.Model(), input.Penalty(), watch);
+    // Each figure takes a design below and one above today's.
+    const double first = 1 / (1 + 2 * static_cast<double>(ExpectedFiguresOf(input.Model()).size()));
+    const ExpectedDesigns designs =
+        DesignWithCurves(input.Model(), input.Penalty(), watch.Part(0, first));
     if (!designs.Result.Line) {
         return {};
     }
-    const std::vector<ExpectedSensitivityRow> rows = SensitivityOf(designs, share, watch);
+    const std::vector<ExpectedSensitivityRow> rows =
+        SensitivityOf(designs, share, watch.Part(first, 1));
     SensitivityStudy study =
         StudyOf(share, {rows.begin(), rows.end()}, designs.Result.Line->ExpectedCost);
     const PenaltyFlips flips = PenaltyFlipsOf(designs);

@@ -26,8 +26,9 @@ StudyPage::StudyPage(QWidget* parent)
 }
 
 void StudyPage::SetInput(std::optional<StudyInput> input, const std::string& why) {
-    Cancel();
+    GiveUp();
     m_input = std::move(input);
+    m_cancelled = false;
     if (m_input) {
         m_outOfDate = true;
         InputChanged(*m_input);
@@ -38,27 +39,48 @@ void StudyPage::SetInput(std::optional<StudyInput> input, const std::string& why
 }
 
 void StudyPage::Compute() {
-    if (!m_input || !m_outOfDate || m_computing) {
+    if (!m_input || !m_outOfDate || m_computing || m_cancelled) {
         return;
     }
     m_computing = true;
-    if (m_layout->currentWidget() == m_text) {
-        m_text->setPlainText(QStringLiteral("Computing..."));
-    }
+    SayInstead(QStringLiteral("Computing..."));
     m_work.Start(Work(*m_input));
     emit StateChanged();
 }
 
-void StudyPage::Cancel() {
+void StudyPage::GiveUp() {
     m_computing = false;
     m_work.Cancel();
 }
 
+void StudyPage::Cancel() {
+    if (!m_computing) {
+        return;
+    }
+    GiveUp();
+    m_cancelled = true;
+    SayInstead(QStringLiteral("This study was cancelled. Compute (F5) starts it again."));
+    emit StateChanged();
+}
+
+void StudyPage::ComputeAgain() {
+    m_cancelled = false;
+    Compute();
+}
+
 void StudyPage::Recompute() {
-    Cancel();
+    GiveUp();
+    m_cancelled = false;
     if (m_input) {
         m_outOfDate = true;
         Compute();
+    }
+}
+
+/// In place of the contents, as long as they have never been shown for this model.
+void StudyPage::SayInstead(const QString& text) {
+    if (m_layout->currentWidget() == m_text) {
+        m_text->setPlainText(text);
     }
 }
 
@@ -72,8 +94,8 @@ std::vector<StudyPicture*> StudyPage::Pictures() const {
 
 void StudyPage::ConnectParts() {
     for (StudyPicture* picture : AllPictures()) {
-        connect(picture, &StudyPicture::SaveAsked, this,
-                [this, picture] { emit PictureSaveAsked(*picture); });
+        connect(picture, &StudyPicture::Asked, this,
+                [this, picture](PictureCommand command) { emit PictureAsked(*picture, command); });
     }
     for (StudyTableView* table : AllTables()) {
         connect(table, &StudyTableView::SaveAsked, this,

@@ -14,6 +14,7 @@ class QStackedLayout;
 
 namespace quarnel02 {
 
+enum class PictureCommand;
 class StudyPicture;
 class StudyTableView;
 
@@ -29,10 +30,15 @@ class StudyPage : public QWidget {
     /// Another model or question; what is shown is then out of date until Compute. No input: there
     /// is nothing to study, as `why` says at once.
     void SetInput(std::optional<StudyInput> input, const std::string& why = {});
-    /// Computes, in the background, unless what is shown is up to date or being computed.
+    /// Computes, in the background, unless what is shown is up to date or being computed, or the
+    /// user has cancelled it.
     void Compute();
     /// What is being computed is given up.
+    void GiveUp();
+    /// The same on the user's word: the page says so, and computes its present input only when
+    /// ComputeAgain asks for it.
     void Cancel();
+    void ComputeAgain();
 
     /// Whether the page is to stand in the report of the model.
     void SetInReport(bool inReport) { m_inReport = inReport; }
@@ -40,6 +46,11 @@ class StudyPage : public QWidget {
 
     [[nodiscard]] bool IsOutOfDate() const { return m_outOfDate; }
     [[nodiscard]] bool IsBusy() const { return m_work.IsRunning(); }
+    /// Busy with what will be shown.
+    [[nodiscard]] bool IsComputing() const { return m_computing; }
+    [[nodiscard]] bool IsCancelled() const { return m_cancelled; }
+    /// Of what is being computed.
+    [[nodiscard]] WorkProgress Progress() const { return m_work.Progress(); }
 
     /// Those that are shown, the most important one first.
     [[nodiscard]] std::vector<StudyTableView*> Tables() const;
@@ -54,7 +65,7 @@ class StudyPage : public QWidget {
     /// IsOutOfDate or IsBusy may have changed.
     void StateChanged();
     void SaveAsked(const quarnel02::ShownTable& table);
-    void PictureSaveAsked(const quarnel02::StudyPicture& picture);
+    void PictureAsked(const quarnel02::StudyPicture& picture, quarnel02::PictureCommand command);
 
   protected:
     /// Computes the page from its input; runs in another thread, so it takes along what the
@@ -80,6 +91,7 @@ class StudyPage : public QWidget {
 
   private:
     void NoteCurrent();
+    void SayInstead(const QString& text);
 
     QWidget* m_contents;
     QPlainTextEdit* m_text;
@@ -89,6 +101,7 @@ class StudyPage : public QWidget {
     bool m_inReport = false;
     std::string m_subject;
     bool m_computing = false;  ///< for the input as it is
+    bool m_cancelled = false;  ///< by the user, for the input as it is
     BackgroundWork m_work;     ///< the last member: its thread ends first
 };
 

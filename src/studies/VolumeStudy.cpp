@@ -80,11 +80,12 @@ std::vector<VolumeRange> Filtered(const std::vector<VolumeRange>& ranges,
 
 VolumeStudy StudyVolumes(const PreparedLine& line, const VolumeSpan& span,
                          const StudyWatch& watch) {
-    VolumeStudy study{VolumeRanges(line, span, watch), {}, {}};
+    constexpr double all_classes = 0.6;  // of the work
+    VolumeStudy study{VolumeRanges(line, span, watch.Part(0, all_classes)), {}, {}};
     if (study.Ranges.empty()) {
         study.WhyNone = NoRangeText(line, span);
     } else {
-        study.ByType = RangesByType(line.Model, span, watch);
+        study.ByType = RangesByType(line.Model, span, watch.Part(all_classes, 1));
     }
     return study;
 }

@@ -1,10 +1,7 @@
 #include "studies/frmStudy.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QScreen>
 #include <algorithm>
@@ -15,10 +12,7 @@
 #include "shell/LoadLineModel.h"
 #include "shell/ModelCheck.h"
 #include "shell/StoredScenarios.h"
-#include "studies/ReportSection.h"
 #include "studies/ScenarioStudy.h"
-#include "studies/StudyPicture.h"
-#include "studies/StudyTableView.h"
 #include "ui_frmStudy.h"
 
 namespace quarnel02 {
@@ -56,7 +50,7 @@ StudyPage& frmStudy::CurrentPage() const {
     return *static_cast<StudyPage*>(m_ui->tabStudy->currentWidget());
 }
 
-/// Black on amber in every theme; the marks keep their places, so that nothing moves.
+/// Black on amber in every theme; the mark keeps its place, so that nothing moves.
 void frmStudy::LayOut() {
     constexpr QColor amber(255, 200, 60);
     constexpr QSize lines_and_columns(170, 44);
@@ -67,11 +61,9 @@ void frmStudy::LayOut() {
     m_ui->lblStudyOutOfDate->setPalette(colours);
     m_ui->lblStudyOutOfDate->setAutoFillBackground(true);
     m_ui->lblStudyOutOfDate->setMargin(2);
-    for (QLabel* mark : {m_ui->lblStudyOutOfDate, m_ui->lblBusy}) {
-        QSizePolicy policy = mark->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        mark->setSizePolicy(policy);
-    }
+    QSizePolicy policy = m_ui->lblStudyOutOfDate->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_ui->lblStudyOutOfDate->setSizePolicy(policy);
     LayOutCorner();
     const QSize wanted(lines_and_columns.width() * fontMetrics().averageCharWidth(),
                        lines_and_columns.height() * fontMetrics().lineSpacing());
@@ -95,11 +87,9 @@ void frmStudy::ConnectPages() {
     for (StudyPage* page : Pages()) {
         connect(page, &StudyPage::StateChanged, this, &frmStudy::ShowState);
         connect(page, &StudyPage::SaveAsked, this, [this](const ShownTable& table) {
-            Save(QString::fromStdString(table.Name), {{table}, nullptr});
+            Save(QString::fromStdString(table.Name), {{table}, nullptr, {}});
         });
-        connect(page, &StudyPage::PictureSaveAsked, this, [this](const StudyPicture& picture) {
-            Save(m_ui->tabStudy->tabText(m_ui->tabStudy->currentIndex()), {{}, &picture.Shown()});
-        });
+        connect(page, &StudyPage::PictureAsked, this, &frmStudy::TakeOut);
     }
     connect(m_ui->barQuestion, &QuestionBar::Changed, this, [this] {
         m_chosen = true;
@@ -114,18 +104,31 @@ void frmStudy::ConnectPages() {
     connect(m_ui->chkInReport, &QCheckBox::clicked, this,
             [this](bool ticked) { CurrentPage().SetInReport(ticked); });
     connect(m_ui->cmdCopy, &QPushButton::clicked, this, &frmStudy::CopyTables);
-    connect(m_ui->cmdSave, &QPushButton::clicked, this, [this] {
-        const auto pictures = CurrentPage().Pictures();
-        Save(m_ui->tabStudy->tabText(m_ui->tabStudy->currentIndex()),
-             {TablesOfPage(), pictures.empty() ? nullptr : &pictures.front()->Shown()});
-    });
+    connect(m_ui->cmdSave, &QPushButton::clicked, this, &frmStudy::SavePage);
+    connect(m_ui->rowProgress, &ProgressRow::CancelAsked, this, [this] { CurrentPage().Cancel(); });
+    connect(m_ui->rowProgress, &ProgressRow::ComputeAsked, this,
+            [this] { CurrentPage().ComputeAgain(); });
     connect(m_ui->pagScenarios, &ScenariosPage::Edited, this, &frmStudy::StoreScenarios);
     AddStep(QKeySequence::Undo, &EditHistory::Undo);
     AddStep(QKeySequence::Redo, &EditHistory::Redo);
-    auto* close_window = new QAction(this);
-    close_window->setShortcuts({QKeySequence::Close, QKeySequence(Qt::Key_Escape)});
-    connect(close_window, &QAction::triggered, this, &QWidget::close);
-    addAction(close_window);
+    AddKey(QKeySequence::Close, [this] { close(); });
+    AddKey(Qt::Key_Escape, [this] { CancelOrClose(); });
+}
+
+void frmStudy::AddKey(const QKeySequence& key, const std::function<void()>& command) {
+    auto* action = new QAction(this);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, command);
+    addAction(action);
+}
+
+/// What the user waits for is given up first.
+void frmStudy::CancelOrClose() {
+    if (CurrentPage().IsComputing()) {
+        CurrentPage().Cancel();
+    } else {
+        close();
+    }
 }
 
 void frmStudy::AddStep(QKeySequence::StandardKey key, HistoryStep step) {
@@ -307,53 +310,11 @@ void frmStudy::ComputePage() {
 void frmStudy::ShowState() {
     const StudyPage& page = CurrentPage();
     m_ui->lblStudyOutOfDate->setVisible(page.IsOutOfDate());
-    m_ui->lblBusy->setVisible(page.IsBusy());
+    m_ui->rowProgress->Follow(page);
     m_ui->chkInReport->setChecked(page.IsInReport());
     const bool tables = !page.Tables().empty();
     m_ui->cmdCopy->setEnabled(tables);
     m_ui->cmdSave->setEnabled(tables);
-}
-
-std::vector<DocumentPart> frmStudy::ReportParts() const {
-    std::vector<DocumentPart> parts;
-    for (StudyPage* page : Pages()) {
-        if (page->IsInReport()) {
-            const QString name = m_ui->tabStudy->tabText(m_ui->tabStudy->indexOf(page));
-            for (DocumentPart& part : ReportSection(*page, name.toStdString())) {
-                parts.push_back(std::move(part));
-            }
-        }
-    }
-    return parts;
-}
-
-std::vector<ShownTable> frmStudy::TablesOfPage() const {
-    std::vector<ShownTable> tables;
-    for (const StudyTableView* view : CurrentPage().Tables()) {
-        tables.push_back(view->Table());
-    }
-    return tables;
-}
-
-/// One below the other, with an empty row between.
-void frmStudy::CopyTables() {
-    QString text;
-    for (const ShownTable& table : TablesOfPage()) {
-        text += (text.isEmpty() ? QString() : QStringLiteral("\n")) +
-                QString::fromStdString(WriteTabbed(BlockOf(table)));
-    }
-    QGuiApplication::clipboard()->setText(text);
-}
-
-/// Proposed beside the model, as "pump-Volumes".
-void frmStudy::Save(const QString& name, const SavedParts& parts) {
-    const QString directory =
-        m_current.Dir.empty() ? QDir::homePath() : QString::fromStdString(m_current.Dir);
-    const QString model =
-        m_current.File.empty()
-            ? QStringLiteral("Untitled")
-            : QFileInfo(QString::fromStdString(m_current.File)).completeBaseName();
-    AskAndSave(this, QDir(directory).filePath(model + QLatin1Char('-') + name), parts);
 }
 
 void frmStudy::showEvent(QShowEvent* event) {
@@ -367,7 +328,7 @@ void frmStudy::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     m_pause.stop();
     for (StudyPage* page : Pages()) {
-        page->Cancel();
+        page->GiveUp();
     }
 }
 

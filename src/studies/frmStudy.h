@@ -69,9 +69,17 @@ class frmStudy : public QWidget {
     [[nodiscard]] std::string Obstacle() const;
     void ComputePage();
     void ShowState();
+    void AddKey(const QKeySequence& key, const std::function<void()>& command);
+    void CancelOrClose();
     void CopyTables();
+    void SavePage();
     void Save(const QString& name, const SavedParts& parts);
+    void TakeOut(const StudyPicture& picture, PictureCommand command);
+    void NoteSaved(const std::function<std::optional<QString>()>& save);
+    [[nodiscard]] QString ProposedDirectory() const;
+    [[nodiscard]] QString ProposedName(const QString& what) const;
     [[nodiscard]] std::vector<ShownTable> TablesOfPage() const;
+    [[nodiscard]] QString NameOf(StudyPage& page) const;
     [[nodiscard]] std::vector<StudyPage*> Pages() const;
     [[nodiscard]] StudyPage& CurrentPage() const;
 

@@ -82,6 +82,37 @@ TEST(BackgroundWork, OnlyTheNewestIsShown) {
     EXPECT_EQ(shown, std::vector<int>{3});
 }
 
+TEST(BackgroundWork, SaysHowFarItHasCome) {
+    constexpr double half = 0.5;
+    std::atomic<bool> go_on = false;
+    BackgroundWork work;
+    EXPECT_EQ(work.Progress().Share, 0);
+    const auto begin = [&](double share) {
+        go_on = false;
+        work.Start([&, share](const StudyWatch& watch) -> Show {
+            watch.Look(share);
+            while (!go_on) {
+                std::this_thread::yield();
+            }
+            return {};
+        });
+    };
+    begin(half);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return work.Progress().Share == half; }));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return work.Progress().Elapsed > std::chrono::milliseconds(10); }));
+    work.Start([](const StudyWatch& /*watch*/) -> Show { return {}; });
+    EXPECT_EQ(work.Progress().Share, 0);  // of the one that waits
+    EXPECT_EQ(work.Progress().Elapsed.count(), 0);
+    go_on = true;
+    WaitUntilIdle(work);
+    EXPECT_EQ(work.Progress().Share, 0);
+    begin(0);
+    EXPECT_EQ(work.Progress().Share, 0);
+    go_on = true;
+    WaitUntilIdle(work);
+}
+
 TEST(BackgroundWork, ShowsNothingOnceItIsCancelled) {
     Stubborn first;
     int shown = 0;

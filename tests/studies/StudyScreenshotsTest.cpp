@@ -81,6 +81,25 @@ TEST_F(StudyScreenshots, TheDemandDistribution) {
     KeepTabs("expected");
 }
 
+TEST_F(StudyScreenshots, LongWorkAndItsEnd) {
+    constexpr int tasks = 30;
+    StartWith(tasks);
+    Open();
+    Choose("cboDesign", 1);
+    Part<QTabWidget>("tabStudy").setCurrentIndex(static_cast<int>(Tab::Sensitivity));
+    constexpr int patience = 60000;
+    const auto& left = Part<QLabel>("lblTimeLeft");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !left.text().isEmpty(); }, patience));
+    QCoreApplication::processEvents();
+    test::ExpectNothingClipped(*Study, "");
+    test::KeepScreenshot(*Study, "study-computing");
+    QTest::mouseClick(&Part<QPushButton>("cmdCancelStudy"), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !Page().IsBusy(); }));
+    test::ExpectNothingClipped(*Study, "");
+    test::KeepScreenshot(*Study, "study-cancelled");
+    EXPECT_TRUE(Page().IsCancelled());
+}
+
 TEST_F(StudyScreenshots, NoLine) {
     StartPump();
     Open();
