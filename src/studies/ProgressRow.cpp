@@ -33,7 +33,7 @@ void ProgressRow::Follow(const StudyPage& page) {
     } else {
         m_tick.stop();
     }
-    m_ui->lblBusy->setText(StateText());
+    m_ui->lblBusy->Show(StateText());
     for (QWidget* part :
          {static_cast<QWidget*>(m_ui->prgStudy), static_cast<QWidget*>(m_ui->lblTimeLeft),
           static_cast<QWidget*>(m_ui->cmdCancelStudy)}) {
@@ -45,7 +45,7 @@ void ProgressRow::Follow(const StudyPage& page) {
 
 void ProgressRow::Say(const QString& text) {
     m_said = text;
-    m_ui->lblBusy->setText(StateText());
+    m_ui->lblBusy->Show(StateText());
 }
 
 QString ProgressRow::StateText() const {
@@ -55,7 +55,11 @@ QString ProgressRow::StateText() const {
     if (!m_said.isEmpty()) {
         return m_said;
     }
-    return m_page != nullptr && m_page->IsCancelled() ? QStringLiteral("Cancelled") : QString();
+    if (m_page == nullptr) {
+        return {};
+    }
+    return m_page->IsCancelled() ? QStringLiteral("Cancelled")
+                                 : QString::fromStdString(m_page->Subject());
 }
 
 void ProgressRow::ShowProgress() {

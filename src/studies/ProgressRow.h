@@ -12,7 +12,8 @@ namespace Ui {
 class ProgressRow;
 }
 
-/// How far a tab has come, with what ends its work, and what starts it again.
+/// What a tab shows is about, or how far its work has come, with what ends the work and what starts
+/// it again.
 class ProgressRow : public QWidget {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ProgressRow)
