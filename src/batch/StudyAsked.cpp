@@ -43,13 +43,9 @@ int UsualLastVolume(const SolveRequest& request, const LineModel& model) {
 
 }  // namespace
 
-FixedDemandRequest FixedRequestOf(BatchForm& form, const SolveRequest& request,
-                                  const LineModel& model) {
+FixedDemandRequest FixedRequestOf(BatchForm& form, const SolveRequest& request) {
     const FixedDemandAnswers answers = AnswersOf(form, request);
-    const FixedDemandRequest fixed{TextToDouble(answers.Demand, "Fixed Demand"), answers.Shifts,
-                                   StationLimitOf(request)};
-    static_cast<void>(WorkloadOf(fixed, model.Parameters()));  // refuses volumes
-    return fixed;
+    return {TextToDouble(answers.Demand, "Fixed Demand"), answers.Shifts, StationLimitOf(request)};
 }
 
 VolumeSpan SpanOf(const SolveRequest& request, const LineModel& model) {

@@ -86,7 +86,7 @@ class Study {
     }
 
     [[nodiscard]] StudyFindings Alternatives() {
-        const FixedDemandRequest request = FixedRequestOf(m_form, m_request, Model());
+        const FixedDemandRequest request = FixedRequestOf(m_form, m_request);
         const std::vector<Alternative> best = AlternativesFor(m_line, request);
         StudyFindings findings{AlternativesTable(Model(), best), Json::object(), "", true, ""};
         NoteRequest(findings, request);
@@ -167,7 +167,7 @@ class Study {
     }
 
     [[nodiscard]] StudyFindings Sensitivity() {
-        const FixedDemandRequest request = FixedRequestOf(m_form, m_request, Model());
+        const FixedDemandRequest request = FixedRequestOf(m_form, m_request);
         StudyFindings findings{SensitivityTable(SensitivityOf(m_line, request, ShareOf(m_request))),
                                Json::object(), "", true, ""};
         NoteRequest(findings, request);
@@ -185,7 +185,7 @@ class Study {
     [[nodiscard]] StudyFindings Scenarios() {
         DesignOrder base{Model(), {}};
         if (!m_request.Stochastic) {
-            base.Fixed = FixedRequestOf(m_form, m_request, Model());
+            base.Fixed = FixedRequestOf(m_form, m_request);
         }
         const std::vector<ScenarioOutcome> outcomes =
             SolveScenarios(base, ReadScenarios(m_form.OpenWorkingCopy()));
@@ -196,9 +196,8 @@ class Study {
     }
 
     [[nodiscard]] StudyFindings ExplainWhyNot() {
-        const FixedDemandRequest request = m_request.Stochastic
-                                               ? LeastExpectedRequest(Model())
-                                               : FixedRequestOf(m_form, m_request, Model());
+        const FixedDemandRequest request = m_request.Stochastic ? LeastExpectedRequest(Model())
+                                                                : FixedRequestOf(m_form, m_request);
         const WhyNot why = ExplainNoLine(m_line, request);
         StudyFindings findings{WhyNotTable(why), Json::object(), "", true, ""};
         findings.Notes =

@@ -78,6 +78,10 @@ TEST_F(ModelSpared, ByAPicture) {
         ExpectRefused(model, {"--stochastic", "--out", File("out"), "--pictures"}, name);
         fs::remove(Run.File("out") / name);
     }
+    fs::create_hard_link(model, Run.File("out/line.svg"));
+    const auto result = Run({model, "--shifts", "1", "--demand", "100000", "--out", File("out")});
+    EXPECT_EQ(result.Status, 0) << result.Err;  // without pictures nothing is written there
+    EXPECT_TRUE(fs::equivalent(model, Run.File("out/line.svg")));
 }
 
 TEST_F(ModelSpared, ByRunFiles) {

@@ -240,6 +240,8 @@ TEST(SolveProgramErrors, CannotMakeADirectoryOfAFile) {
         ExpectError(run({model, "--shifts", "1", "--demand", "100000", "--out", out}),
                     {"--out", out});
     }
+    ExpectError(run({model, "--shifts", "1", "--out", PathText(run.File("file"))}),
+                {"file cannot be made a directory. Name another."});  // before anything else
     EXPECT_EQ(ReadFile(run.File("file")), "x");
 }
 
