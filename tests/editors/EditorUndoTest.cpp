@@ -73,6 +73,22 @@ TEST_F(EditorUndo, InTheMainWindowTakesBackAddingARecordWithItsCountInOneStep) {
     EXPECT_FALSE(IsStarred());
 }
 
+TEST_F(EditorUndo, OfOneOfTheRecordsAddedLeavesTheCountOfTheOthers) {
+    StartWithTasks();
+    EditTasks([&] {
+        Press("cmdAddNew");
+        Press("cmdAddNew");
+        Press("cmdOK");
+    });
+    EXPECT_EQ(Box("txtTasks").text().toStdString(), "4");
+    Item("mnuEditUndo").trigger();
+    EXPECT_EQ(Box("txtTasks").text().toStdString(), "3");
+    EXPECT_EQ(Tasks().size(), 3U);
+    EXPECT_THAT(Copy->RowsOf("SELECT Tasks FROM Gen;", 1), ElementsAre("3"));
+    Item("mnuEditUndo").trigger();
+    EXPECT_EQ(Box("txtTasks").text().toStdString(), "2");
+}
+
 TEST_F(EditorUndo, ReachesFromAnEditorIntoTheParameters) {
     StartWithTasks();
     Type("txtDays", "111");
