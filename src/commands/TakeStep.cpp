@@ -8,15 +8,16 @@ namespace quarnel02 {
 
 namespace {
 
+InputTables Counted(InputTables tables) {
+    CountRecords(tables);
+    return tables;
+}
+
 /// An editor has Gen count its records when it closes, so between two steps of one visit they are
 /// not counted yet. What a model began with stays, whatever its counts.
-void CountRecordsAfter(const InputTables& before, const Database& database, bool isStart) {
-    InputTables now = ReadInputTables(database);
-    const bool others =
-        now.Tasks.size() != before.Tasks.size() || now.Resources.size() != before.Resources.size();
-    if (others && !isStart) {
-        CountRecords(now);
-        WriteInputTables(database, now);
+void KeepCounted(const InputTables& before, const Database& database, bool isStart) {
+    if (!isStart && before == Counted(before)) {
+        WriteInputTables(database, Counted(ReadInputTables(database)));
     }
 }
 
@@ -27,7 +28,7 @@ void TakeStep(MainForm& form, EditHistory& history, HistoryStep step) {
     const std::uint64_t before = line();
     const InputTables tables = ReadInputTables(form.OpenWorkingCopy());
     (history.*step)();
-    CountRecordsAfter(tables, form.OpenWorkingCopy(), !history.CanUndo());
+    KeepCounted(tables, form.OpenWorkingCopy(), !history.CanUndo());
     if (line() != before) {
         ShowInputs(form);
     }

@@ -9,7 +9,7 @@ namespace quarnel02 {
 using HistoryStep = void (EditHistory::*)();
 
 /// Takes a step, and shows what has been entered anew where the line has become another one: marks
-/// on the network survive a step of scenarios. Gen counts the records that a step brings or takes.
+/// on the network survive a step of scenarios. Where Gen counts the records it goes on to.
 /// Throws as the step and ShowInputs do.
 void TakeStep(MainForm& form, EditHistory& history, HistoryStep step);
 

@@ -89,6 +89,25 @@ TEST_F(EditorUndo, OfOneOfTheRecordsAddedLeavesTheCountOfTheOthers) {
     EXPECT_EQ(Box("txtTasks").text().toStdString(), "2");
 }
 
+TEST_F(EditorUndo, OfAnEditOfAnAddedRecordLeavesItCounted) {
+    StartWithTasks();
+    EditTasks([&] {
+        Press("cmdAddNew");
+        Put("txtDescription", "Gamma");
+        Press("cmdSave");
+        Press("cmdOK");
+    });
+    Item("mnuEditUndo").trigger();
+    EXPECT_EQ(Box("txtTasks").text().toStdString(), "3");
+    EXPECT_THAT(Copy->RowsOf("SELECT Tasks FROM Gen;", 1), ElementsAre("3"));
+    Item("mnuEditRedo").trigger();
+    EXPECT_THAT(Copy->RowsOf("SELECT Tasks FROM Gen;", 1), ElementsAre("3"));
+    Item("mnuEditUndo").trigger();
+    Item("mnuEditUndo").trigger();
+    EXPECT_THAT(Copy->RowsOf("SELECT Tasks FROM Gen;", 1), ElementsAre("2"));
+    EXPECT_FALSE(Item("mnuEditUndo").isEnabled());
+}
+
 TEST_F(EditorUndo, ReachesFromAnEditorIntoTheParameters) {
     StartWithTasks();
     Type("txtDays", "111");
