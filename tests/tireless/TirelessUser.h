@@ -15,7 +15,6 @@
 #include "tireless/UserFiles.h"
 
 class QAbstractItemView;
-class QComboBox;
 class QDialog;
 class QLineEdit;
 class QMenu;
@@ -71,8 +70,6 @@ class TirelessUser : public QObject {
     void AskForContextMenu(QWidget& top);
     void Click(QWidget& widget, QPoint place, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
-    template <class Kind>
-    [[nodiscard]] std::vector<Kind*> Usable(QWidget& top) const;
     template <class Choice>
     const Choice& OneOf(const std::vector<Choice>& choices) {
         return choices[static_cast<std::size_t>(m_dice(0, static_cast<int>(choices.size()) - 1))];
