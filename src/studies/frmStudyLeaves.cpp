@@ -17,7 +17,7 @@ namespace quarnel02 {
 
 namespace {
 
-QString MarkOf(const StudyPage& page) {
+QString StateMark(const StudyPage& page) {
     return page.IsOutOfDate() ? QStringLiteral(" (out of date)") : QString();
 }
 
@@ -55,7 +55,7 @@ void frmStudy::CopyTables() {
                 QString::fromStdString(WriteTabbed(BlockOf(table)));
     }
     QGuiApplication::clipboard()->setText(text);
-    m_ui->rowProgress->Say(QStringLiteral("Copied: the tables") + MarkOf(CurrentPage()));
+    m_ui->rowProgress->Say(QStringLiteral("Copied: the tables") + StateMark(CurrentPage()));
 }
 
 void frmStudy::SavePage() {
@@ -73,7 +73,7 @@ void frmStudy::Save(const QString& name, const SavedParts& parts) {
 }
 
 void frmStudy::TakeOut(const StudyPicture& picture, PictureCommand command) {
-    const QString title = picture.accessibleName() + MarkOf(CurrentPage());
+    const QString title = picture.accessibleName() + StateMark(CurrentPage());
     const TitledPicture titled{picture.Shown(), title, m_form.Text(TextBox::txtProduct)};
     switch (command) {
         case PictureCommand::Copy:
