@@ -7,7 +7,7 @@ namespace quarnel02 {
 
 /// The style paints the line without its text; volume and probability end at 48 and 92 % of it.
 void DemandListColumns::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const {
+                              const QModelIndex& index) const {
     constexpr double volume_end = 0.48;
     constexpr double probability_end = 0.92;
     QStyleOptionViewItem line = option;

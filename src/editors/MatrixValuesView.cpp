@@ -152,7 +152,8 @@ void MatrixValuesView::Widen(int first, int last) {
 }
 
 QSize MatrixValuesView::sizeHint() const {
-    const int columns = std::min(model() == nullptr ? 0 : model()->columnCount(), kVisibleResources);
+    const int columns =
+        std::min(model() == nullptr ? 0 : model()->columnCount(), kVisibleResources);
     const int rows = std::min(model() == nullptr ? 0 : model()->rowCount(), kVisibleTasks);
     int width = 0;
     for (int column = 0; column < columns; ++column) {

@@ -130,8 +130,8 @@ TEST_F(ConvertProgram, WritesAModelFileAsWhatItWas) {
 
 TEST_F(ConvertProgram, SaysThatAccessDatabasesHoldNoScenarios) {
     const std::string model =
-        Run.Make("more.mdb", std::string(kRows) +
-                                 "INSERT INTO Scenarios VALUES ('A', 'ACF +1%'), ('B', '');");
+        Run.Make("more.mdb",
+                 std::string(kRows) + "INSERT INTO Scenarios VALUES ('A', 'ACF +1%'), ('B', '');");
     const ProgramResult result = Convert(model, File("access.mdb"), {"--format", "access"});
     EXPECT_EQ(result.Status, 0);
     EXPECT_EQ(result.Err, "quarnel02-convert: " + File("access.mdb") +

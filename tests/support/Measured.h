@@ -67,9 +67,9 @@ inline Measured MeasuredRun(const std::function<void()>& action) {
     return result;
 }
 
-/// Whatever a file holds, the program is done with it in 3 seconds and 300 MB; half as much again is
-/// allowed, because a processor that others use, too, takes longer for the same. Other builds than
-/// the one that users have are slower, and sanitizers keep memory of their own.
+/// Whatever a file holds, the program is done with it in 3 seconds and 300 MB; half as much again
+/// is allowed, because a processor that others use, too, takes longer for the same. Other builds
+/// than the one that users have are slower, and sanitizers keep memory of their own.
 inline void ExpectModest(const Measured& run) {
     constexpr double most_seconds = kIsSanitized ? 30 : kIsOptimised ? 4.5 : 9;
     constexpr double most_megabytes = 300;
