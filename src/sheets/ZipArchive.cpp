@@ -59,7 +59,7 @@ bool ZipArchive::Has(const std::string& name) const {
 
 std::string ZipArchive::Read(const std::string& name) const {
     std::string content;
-    Unpack(name, [&](std::size_t size) {
+    Unpack(name, [&](std::size_t size) -> char* {
         content.resize(size);
         return content.data();
     });
