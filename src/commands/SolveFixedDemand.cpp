@@ -7,15 +7,16 @@
 #include "basic/NumberFormat.h"
 #include "basic/Numbers.h"
 #include "basic/ScopeGuard.h"
+#include "charts/StationLoad.h"
 #include "fixed/CostPathways.h"
 #include "fixed/DrawLinks.h"
-#include "fixed/DrawLoad.h"
 #include "fixed/FindBestPath.h"
 #include "fixed/GeneratePathways.h"
 #include "fixed/WriteSolutionSummary.h"
 #include "shell/LoadLineModel.h"
 #include "shell/ModelCheck.h"
 #include "shell/Reports.h"
+#include "study/LineTable.h"
 
 namespace quarnel02 {
 
@@ -90,11 +91,13 @@ void ShowLine(MainForm& form, const Database& database, const LineModel& model,
               const FixedDemandOrder& order, LineEnd end) {
     const std::string cost =
         WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
-    DrawLoad(database, model, order.Request, form.picLoad);
+    const std::vector<StationGroup> groups = ChosenGroups(database);
+    DrawStationLoad(form.picLoad, model,
+                    TableOf(model, groups, BasisOf(order.Request, model.Parameters())));
     form.LastDesign = NewDesign(database, DesignCaption(order.Request, end),
                                 form.Text(TextBox::txtProduct), order.Request);
     form.LastDesign->Cost = cost;
-    form.LastDesign->Line = DesignedLine{model, ChosenGroups(database)};
+    form.LastDesign->Line = DesignedLine{model, groups};
     OpenReport(form.Copy(), kRunReport, form);
     if (end.LeavesTasksOut()) {
         form.ShowMessage(LeftOutText(end), MessageIcon::Critical);

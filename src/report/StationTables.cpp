@@ -25,25 +25,6 @@ std::string Percent(double share) {
     return Format(share * kPercent, "0.0");
 }
 
-/// "1 Insert pin; 2 Press bearing"
-std::string TaskTexts(const LineModel& model, const StationGroup& group) {
-    std::string text;
-    for (int task = group.FirstTask; task <= group.LastTask; ++task) {
-        const Task& one = model.Tasks()[static_cast<std::size_t>(task) - 1];
-        text += (text.empty() ? "" : "; ") + NumberText(task) +
-                (one.Description.empty() ? "" : " " + one.Description);
-    }
-    return text;
-}
-
-std::string ToolTexts(const StationRow& station) {
-    std::string text;
-    for (const int tool : station.Tools) {
-        text += (text.empty() ? "" : ", ") + NumberText(tool);
-    }
-    return text;
-}
-
 std::vector<std::string> CostCells(std::string first, std::string name, const CostFigures& figures,
                                    double share) {
     std::vector<std::string> cells = {std::move(first), std::move(name)};
@@ -71,8 +52,8 @@ TablePart StationWorkTable(const LineModel& model, const LineTable& line) {
     for (const StationRow& station : line.Rows) {
         table.Rows.push_back({NumberText(++number), station.Resource,
                               NumberText(station.Group.Stations), TaskTexts(model, station.Group),
-                              ToolTexts(station), SecondFigure(station.Time), Percent(station.Load),
-                              SecondFigure(station.Idle)});
+                              ToolNumbersText(station.Tools), SecondFigure(station.Time),
+                              Percent(station.Load), SecondFigure(station.Idle)});
     }
     return table;
 }

@@ -33,25 +33,6 @@ std::optional<LineStudy> StudyFixed(const StudyInput& input) {
         DecimalOfSingle(line->Cost)};
 }
 
-/// "1 Insert pin; 2 Press bearing"
-std::string TaskTexts(const LineModel& model, const StationGroup& group) {
-    std::string text;
-    for (int task = group.FirstTask; task <= group.LastTask; ++task) {
-        const Task& one = model.Tasks()[static_cast<std::size_t>(task) - 1];
-        text += (text.empty() ? "" : "; ") + NumberText(task) +
-                (one.Description.empty() ? "" : " " + one.Description);
-    }
-    return text;
-}
-
-std::string ToolsText(const std::vector<int>& tools) {
-    std::string text;
-    for (const int tool : tools) {
-        text += (text.empty() ? "" : ", ") + NumberText(tool);
-    }
-    return text;
-}
-
 void AddFigures(std::vector<ShownCell>& row, const CostFigures& figures) {
     for (const double figure :
          {figures.Investment, figures.Capital, figures.Machine, figures.Labour, figures.Total}) {
@@ -66,7 +47,7 @@ std::vector<ShownCell> StationCells(const LineModel& model, const StationRow& st
                                   WholeCell(group.Stations),
                                   TextCell(TaskRangeText(group.FirstTask, group.LastTask)),
                                   TextCell(TaskTexts(model, group)),
-                                  TextCell(ToolsText(station.Tools)),
+                                  TextCell(ToolNumbersText(station.Tools)),
                                   HundredthsCell(station.Time),
                                   PercentCell(station.Load),
                                   HundredthsCell(station.Idle)};

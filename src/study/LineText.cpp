@@ -23,6 +23,24 @@ std::string GroupText(const LineModel& model, const StationGroup& group) {
     return name + quantity + " " + TaskRangeText(group.FirstTask, group.LastTask);
 }
 
+std::string TaskTexts(const LineModel& model, const StationGroup& group) {
+    std::string text;
+    for (int task = group.FirstTask; task <= group.LastTask; ++task) {
+        const Task& one = model.Tasks()[static_cast<std::size_t>(task) - 1];
+        text += (text.empty() ? "" : "; ") + NumberText(task) +
+                (one.Description.empty() ? "" : " " + one.Description);
+    }
+    return text;
+}
+
+std::string ToolNumbersText(std::span<const int> tools) {
+    std::string text;
+    for (const int tool : tools) {
+        text += (text.empty() ? "" : ", ") + NumberText(tool);
+    }
+    return text;
+}
+
 std::string LineText(const LineModel& model, std::span<const StationGroup> groups) {
     std::string text;
     for (const StationGroup& group : groups) {
