@@ -6,7 +6,6 @@
 #include <exception>
 
 #include "basic/RunTimeError.h"
-#include "commands/LoadModel.h"
 #include "widgets/Dialogs.h"
 #include "widgets/HeldKeys.h"
 
@@ -26,8 +25,8 @@ EditorDialog::EditorDialog(MainForm& form, EditHistory& history, QWidget* parent
     : QDialog(parent),
       m_form(form),
       m_history(history),
-      m_undo(AddStepAction(QKeySequence::Undo, [](EditHistory& steps) { steps.Undo(); })),
-      m_redo(AddStepAction(QKeySequence::Redo, [](EditHistory& steps) { steps.Redo(); })) {
+      m_undo(AddStepAction(QKeySequence::Undo, &EditHistory::Undo)),
+      m_redo(AddStepAction(QKeySequence::Redo, &EditHistory::Redo)) {
     WatchKeys();
     setModal(true);
     ShowSteps();
@@ -39,8 +38,7 @@ QAction* EditorDialog::AddStepAction(QKeySequence::StandardKey key, HistoryStep 
     addAction(action);
     connect(action, &QAction::triggered, this, [this, step] {
         RunEvent([this, step] {
-            step(m_history);
-            ShowInputs(m_form);
+            TakeStep(m_form, m_history, step);
             ShowAgain();
         });
     });

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "commands/EditHistory.h"
+#include "commands/TakeStep.h"
 #include "shell/MainForm.h"
 
 class QAction;
@@ -44,7 +44,6 @@ class EditorDialog : public QDialog {
   private:
     [[nodiscard]] bool TryFinish();
     bool Attempt(const std::function<void()>& event);
-    using HistoryStep = void (*)(EditHistory&);
     QAction* AddStepAction(QKeySequence::StandardKey key, HistoryStep step);
     void ShowSteps();
 

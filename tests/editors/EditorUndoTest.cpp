@@ -108,6 +108,23 @@ TEST_F(EditorUndo, OfAnEditOfAnAddedRecordLeavesItCounted) {
     EXPECT_FALSE(Item("mnuEditUndo").isEnabled());
 }
 
+TEST_F(EditorUndo, InAnotherEditorCountsTheRecordsThatItBringsBack) {
+    StartWithTasks();
+    EditTasks([&] {
+        Press("cmdAddNew");
+        Press("cmdDelete");
+        ASSERT_THAT(Tasks(), ElementsAre("1|Alpha", "2|Beta"));
+        Press("cmdOK");
+    });
+    EditMatrix([&] {
+        Undo();
+        EXPECT_EQ(Tasks().size(), 3U);
+        Press("cmdCancel");
+    });
+    EXPECT_THAT(Copy->RowsOf("SELECT Tasks FROM Gen;", 1), ElementsAre("3"));
+    EXPECT_EQ(Box("txtTasks").text().toStdString(), "3");
+}
+
 TEST_F(EditorUndo, ReachesFromAnEditorIntoTheParameters) {
     StartWithTasks();
     Type("txtDays", "111");
