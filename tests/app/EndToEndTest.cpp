@@ -176,6 +176,45 @@ TEST_F(EndToEnd, TakesNoOptionForAFile) {
     EXPECT_THAT(Program.readAllStandardError().toStdString(), HasSubstr("Usage: quarnel02 [FILE]"));
 }
 
+/// The year's days in a model; 0 while it cannot be read.
+double DaysIn(const fs::path& model) {
+    try {
+        return Database::Open(model).OpenRecordSet("SELECT Days FROM Gen;").Number("Days");
+    } catch (const std::exception&) {
+        return 0;
+    }
+}
+
+TEST_F(EndToEnd, KilledAtAnyMomentOfItsStartItStartsAgain) {
+    for (const int milliseconds : {0, 20, 40, 80, 160, 320}) {
+        Start(Program);
+        QTest::qWait(milliseconds);
+        Program.kill();
+        ASSERT_TRUE(Program.waitForFinished());
+    }
+    StartAndOpenPump();
+    EXPECT_FALSE(fs::exists(Folder / "Recovered"));
+}
+
+TEST_F(EndToEnd, KilledAtWorkItOffersThatWorkAtTheNextStart) {
+    StartAndOpenPump();
+    Display.Key("alt+y");
+    Display.Type("200");
+    Display.Key("Return");
+    ASSERT_TRUE(test::WaitUntil([&] { return DaysIn(Folder / "working.seq") == 200; }));
+    Program.kill();
+    ASSERT_TRUE(Program.waitForFinished());
+
+    Start(Program);
+    ASSERT_TRUE(test::WaitUntil([&] { return fs::exists(Folder / "Recovered"); }));
+    ASSERT_TRUE(Display.Focus("^Quarnel02$"));
+    EXPECT_NE(DaysIn(Folder / "working.seq"), 200) << "loaded before anybody said so";
+    Display.Key("Return");
+    ASSERT_TRUE(test::WaitUntil([&] { return DaysIn(Folder / "working.seq") == 200; }));
+    EXPECT_NE(DaysIn(Folder / "pump.mdb"), 200);
+    EXPECT_EQ(Program.state(), QProcess::Running);
+}
+
 class UnderOpenbox : public EndToEnd {
   protected:
     UnderOpenbox() : EndToEnd(test::WindowManager::Openbox) {}
