@@ -75,6 +75,12 @@ bool MatrixValuesPage::FinishEditing() {
     return m_ui->grdValues->FinishEditing();
 }
 
+bool MatrixValuesPage::CancelEditing() {
+    const bool edits = m_ui->grdValues->IsEditing();
+    m_ui->grdValues->CancelEditing();
+    return edits;
+}
+
 /// A cell that is being edited is stored as what it was begun as.
 void MatrixValuesPage::Choose(ShownFigure figure) {
     if (FinishEditing()) {

@@ -32,6 +32,8 @@ class MatrixValuesPage : public QWidget {
 
     /// Stores what a cell is being edited to; false, after a message, when it does not fit.
     bool FinishEditing();
+    /// Takes back what a cell is being edited to; whether one was.
+    bool CancelEditing();
 
   signals:
     /// Something was stored; MatrixValues::LastStep says what.

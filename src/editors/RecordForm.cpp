@@ -294,7 +294,11 @@ void RecordForm::TakeBack() {
 }
 
 void RecordForm::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && !IsRepeated(*event) && IsUnsaved()) {
+    const bool escape = event->key() == Qt::Key_Escape && !IsRepeated(*event);
+    SheetView& sheet = m_controls.Sheet->Sheet();
+    if (escape && sheet.IsEditing()) {
+        sheet.CancelEditing();
+    } else if (escape && IsUnsaved()) {
         TakeBack();
     } else {
         EditorDialog::keyPressEvent(event);

@@ -1,10 +1,12 @@
 #include "editors/frmMatrix.h"
 
+#include <QKeyEvent>
 #include <algorithm>
 
 #include "editors/frmTRInfo.h"
 #include "ui_frmMatrix.h"
 #include "widgets/Dialogs.h"
+#include "widgets/HeldKeys.h"
 
 namespace quarnel02 {
 
@@ -172,6 +174,14 @@ void frmMatrix::Commit() {
 void frmMatrix::done(int result) {
     if (m_ui->pageValues->FinishEditing()) {
         EditorDialog::done(result);
+    }
+}
+
+/// Escape takes back first and closes second, wherever the focus is.
+void frmMatrix::keyPressEvent(QKeyEvent* event) {
+    const bool escape = event->key() == Qt::Key_Escape && !IsRepeated(*event);
+    if (!escape || !m_ui->pageValues->CancelEditing()) {
+        EditorDialog::keyPressEvent(event);
     }
 }
 

@@ -29,6 +29,7 @@ class frmMatrix : public EditorDialog {
 
     /// Closes the window unless a text that does not fit is being typed.
     void done(int result) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
     /// Whether the matrix was another when the window was closed than when it opened.
     [[nodiscard]] bool ChangedModel() const { return m_network.Changed(); }

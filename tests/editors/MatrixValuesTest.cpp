@@ -87,6 +87,21 @@ TEST_F(MatrixValuesTab, EscapeTakesTheCellBackFirstAndClosesSecond) {
     EXPECT_EQ(Matrix()[0], "1|1|11.5|3|500");
 }
 
+TEST_F(MatrixValuesTab, EscapeTakesTheCellBackFirstFromWhereverTheFocusIs) {
+    Start(kGrid);
+    EditValues([&] {
+        Go(1, 1);
+        TypeCell("nonsense");
+        Part<QPushButton>("cmdOK").setFocus();
+        Key(Qt::Key_Escape);
+        EXPECT_TRUE(Form->isVisible());
+        EXPECT_EQ(Text(1, 1), "11.5 | 3 | 500");
+        Key(Qt::Key_Escape);
+        EXPECT_FALSE(Form->isVisible());
+    });
+    EXPECT_EQ(Dialogs.Seen.size(), 1U);
+}
+
 TEST_F(MatrixValuesTab, DeleteRemovesPairsAndTheirMarks) {
     Start(kGrid);
     EditMatrix([&] {

@@ -232,5 +232,24 @@ TEST_F(RecordSheetTest, CopiesRecordsToTheClipboard) {
     EXPECT_EQ(LastStep(), "Undo");
 }
 
+TEST_F(RecordSheetTest, LeavesBehindARefusedTextByEscapeFromAnyBox) {
+    Start(test::kFourTasks);
+    EditResources([&] {
+        constexpr int fixed_cost = 3;
+        Key(Qt::Key_F6);
+        Sheet().setCurrentIndex(Sheet().model()->index(0, fixed_cost));
+        Keys("nonsense");
+        Part<QLineEdit>("txtGoTo").setFocus();
+        ASSERT_TRUE(Sheet().IsEditing());
+        Key(Qt::Key_Escape);
+        EXPECT_FALSE(Sheet().IsEditing());
+        EXPECT_TRUE(Form->isVisible());
+        EXPECT_EQ(Cell(0, fixed_cost), "0");
+        Key(Qt::Key_Escape);
+        EXPECT_FALSE(Form->isVisible());
+    });
+    EXPECT_EQ(Dialogs.Seen.size(), 1U);
+}
+
 }  // namespace
 }  // namespace quarnel02
