@@ -111,6 +111,7 @@ void TirelessUser::Visit(QPointer<QWidget> front) {
 void TirelessUser::LeaveBehind(const QPointer<QWidget>& front) {
     constexpr int most_tries = 3;
     for (int i = 0; i < most_tries && front && front->isVisible(); ++i) {
+        Note("leave", "Escape in " + NameOf(HearerIn(*front)));
         Press(*front, Qt::Key_Escape);
     }
     if (front && front->isVisible()) {

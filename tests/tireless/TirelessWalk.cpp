@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTest>
 #include <stdexcept>
 
@@ -18,6 +19,17 @@ namespace {
 constexpr int kMostTasks = 8;
 constexpr int kMostResources = 4;
 constexpr int kMostSteps = 2000;
+
+/// A button that was pressed by its letter clicks a moment later.
+bool IsButtonDown() {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        const auto* button = qobject_cast<QPushButton*>(widget);
+        if (button != nullptr && button->isDown() && button->isVisible()) {
+            return true;
+        }
+    }
+    return false;
+}
 
 int CountIn(const frmMain& window, const char* box) {
     return window.findChild<QLineEdit*>(QLatin1String(box))->text().toInt();
@@ -94,6 +106,8 @@ void TirelessWalk::WatchActions() {
 }
 
 void TirelessWalk::Settle() {
+    constexpr int longest = 1000;
+    static_cast<void>(QTest::qWaitFor([] { return !IsButtonDown(); }, longest));
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -239,9 +253,13 @@ void TirelessWalk::ActSomewhere() {
     m_user.Act(*top);
 }
 
-/// A box whose text is refused takes the focus back, once.
+/// A list or menu that stands open would hear the keys; a box whose text is refused takes the focus
+/// back, once.
 void TirelessWalk::FocusOnList() {
     constexpr int most_refusals = 5;
+    while (QWidget* popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
     auto* list = m_window->findChild<QListWidget*>(QStringLiteral("lstDemand"));
     for (int i = 0; i < most_refusals && !list->hasFocus(); ++i) {
         m_window->activateWindow();
