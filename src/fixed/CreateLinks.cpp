@@ -50,8 +50,18 @@ bool IsFailureOfFile(const RunTimeError& error) {
            error.Kind() == ErrorKind::DatabaseLocked || error.Kind() == ErrorKind::NotAModel;
 }
 
+/// Pathways name arcs by numbers that mean others in a network of another size: they go with
+/// theirs, even where the matrix then turns out to allow no new ones.
+void DropPathwaysOfOtherNetwork(const Database& database, std::int16_t nodes) {
+    const RecordSet arcs = database.OpenRecordSet("SELECT COUNT(*) FROM Arcs;");
+    if (arcs.Number(0) != nodes * (nodes - 1) / 2.0) {
+        DeleteAllRows(database, "Pathways");
+    }
+}
+
 void RebuildArcs(const Database& database, std::int16_t nodes, double spacing) {
     Transaction transaction(database);
+    DropPathwaysOfOtherNetwork(database, nodes);
     DeleteAllRows(database, "Arcs");
     AppendArcs(database, nodes, spacing);
     transaction.Commit();

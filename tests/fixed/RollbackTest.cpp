@@ -44,6 +44,7 @@ TEST(Rollback, UndoesTheRebuildOfArcsWithoutAWord) {
 
 TEST(Rollback, UndoesTheGenerationOfPathways) {
     const TestModel model(test::WorkedExample().Sql() +
+                          "INSERT INTO Arcs (ArcId) VALUES (0), (1), (2);"
                           "INSERT INTO Pathways (PathId, ArcId) VALUES (9, 8);" +
                           FailOn("INSERT ON Pathways", "NEW.PathId = 3"));
     ScriptedForm form(model.Directory());
@@ -53,6 +54,21 @@ TEST(Rollback, UndoesTheGenerationOfPathways) {
     });
     EXPECT_NE(message.find("stopped"), std::string::npos) << message;
     EXPECT_EQ(model.RowsOf("SELECT PathId, ArcId FROM Pathways;", 2), Lines{"9|8"});
+}
+
+TEST(Rollback, LeavesNoPathwaysOfANetworkThatIsGone) {
+    const TestModel model(test::WorkedExample().Sql() +
+                          "INSERT INTO Matrix (ResourceId, TaskId, TaskTime) VALUES (1, 8, 5);"
+                          "INSERT INTO Arcs (ArcId) VALUES (0);"
+                          "INSERT INTO Pathways (PathId, ArcId, Feasible) VALUES (1, 0, 4);");
+    ScriptedForm form(model.Directory());
+    form.SetText(TextBox::txtTasks, "2");
+    const auto message = ExpectRunTimeError(ErrorKind::NoCurrentRecord, [&] {
+        CreateLinks(form.OpenWorkingCopy(), form, form.picArc);
+    });
+    EXPECT_NE(message.find("task 8"), std::string::npos) << message;
+    EXPECT_EQ(model.RowsOf("SELECT ArcId FROM Arcs;", 1).size(), 3U);
+    EXPECT_EQ(model.RowsOf("SELECT PathId, ArcId FROM Pathways;", 2), Lines{});
 }
 
 void Cost(LoadedModel& model) {
