@@ -169,9 +169,19 @@ std::optional<ModelFormat> FileCommands::Read(const fs::path& source) {
         m_history.Restart();
         return format;
     } catch (const RunTimeError& error) {
+        if (!m_form.ShowsWorkingCopy()) {
+            BecomeUntitled();
+        }
         m_form.ShowMessage(error.what(), MessageIcon::Critical);
         return {};
     }
+}
+
+/// The working copy is whatever a failure has left there, and no file's.
+void FileCommands::BecomeUntitled() {
+    ForgetFile();
+    m_form.SetTitle(kApplicationTitle);
+    NoteBaseline(std::nullopt);
 }
 
 /// What the inputs were when a file or the template held them; on the disk for the next start.

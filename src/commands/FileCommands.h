@@ -121,6 +121,7 @@ class FileCommands {
     [[nodiscard]] bool TakeProposal();
     void AddToRecent();
     void ForgetFile();
+    void BecomeUntitled();
     /// What the Save As dialog begins with; it is kept even if the dialog is cancelled.
     void ProposeFile();
 

@@ -100,6 +100,7 @@ bool FileCommands::TakeProposal() {
 bool FileCommands::SaveToFile(bool reload) {
     const fs::path target = ModelPath(m_current.Dir, m_current.File);
     try {
+        m_form.RequireShown();
         const auto obstacle = ObstacleTo(target, m_current.Format);
         if (obstacle && obstacle->IsFinal) {
             return SaveElsewhere(PathText(target), *obstacle);

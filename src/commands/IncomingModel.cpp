@@ -7,6 +7,7 @@
 
 #include "basic/Files.h"
 #include "basic/RunTimeError.h"
+#include "basic/ScopeGuard.h"
 #include "commands/LoadModel.h"
 #include "shell/HeadlessForm.h"
 
@@ -102,6 +103,8 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
 }  // namespace
 
 void ShowLoadedModel(MainForm& form) {
+    form.ShowBeforeUse({});
+    const FailureGuard not_shown([&] { form.ShowBeforeUse([&form] { ShowLoadedModel(form); }); });
     LoadModel(form);
     ShowDemand(form);
 }

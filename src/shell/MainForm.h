@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "shell/DemandList.h"
@@ -37,11 +38,23 @@ class MainForm : public Dialogs,
     virtual void EndProgram() = 0;
 
     [[nodiscard]] const WorkingCopy& Copy() const { return m_copy; }
-    /// Copy().Open()
-    [[nodiscard]] Database OpenWorkingCopy() const { return m_copy.Open(); }
+    /// Copy().Open() of a working copy that is shown (RequireShown).
+    [[nodiscard]] Database OpenWorkingCopy() const {
+        RequireShown();
+        return m_copy.Open();
+    }
+
+    /// The working copy has become a model that could not be shown: `show`, before it is used, does
+    /// that. Nothing: it is shown.
+    void ShowBeforeUse(std::function<void()> show) { m_showFirst = std::move(show); }
+    [[nodiscard]] bool ShowsWorkingCopy() const { return !m_showFirst; }
+    /// Shows a working copy that is not shown, and throws FileAccess: what was entered meanwhile
+    /// was meant for another model. Throws what showing throws.
+    void RequireShown() const;
 
   private:
     WorkingCopy m_copy;
+    mutable std::function<void()> m_showFirst;
 };
 
 }  // namespace quarnel02

@@ -247,7 +247,7 @@ void FaultDesk::EnterDays(int number) {
 }
 
 std::uint64_t FaultDesk::Inputs() const {
-    return InputDigest(Form.OpenWorkingCopy());
+    return InputDigest(Form.Copy().Open());
 }
 
 void FaultDesk::Step(const std::function<void()>& part) {
