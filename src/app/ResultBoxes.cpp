@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "app/BoxFrame.h"
+#include "app/RestoreSizes.h"
 #include "app/WindowMemory.h"
 #include "widgets/ScreenMeasure.h"
 
@@ -95,9 +96,9 @@ void ResultBoxes::Arrange(Rows rows) {
         return;
     }
     m_moved = true;
-    m_splitters.Area->restoreState(kept->second[0]);
-    m_splitters.Upper->restoreState(kept->second[1]);
-    m_splitters.Lower->restoreState(kept->second[2]);
+    RestoreSizes(*m_splitters.Area, kept->second[0]);
+    RestoreSizes(*m_splitters.Upper, kept->second[1]);
+    RestoreSizes(*m_splitters.Lower, kept->second[2]);
 }
 
 void ResultBoxes::ApplySizes() {

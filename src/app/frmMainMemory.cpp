@@ -1,6 +1,7 @@
 // What frmMain remembers from one start to the next.
 #include <QSplitter>
 
+#include "app/RestoreSizes.h"
 #include "app/ResultBoxes.h"
 #include "app/frmMain.h"
 #include "ui_frmMain.h"
@@ -11,12 +12,17 @@ namespace {
 
 constexpr QLatin1String kGeometry("Window/geometry");
 constexpr QLatin1String kColumns("Window/columns");
+constexpr int kLargest = 16384;  ///< wider than any desktop
 
 }  // namespace
 
 void frmMain::RecallLayout() {
+    const QRect usual = geometry();
     restoreGeometry(m_memory.Bytes(kGeometry));
-    m_ui->splMain->restoreState(m_memory.Bytes(kColumns));
+    if (width() > kLargest || height() > kLargest) {  // a damaged memory
+        setGeometry(usual);
+    }
+    RestoreSizes(*m_ui->splMain, m_memory.Bytes(kColumns));
     m_boxes->Recall(m_memory);
 }
 

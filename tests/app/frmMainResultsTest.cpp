@@ -6,6 +6,7 @@
 #include <QCommandLinkButton>
 #include <QSplitter>
 #include <QToolButton>
+#include <random>
 
 #include "app/WindowTest.h"
 #include "basic/Files.h"
@@ -15,9 +16,11 @@
 namespace quarnel02 {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 class frmMainResults : public test::WindowTest {
   protected:
@@ -268,6 +271,33 @@ TEST_F(frmMainResults, ADamagedMemoryIsAsGoodAsNone) {
     Window->show();
     EXPECT_EQ(Window->size(), usual);
     EXPECT_THAT(Dialogs.Seen, IsEmpty());
+}
+
+TEST_F(frmMainResults, AMemoryChangedAnywhereLeavesAWindowToWorkIn) {
+    StartWithAModel();
+    DesignFixed();
+    DragEdge("splRight", {0, -60});
+    Window->resize(1210, 777);
+    Restart();
+    Window.reset();
+    const std::string whole = ReadFile(Copy->File("window.ini"));
+    ASSERT_GT(whole.size(), 100U);
+    std::mt19937 random(1);
+    for (int round = 0; round < 40; ++round) {
+        std::string changed = whole;
+        for (unsigned i = 0; i < 1 + random() % 8; ++i) {
+            changed[random() % changed.size()] = static_cast<char>(random() % 256);
+        }
+        WriteFile(Copy->File("window.ini"), changed);
+        Window = std::make_unique<frmMain>(Copy->Directory());
+        ASSERT_TRUE(Window->StartUp()) << changed;
+        Window->show();
+        EXPECT_TRUE(Window->isVisible());
+        EXPECT_EQ(Window->size().expandedTo(Window->minimumSizeHint()), Window->size()) << changed;
+        EXPECT_EQ(Window->size().boundedTo({16384, 16384}), Window->size()) << changed;
+        Window.reset();
+    }
+    EXPECT_THAT(Dialogs.Seen, Not(Contains(HasSubstr("window.ini"))));
 }
 
 TEST_F(frmMainResults, APipeInPlaceOfTheMemoryStopsNothing) {
