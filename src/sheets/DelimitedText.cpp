@@ -175,6 +175,17 @@ TextBlock ReadTabbed(std::string_view text) {
     return block;
 }
 
+std::size_t MostCellsIn(std::string_view text) {
+    std::size_t cells = 0;
+    char last = '\n';
+    for (const char c : text) {
+        const bool pair = last == '\r' && c == '\n';
+        cells += c == '\t' || c == '\r' || (c == '\n' && !pair) ? 1U : 0U;
+        last = c;
+    }
+    return cells + (last == '\n' || last == '\r' ? 0U : 1U);
+}
+
 std::string WriteTabbed(const TextBlock& block) {
     return Joined(block, '\t', TabbedCell);
 }

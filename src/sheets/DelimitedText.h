@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,6 +15,9 @@ using TextBlock = std::vector<std::vector<std::string>>;
 /// or CR, the last one also with the text. A cell that is wholly in double quotes may hold tabs,
 /// line breaks and doubled quotes; any other quote stands for itself. Never fails.
 TextBlock ReadTabbed(std::string_view text);
+
+/// No fewer cells than ReadTabbed finds in the text, counted without reading them.
+std::size_t MostCellsIn(std::string_view text);
 
 /// The same text for the clipboard: ReadTabbed gives the block back.
 std::string WriteTabbed(const TextBlock& block);

@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "basic/Limits.h"
 #include "sheets/BlockShape.h"
 #include "sheets/DelimitedText.h"
 #include "widgets/Dialogs.h"
@@ -21,6 +22,10 @@ std::size_t WidthOf(const TextBlock& block) {
         width = std::max(width, row.size());
     }
     return width;
+}
+
+bool IsTooLarge(const std::string& text) {
+    return text.size() > limits::kSheetFile || MostCellsIn(text) > limits::kCells;
 }
 
 }  // namespace
@@ -62,7 +67,15 @@ bool SheetView::MayGrow(const BlockEdit& edit) {
 
 void SheetView::Paste() {
     const CellRange target = SelectedBlock();
-    const TextBlock block = ReadTabbed(QGuiApplication::clipboard()->text().toStdString());
+    const std::string text = QGuiApplication::clipboard()->text().toStdString();
+    if (IsTooLarge(text)) {
+        ShowMessageBox(this,
+                       "Nothing was pasted. The clipboard holds more than 1,000,000 cells or "
+                       "64,000,000 bytes of text. Copy a smaller block.",
+                       MessageIcon::Critical);
+        return;
+    }
+    const TextBlock block = ReadTabbed(text);
     const BlockEdit edit{"Paste", target.Row, target.Column,
                          FittedTo(block, target.Rows, target.Columns)};
     if (!block.empty() && MayGrow(edit) &&

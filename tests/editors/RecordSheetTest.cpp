@@ -232,6 +232,26 @@ TEST_F(RecordSheetTest, CopiesRecordsToTheClipboard) {
     EXPECT_EQ(LastStep(), "Undo");
 }
 
+TEST_F(RecordSheetTest, RefusesAClipboardBeyondTheLimit) {
+    Start(test::kFourTasks);
+    const auto before = Resources();
+    EditResources([&] {
+        Key(Qt::Key_F6);
+        const std::string most(1'000'000 - 1, '\t');
+        Dialogs.Press(QMessageBox::Ok);
+        Clip(most);
+        Paste();
+        EXPECT_THAT(Dialogs.Seen.back(),
+                    HasSubstr("Row 1 (R1), Fixed cost ($): fixed cost is empty"));
+        Dialogs.Press(QMessageBox::Ok);
+        Clip(most + '\t');
+        Paste();
+        EXPECT_THAT(Dialogs.Seen.back(), HasSubstr("holds more than 1,000,000 cells"));
+        Press("cmdOK");
+    });
+    EXPECT_EQ(Resources(), before);
+}
+
 TEST_F(RecordSheetTest, LeavesBehindARefusedTextByEscapeFromAnyBox) {
     Start(test::kFourTasks);
     EditResources([&] {

@@ -40,6 +40,28 @@ TEST(TabbedText, AnyOtherQuoteStandsForItself) {
     EXPECT_EQ(ReadTabbed("\"open\tx\ny"), (TextBlock{{"\"open", "x"}, {"y"}}));
 }
 
+std::size_t CellsIn(const TextBlock& block) {
+    std::size_t cells = 0;
+    for (const auto& row : block) {
+        cells += row.size();
+    }
+    return cells;
+}
+
+TEST(TabbedText, ItsCellsAreCountedWithoutReadingIt) {
+    for (const std::string text :
+         {"", "a", "\t", "a\tb\nc", "a\tb\r\nc\td\r\n", "a\rb", "a\r\rb\n\n", "\r\n", "a\n\rb"}) {
+        EXPECT_EQ(MostCellsIn(text), CellsIn(ReadTabbed(text))) << testing::PrintToString(text);
+    }
+    EXPECT_EQ(MostCellsIn("\"a\tb\""), 2U);
+}
+
+RC_GTEST_PROP(TabbedText, NeverHasMoreCellsThanAreCounted, ()) {
+    const auto text =
+        *rc::gen::container<std::string>(rc::gen::element('a', '"', '\t', '\r', '\n'));
+    RC_ASSERT(CellsIn(ReadTabbed(text)) <= MostCellsIn(text));
+}
+
 TEST(TabbedText, IsWrittenAsSpreadsheetsDo) {
     EXPECT_EQ(WriteTabbed({{"a", "", "5\" pipe"}, {"b\tc", "d\ne", "\"f\""}}),
               "a\t\t5\" pipe\n\"b\tc\"\t\"d\ne\"\t\"\"\"f\"\"\"\n");
