@@ -7,6 +7,9 @@
 #include <QFontDatabase>
 #include <algorithm>
 #include <iostream>
+#include <numeric>
+#include <span>
+#include <vector>
 
 #include "support/Measured.h"
 #include "support/Surroundings.h"
@@ -90,6 +93,21 @@ double Heap() {
     return static_cast<double>(mallinfo2().uordblks);
 }
 
+double MeanOf(std::span<const double> heaps) {
+    return std::accumulate(heaps.begin(), heaps.end(), 0.0) / static_cast<double>(heaps.size());
+}
+
+/// Walk after walk, the heap takes no more in the last quarter of a long run than in the second:
+/// what a window leaves behind would add up.
+void ExpectNoGrowth(std::span<const double> heaps) {
+    constexpr std::size_t long_run = 16;
+    constexpr double noise = 4 * kMegabyte;
+    const std::size_t quarter = heaps.size() / 4;
+    if (heaps.size() >= long_run) {
+        EXPECT_LT(MeanOf(heaps.last(quarter)), MeanOf(heaps.subspan(quarter, quarter)) + noise);
+    }
+}
+
 class Tireless : public ::testing::Test {
   protected:
     Tireless() {
@@ -137,9 +155,10 @@ TEST_F(Tireless, NothingIsLostAndNothingGrows) {
     const int seeds = Given("SEEDS", 4);
     const int events = Given("EVENTS", 250);
     const int first = Given("SEED", 1);
+    std::vector<double> heaps;
     for (int i = 0; i < seeds && !HasFailure(); ++i) {
         Walk(static_cast<unsigned>(first + i), events);
-        const double heap = Heap();
+        const double heap = heaps.emplace_back(Heap());
         EXPECT_LT(heap, kMostHeap) << "after seed " << first + i;
         if (qEnvironmentVariableIsSet("SEEDS")) {
             std::cout << "seed " << first + i << ", " << heap / kMegabyte << " MB" << std::endl;
@@ -148,6 +167,7 @@ TEST_F(Tireless, NothingIsLostAndNothingGrows) {
     if (HasFailure()) {
         return;
     }
+    ExpectNoGrowth(heaps);
     TellReached();
     if (seeds * events >= kShort) {
         ExpectReached(kMustBeReached);
