@@ -155,13 +155,18 @@ TEST_F(frmMainCancel, CancelsInTheMiddleOfTheWork) {
     int share = 0;
     std::string step;
     ExpectCancel([&](QWidget& status) {
-        QTimer::singleShot(100, &status, [&] {
+        auto* looks = new QTimer(&status);
+        QObject::connect(looks, &QTimer::timeout, &status, [&, looks] {
             files = test::NamesIn(Copy->Directory()).size();
             const auto* bar = status.findChild<QProgressBar*>("prgStatus");
             share = 100 * bar->value() / bar->maximum();
             step = status.findChild<QLabel*>("lblStatus")->text().toStdString();
-            PostKey(status, Qt::Key_Escape);
+            if (files > 10 && share > 0) {
+                looks->stop();
+                PostKey(status, Qt::Key_Escape);
+            }
         });
+        looks->start(10);
     });
     EXPECT_GT(files, 10U);
     EXPECT_GT(share, 0);
