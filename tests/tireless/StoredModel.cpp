@@ -54,12 +54,26 @@ bool StoredModel::HasChosenLine() const {
     return Number("SELECT count(*) FROM Pathways WHERE Feasible = 4") > 0;
 }
 
-std::vector<std::string> StoredModel::Broken() const {
-    std::vector<std::string> broken;
-    const auto sound = Rows("PRAGMA integrity_check");
-    if (sound != std::vector<std::string>{"ok"}) {
-        broken.push_back("damaged: " + sound.at(0));
+/// "ok" for a file without damage. Where the check itself cannot go on, the damage is its answer.
+std::string StoredModel::Soundness() const {
+    try {
+        return Rows("PRAGMA integrity_check").at(0);
+    } catch (const std::runtime_error& error) {
+        return error.what();
     }
+}
+
+/// What lies in a damaged file, or in one without the row of Gen, is not worth a look.
+std::vector<std::string> StoredModel::Broken() const {
+    const std::string sound = Soundness();
+    if (sound != "ok") {
+        return {"damaged: " + sound};
+    }
+    const int rows = Number("SELECT count(*) FROM Gen");
+    if (rows != 1) {
+        return {"Gen has " + std::to_string(rows) + " rows"};
+    }
+    std::vector<std::string> broken;
     LookAtCounts(broken);
     LookAtArcs(broken);
     LookAtChosen(broken);
@@ -68,16 +82,16 @@ std::vector<std::string> StoredModel::Broken() const {
 
 void StoredModel::LookAtCounts(std::vector<std::string>& broken) const {
     for (const std::string table : {"Tasks", "Resources"}) {
-        const auto both =
-            Rows("SELECT " + table + ", (SELECT count(*) FROM " + table + ") FROM Gen");
-        if (both.size() != 1 ||
-            both[0].substr(0, both[0].find('|')) != both[0].substr(both[0].find('|') + 1)) {
-            broken.push_back("Gen counts " + table + ", counted: " + both.at(0));
+        const int said = Number("SELECT " + table + " FROM Gen");
+        const int counted = Number("SELECT count(*) FROM " + table);
+        if (said != counted) {
+            broken.push_back("Gen says " + std::to_string(said) + " " + table + ", there are " +
+                             std::to_string(counted));
         }
     }
 }
 
-/// One for every run of consecutive tasks, once.
+/// One for every run of consecutive tasks, once, each with a number of its own.
 void StoredModel::LookAtArcs(std::vector<std::string>& broken) const {
     const int tasks = Number("SELECT Tasks FROM Gen");
     const int arcs = Number("SELECT count(*) FROM Arcs");
@@ -89,20 +103,43 @@ void StoredModel::LookAtArcs(std::vector<std::string>& broken) const {
         broken.push_back(std::to_string(arcs) + " arcs, " + std::to_string(sound) +
                          " of them sound, for " + std::to_string(tasks) + " tasks");
     }
+    const int numbers = Number("SELECT count(DISTINCT ArcId) FROM Arcs");
+    if (numbers != arcs) {
+        broken.push_back(std::to_string(arcs) + " arcs have " + std::to_string(numbers) +
+                         " numbers");
+    }
+    const int loose = Number(
+        "SELECT count(*) FROM Pathways WHERE ArcId NOT IN "
+        "(SELECT ArcId FROM Arcs)");
+    if (loose != 0) {
+        broken.push_back(std::to_string(loose) + " pathways are on no arc");
+    }
 }
 
-/// Pathways that are marked as chosen form one line from the first task on.
+/// Pathways that are marked as chosen form one line: each begins where the one before ends, the
+/// first at the first task, or, where the search found its way back cut off, at a node that no
+/// pathway reaches; the last one ends at the last node that any pathway within the limit reaches.
 void StoredModel::LookAtChosen(std::vector<std::string>& broken) const {
-    int node = 1;
+    const std::string on_arcs = " FROM Pathways JOIN Arcs USING (ArcId) WHERE Feasible ";
+    int node = 0;
     for (const std::string& row :
-         Rows("SELECT TaskStart, TaskEnd FROM Pathways JOIN Arcs USING (ArcId) "
-              "WHERE Feasible = 4 ORDER BY TaskStart, TaskEnd")) {
-        if (std::stoi(row) != node) {
+         Rows("SELECT TaskStart, TaskEnd" + on_arcs + "= 4 ORDER BY TaskStart, TaskEnd")) {
+        const int start = std::stoi(row);
+        if (node != 0 && start != node) {
             broken.push_back("the chosen pathways are no line: at node " + std::to_string(node) +
                              " goes on with " + row);
             return;
         }
+        if (node == 0 && start != 1 &&
+            Number("SELECT count(*)" + on_arcs +
+                   "IN (1, 3, 4) AND TaskEnd = " + std::to_string(start)) > 0) {
+            broken.push_back("the chosen line begins with " + row + ", where others end");
+        }
         node = std::stoi(row.substr(row.find('|') + 1));
+    }
+    if (node != 0 && node != Number("SELECT max(TaskEnd)" + on_arcs + "IN (1, 3, 4)")) {
+        broken.push_back("the chosen line ends at node " + std::to_string(node) +
+                         ", and pathways reach further");
     }
 }
 

@@ -4,20 +4,18 @@
 #include <string>
 #include <vector>
 
+#include "basic/Immovable.h"
+
 struct sqlite3;
 
 namespace quarnel02::test {
 
 /// A model file as SQLite itself reads it, past the program's own way to the tables.
-class StoredModel {
+class StoredModel : Immovable {
   public:
     /// Throws when it cannot be opened.
     explicit StoredModel(const std::filesystem::path& file);
     ~StoredModel();
-    StoredModel(const StoredModel&) = delete;
-    StoredModel& operator=(const StoredModel&) = delete;
-    StoredModel(StoredModel&&) = delete;
-    StoredModel& operator=(StoredModel&&) = delete;
 
     /// All that a planner enters, row by row, as text.
     [[nodiscard]] std::string Inputs() const;
@@ -33,6 +31,7 @@ class StoredModel {
 
   private:
     [[nodiscard]] std::vector<std::string> Rows(const std::string& sql) const;
+    [[nodiscard]] std::string Soundness() const;
     void LookAtCounts(std::vector<std::string>& broken) const;
     void LookAtArcs(std::vector<std::string>& broken) const;
     void LookAtChosen(std::vector<std::string>& broken) const;
