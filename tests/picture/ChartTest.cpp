@@ -57,6 +57,22 @@ TEST(ThousandsText, EndsInK) {
     EXPECT_EQ(ThousandsText(999), "0.999K");
 }
 
+TEST(ShortDollars, RoundsToTenthsOfAMillionAndToThousands) {
+    EXPECT_EQ(ShortDollars(1249999), "$1.2M");
+    EXPECT_EQ(ShortDollars(12000000), "$12M");
+    EXPECT_EQ(ShortDollars(1000000), "$1M");
+    EXPECT_EQ(ShortDollars(123456), "$123K");
+    EXPECT_EQ(ShortDollars(999), "$999");
+}
+
+TEST(TickText, HasCentsOnlyBetweenWholeDollars) {
+    const Axis money{0, 10, "", false, true};
+    EXPECT_EQ(TickText(money, {0, 1, 0.25}, 0.25), "$0.25");
+    EXPECT_EQ(TickText(money, {0, 1, 0.25}, 1), "$1.00");
+    EXPECT_EQ(TickText(money, {0, 10, 1}, 1), "$1");
+    EXPECT_EQ(TickText({0, 1, ""}, {0, 1, 0.1}, 0.1 + 0.2), "0.3");
+}
+
 Extent PlaceOf(const Picture& picture, const std::string& text) {
     for (const auto& each : test::FiguresOf<TextFigure>(picture)) {
         if (each.Text == text) {
@@ -111,6 +127,62 @@ TEST(Chart, ALabelThatFindsNoClearPlaceStandsOnTheLine) {
     });
     PlaceOf(crowded, "label");
     PlaceOf(crowded, "guide");
+}
+
+TEST(Chart, CutsALineOffAtEitherEndOfTheAxis) {
+    Extent plot{0, 0, 0, 0};
+    const Picture picture = Drawn([&](Picture& each, Chart& chart) {
+        plot = chart.Plot();
+        EXPECT_TRUE(chart.Line(0, 0, 10, 200, kRedInk));
+        EXPECT_TRUE(chart.Line(0, 200, 10, 0, kGreenInk));
+        EXPECT_TRUE(chart.Line(0, 50, 10, -50, kBlueInk));
+        const std::size_t drawn = each.Figures().size();
+        EXPECT_FALSE(chart.Line(0, 101, 10, 200, kInk));
+        EXPECT_EQ(each.Figures().size(), drawn);
+    });
+    const auto ends = [&](Colour pen) {
+        for (const auto& line : test::FiguresOf<LineFigure>(picture)) {
+            if (line.Pen == pen) {
+                return std::vector<double>{line.X1, line.Y1, line.X2, line.Y2};
+            }
+        }
+        return std::vector<double>();
+    };
+    const double middle = (plot.Left + plot.Right) / 2;
+    EXPECT_EQ(ends(kRedInk), (std::vector{plot.Left, plot.Bottom, middle, plot.Top}));
+    EXPECT_EQ(ends(kGreenInk), (std::vector{middle, plot.Top, plot.Right, plot.Bottom}));
+    EXPECT_EQ(ends(kBlueInk),
+              (std::vector{plot.Left, (plot.Top + plot.Bottom) / 2, middle, plot.Bottom}));
+}
+
+TEST(Chart, LabelsKeepOffBarsAndRings) {
+    Extent bar{0, 0, 0, 0};
+    Extent ring{0, 0, 0, 0};
+    const Picture picture = Drawn([&](Picture& each, Chart& chart) {
+        chart.Bar(chart.ToX(2), chart.ToX(4), 0, 50, kBlueInk);
+        bar = ExtentOf(each.Figures().back(), FileMeasure());
+        EXPECT_TRUE(chart.LabelAbove(chart.ToX(2), 45, "lower bar", kInk));
+        chart.Ring(7, 50, kRedInk);
+        ring = ExtentOf(each.Figures().back(), FileMeasure());
+        EXPECT_TRUE(chart.Label(7, 50, "ring", kInk));
+    });
+    EXPECT_FALSE(Overlap(PlaceOf(picture, "lower bar"), bar));
+    EXPECT_LT(PlaceOf(picture, "lower bar").Bottom, bar.Top + 1);
+    EXPECT_FALSE(Overlap(PlaceOf(picture, "ring"), ring));
+}
+
+TEST(Chart, LeavesOutALabelOfTheAxisThatWouldReachBeyondThePaper) {
+    Picture picture(Page{.Width = 3000, .Height = 4200});
+    picture.Compose([](Picture& each) {
+        const Chart chart(each, {"T", {123456789012.0, 123456789016.0, "x"}, {0, 10, "y"}, {}, {}});
+    });
+    int labels = 0;
+    for (const auto& text : test::FiguresOf<TextFigure>(picture)) {
+        labels += text.Text.starts_with("1234567890") ? 1 : 0;
+        EXPECT_GE(text.X, 0) << text.Text;
+        EXPECT_LE(ExtentOf(text, FileMeasure()).Right, picture.Width()) << text.Text;
+    }
+    EXPECT_GE(labels, 1);
 }
 
 TEST(Chart, NamesGuidesAsHighUpAsTheyHaveRoom) {
