@@ -112,6 +112,20 @@ TEST_F(Pdf, RepeatsTheHeadOfATableAndKeepsEveryRow) {
     }
 }
 
+TEST_F(Pdf, FiguresEndBelowOneAnotherAndTextsBeginSo) {
+    Print(Plain({TablePart{{{"Name"}, {"Total", true}}, {{"Bench", "7"}, {"X", "202,004"}}}}));
+    const std::string words = OutputOf({"pdftotext", "-bbox", File(), "-"});
+    const auto measure = [&](const std::string& word, const std::string& name) {
+        const std::size_t end = words.find(">" + word + "</word>");
+        const std::size_t at = words.rfind(name + "=\"", end) + name.size() + 2;
+        return std::stod(words.substr(at));
+    };
+    EXPECT_NEAR(measure("7", "xMax"), measure("202,004", "xMax"), 0.5);
+    EXPECT_NEAR(measure("Total", "xMax"), measure("202,004", "xMax"), 0.5);
+    EXPECT_GT(measure("7", "xMin"), measure("202,004", "xMin") + 10);
+    EXPECT_NEAR(measure("X", "xMin"), measure("Bench", "xMin"), 0.5);
+}
+
 TEST_F(Pdf, LeavesNothingOfALongTextOut) {
     std::string words;
     std::string line;
@@ -168,6 +182,8 @@ TEST_F(Pdf, APictureIsDrawnInItsShapeOnWhitePaperAndStaysADrawing) {
     const auto [top, bottom] = RedRows(page);
     constexpr double width = (210 - 2 * kPaperMargin) / 25.4 * 72;
     EXPECT_NEAR(bottom - top, width / 2, 3);
+    EXPECT_EQ(page.pixelColor(page.width() / 2, (top + bottom) / 2), QColor(255, 0, 0))
+        << "in the colours of paper, whatever the screen has";
 }
 
 TEST_F(Pdf, APictureIsNeverCut) {
@@ -210,6 +226,7 @@ TEST_F(Pdf, ALongProductGivesWayToTheDate) {
     Print(document);
     EXPECT_THAT(Text(), HasSubstr("2026-11-21 12:00"));
     EXPECT_THAT(Text(), Not(HasSubstr(document.Product)));
+    EXPECT_THAT(Text(), HasSubstr("xxx…"));
 }
 
 }  // namespace

@@ -7,11 +7,13 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTest>
 #include <pugixml.hpp>
 
 #include "basic/Files.h"
 #include "basic/LinePrinter.h"
 #include "print/ClipboardPicture.h"
+#include "print/PictureCommands.h"
 #include "support/ProgramRun.h"
 
 namespace quarnel02 {
@@ -41,9 +43,12 @@ TEST(PngOf, HasThePixelsOfItsScale) {
     const Shown shown;
     const QImage once = ImageFrom(PngOf(shown.Drawing, 1));
     EXPECT_EQ(once.size(), QSize(1000, 500));
-    EXPECT_EQ(ImageFrom(PngOf(shown.Drawing, 4)).size(), QSize(4000, 2000));
+    const QImage fourfold = ImageFrom(PngOf(shown.Drawing, 4));
+    EXPECT_EQ(fourfold.size(), QSize(4000, 2000));
     EXPECT_EQ(once.pixelColor(500, 250), QColor(0, 0, 255));
     EXPECT_NEAR(once.dotsPerMeterX(), 3780, 5);
+    EXPECT_NEAR(fourfold.dotsPerMeterX(), 4 * 3780, 5) << "as large on paper as once";
+    EXPECT_EQ(fourfold.dotsPerMeterY(), fourfold.dotsPerMeterX());
     EXPECT_EQ(shown.Told, 0);
 }
 
@@ -91,6 +96,40 @@ TEST(PdfOfAPicture, IsOnePageOfItsSizeWithItsTexts) {
     EXPECT_THAT(info.Out, HasSubstr("Page size:       750 x 375 pts"));
     EXPECT_THAT(info.Out, ::testing::ContainsRegex("Pages: +1\n"));
     EXPECT_THAT(test::RunProgram({"pdftotext", file, "-"}).Out, HasSubstr("Robot"));
+}
+
+TEST(FileOf, IsOfTheKindAndScaleThatWereChosen) {
+    const Shown shown;
+    const auto saved = [&](const char* extension, double scale) {
+        return FileOf(shown.Drawing, {QString(), QLatin1String(extension), scale},
+                      QStringLiteral("Line"));
+    };
+    EXPECT_EQ(ImageFrom(saved("png", 1)).size(), QSize(1000, 500));
+    EXPECT_EQ(ImageFrom(saved("png", 2)).size(), QSize(2000, 1000));
+    EXPECT_TRUE(saved("svg", 1).starts_with("<svg"));
+    EXPECT_TRUE(saved("pdf", 1).starts_with("%PDF"));
+}
+
+TEST(PictureCommands, TheKeyOfCopyWorksInTheBoxThatHasTheFocus) {
+    PictureBox first;
+    PictureBox second;
+    std::vector<std::string> asked;
+    const auto listen = [&](PictureBox& box, const char* name) {
+        AddPictureCommands(box, [&asked, name](PictureCommand command) {
+            asked.push_back(std::string(name) + (command == PictureCommand::Copy ? " copy" : " ?"));
+        });
+        box.show();
+    };
+    listen(first, "first");
+    listen(second, "second");
+    second.activateWindow();
+    second.setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&second));
+    EXPECT_TRUE(asked.empty());
+    QTest::keyClick(&second, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(asked, std::vector<std::string>{"second copy"});
+    EXPECT_EQ(first.contextMenuPolicy(), Qt::ActionsContextMenu);
+    EXPECT_EQ(first.actions().size(), 3);
 }
 
 TEST(CopyPicture, PutsImageAndDrawingOnTheClipboardTogether) {
