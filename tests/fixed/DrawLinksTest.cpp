@@ -285,6 +285,16 @@ TEST(DrawLinks, GrowsWithTheZoomUnderALegendThatStays) {
         return texts;
     };
     const Lines legend = fixed_texts();
+    const auto paper_under_it = [&] {
+        for (std::size_t place = 0; place < network.Figures().size(); ++place) {
+            const auto* box = std::get_if<BoxFigure>(&network.Figures()[place]);
+            if (box != nullptr && network.IsFixed(place)) {
+                return box->Width;
+            }
+        }
+        return 0.0;
+    };
+    EXPECT_EQ(paper_under_it(), 0);
     ASSERT_EQ(legend.size(), 4U);
     EXPECT_TRUE(legend[0].starts_with("no resource at "));
     EXPECT_TRUE(legend[3].starts_with("chosen at "));
@@ -294,6 +304,7 @@ TEST(DrawLinks, GrowsWithTheZoomUnderALegendThatStays) {
     EXPECT_DOUBLE_EQ(network.Sheet.Scale, 3 * scale);
     EXPECT_GT(network.Width(), 2.5 * page.Width);
     EXPECT_EQ(fixed_texts(), legend);
+    EXPECT_EQ(paper_under_it(), page.Width) << "arcs that are moved would shine through";
 }
 
 std::vector<double> OpacitiesOf(const LoadedModel& model, Colour colour) {
