@@ -49,6 +49,30 @@ TEST_F(frmMainMenus, CarryTheUsualShortCuts) {
     EXPECT_EQ(keys("mnuFileSave"), "Ctrl+S");
     EXPECT_EQ(keys("mnuFileSaveAs"), "Ctrl+Shift+S");
     EXPECT_EQ(keys("mnuFileExit"), "Ctrl+Q");
+    EXPECT_EQ(keys("mnuFilePrint"), "Ctrl+P");
+    EXPECT_EQ(keys("mnuEditUndo"), "Ctrl+Z");
+    EXPECT_EQ(keys("mnuEditRedo"), "Ctrl+Shift+Z");
+    EXPECT_EQ(keys("mnuViewTasks"), "Ctrl+1");
+    EXPECT_EQ(keys("mnuViewResources"), "Ctrl+2");
+    EXPECT_EQ(keys("mnuViewMatrix"), "Ctrl+3");
+    EXPECT_EQ(keys("mnuViewStudy"), "Ctrl+T");
+    EXPECT_EQ(keys("mnuViewEnlarge"), "F11");
+    EXPECT_EQ(keys("mnuHelpGuide"), "F1");
+}
+
+TEST_F(frmMainMenus, KeysOpenTheStudyAndTheGuide) {
+    Start();
+    const auto shown = [&](const char* name) {
+        const auto* window = Window->findChild<QWidget*>(QLatin1String(name));
+        return window != nullptr && window->isVisible();
+    };
+    EXPECT_FALSE(shown("frmStudy") || shown("frmGuide"));
+    PressKey(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_TRUE(shown("frmStudy"));
+    EXPECT_FALSE(shown("frmGuide"));
+    Activate();
+    PressKey(Qt::Key_F1);
+    EXPECT_TRUE(shown("frmGuide"));
 }
 
 TEST_F(frmMainMenus, NoMnemonicIsUsedTwice) {
@@ -109,6 +133,7 @@ TEST_F(frmMainMenus, SaveIsEnabledExactlyWhenSomethingChanged) {
     file.popup({});
     EXPECT_FALSE(Item("mnuFileSave").isEnabled());
     file.close();
+    EXPECT_TRUE(Item("mnuFileSave").isEnabled()) << "its keys answer that there is nothing to save";
     Type("txtDays", "200");
     PressKey(Qt::Key_Return);
     file.popup({});
