@@ -220,6 +220,25 @@ TEST(ChartDrawings, BreakTheAxisOnlyWhereItDoesNotBeginAtZero) {
     EXPECT_TRUE(Says(picture, sign));
 }
 
+TEST(ChartDrawings, ShowAShortFootOfTheCostsDownToZero) {
+    const std::vector<DemandPoint> points = {{100, 100}};
+    const DemandDistribution demand(points);
+    const auto begins_at_zero = [&](float dearest) {
+        CostCurve costs;
+        costs.Append({100, 300, 1000, dearest, {}});
+        StochasticLine line;
+        line.Capacity = 100;
+        line.ExpectedCost = 1000;
+        Picture picture(7200, 4200);
+        DrawStochasticCosts(line, costs, demand, picture);
+        EXPECT_NE(HasText(picture, "$0"), Says(picture, "This axis does not begin at 0."));
+        return HasText(picture, "$0");
+    };
+    // The axis would begin at 1000 - 15 % of the rise, and shows 0 below 35 % of its top.
+    EXPECT_TRUE(begins_at_zero(3000));
+    EXPECT_FALSE(begins_at_zero(2000));
+}
+
 /// The stations that a solve has marked in its tables.
 std::vector<StationGroup> ChosenGroups(test::StochSolve& solve) {
     RecordSet rows = solve.Copy.Open().OpenRecordSet(
