@@ -117,5 +117,24 @@ TEST_F(frmMainToolBar, IconsAreDrawnInTheColourOfTheTheme) {
     EXPECT_GT(Ink(Item("mnuFileNew").icon(), false), 200);
 }
 
+TEST_F(frmMainToolBar, IconsOfWhatCannotBeDoneAreGrey) {
+    Start();
+    const QIcon icon = Item("mnuEditUndo").icon();
+    const QImage usual = icon.pixmap(24, 24, QIcon::Normal).toImage();
+    const QImage grey = icon.pixmap(24, 24, QIcon::Disabled).toImage();
+    int strong = 0;
+    int inked = 0;
+    for (int y = 0; y < grey.height(); ++y) {
+        for (int x = 0; x < grey.width(); ++x) {
+            if (grey.pixelColor(x, y).alpha() == 255 && usual.pixelColor(x, y).alpha() == 255) {
+                ++inked;
+                strong += usual.pixelColor(x, y) == grey.pixelColor(x, y) ? 1 : 0;
+            }
+        }
+    }
+    EXPECT_GT(inked, 10);
+    EXPECT_EQ(strong, 0);
+}
+
 }  // namespace
 }  // namespace quarnel02

@@ -148,5 +148,32 @@ TEST(frmStatusWindow, DoesNotCloseOnEscape) {
     EXPECT_TRUE(status.isVisible());
 }
 
+TEST(frmStatusWindow, IsCancelledOnceAndSaysSo) {
+    frmStatus status(nullptr);
+    status.show();
+    auto* cancel = status.findChild<QPushButton*>(QStringLiteral("cmdCancel"));
+    EXPECT_TRUE(cancel->isEnabled());
+    EXPECT_FALSE(status.IsCancelled());
+    QTest::mouseClick(cancel, Qt::LeftButton);
+    EXPECT_TRUE(status.IsCancelled());
+    EXPECT_FALSE(cancel->isEnabled());
+    EXPECT_EQ(status.findChild<QLabel*>(QStringLiteral("lblStatus"))->text(), "Cancelling...");
+}
+
+TEST(frmSplashTime, BeginsWhenItIsSeen) {
+    QMainWindow main;
+    auto* splash = new frmSplash(&main);
+    const auto* timer = splash->findChild<QTimer*>(QStringLiteral("tmrQuitMe"));
+    QTest::qWait(500);  // the timer is a coarse one
+    const int left = timer->remainingTime();
+    EXPECT_LT(left, timer->interval() - 300);
+    static_cast<void>(splash->grab());
+    EXPECT_GT(timer->remainingTime(), left + 200);
+    QTest::qWait(500);
+    const int later = timer->remainingTime();
+    static_cast<void>(splash->grab());
+    EXPECT_LE(timer->remainingTime(), later) << "painted again it begins no more";
+}
+
 }  // namespace
 }  // namespace quarnel02
