@@ -102,6 +102,13 @@ TEST_F(Report, EnterGoesOnAndDoesNotClose) {
     EXPECT_TRUE(Viewer->isVisible());
     Press(Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(Found(), "1 of 2");
+    Box().clear();
+    QTest::keyClicks(&Box(), "n");  // more than two, or on and back were the same
+    const std::string first = Found();
+    Press(Qt::Key_Return);
+    EXPECT_NE(Found(), first);
+    Press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(Found(), first);
 }
 
 TEST_F(Report, SaysWhenThereIsNone) {
