@@ -7,11 +7,15 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <string>
 
 #include "app/Answers.h"
 #include "basic/Files.h"
 #include "print/PrintDocument.h"
 #include "support/ProgramRun.h"
+#include "support/RunTimeErrors.h"
 
 namespace quarnel02 {
 namespace {
@@ -59,6 +63,46 @@ TEST(ShowPrintPreview, PrintsIntoAFileWithoutAPrinter) {
     ShowPrintPreview(nullptr, Lines(3));
     EXPECT_THAT(test::RunProgram({"pdftotext", file, "-"}).Out, HasSubstr("Line 2"));
     EXPECT_THAT(test::RunProgram({"pdfinfo", file}).Out, HasSubstr("(A4)"));
+}
+
+/// Has the preview print into a file, once it has shown that by itself it leaves that alone.
+void PrintInto(test::Answers& dialogs, const std::filesystem::path& file) {
+    dialogs.Add([file](QDialog& dialog) {
+        auto* preview = dialog.findChild<QPrintPreviewWidget*>();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return preview->pageCount() > 0; }));
+        QPrinter& printer = *dynamic_cast<QPrintPreviewDialog&>(dialog).printer();
+        printer.setOutputFileName(QString::fromStdString(file.string()));
+        const FileKind before = KindOfFile(file);
+        preview->updatePreview();
+        EXPECT_EQ(KindOfFile(file), before);
+        preview->print();
+        EXPECT_EQ(printer.outputFileName().toStdString(), file.string());
+        dialog.reject();
+    });
+}
+
+TEST(ShowPrintPreview, ReplacesAnEarlierFileAsAWhole) {
+    const TemporaryDirectory place;
+    const std::filesystem::path file = place.Path() / "printed.pdf";
+    WriteFile(file, "what stood here");
+    std::ifstream earlier(file);  // whoever reads the old file still has it
+    test::Answers dialogs;
+    PrintInto(dialogs, file);
+    ShowPrintPreview(nullptr, Lines(3));
+    EXPECT_TRUE(ReadFile(file).starts_with("%PDF-"));
+    std::string line;
+    std::getline(earlier, line);
+    EXPECT_EQ(line, "what stood here");
+}
+
+TEST(ShowPrintPreview, SaysWhichFileItCouldNotPrintInto) {
+    const TemporaryDirectory place;
+    const std::filesystem::path file = place.Path() / "missing" / "printed.pdf";
+    test::Answers dialogs;
+    PrintInto(dialogs, file);
+    const std::string message = test::ExpectRunTimeError(
+        ErrorKind::FileNotFound, [] { ShowPrintPreview(nullptr, Lines(3)); });
+    EXPECT_THAT(message, HasSubstr("printed.pdf"));
 }
 
 TEST(PrintDocument, KeepsWithinOtherPaper) {
