@@ -48,7 +48,8 @@ void BarRows::DrawHead() {
 }
 
 void BarRows::LayOut() {
-    constexpr double widest_name = 0.4;
+    constexpr double widest_name = 0.45;
+    constexpr double highest_row = 3;  // in lines
     constexpr double spacing = 1.3;
     constexpr int most_ticks = 8;
     double name = 0;
@@ -56,7 +57,9 @@ void BarRows::LayOut() {
         name = std::max(name, m_picture.WidthOf(each, m_font));
     }
     m_left = 2 * kGap + std::min(name, widest_name * m_picture.Width());
-    m_step = (m_bottom - m_top) / static_cast<double>(m_frame.Names.size());
+    const auto rows = static_cast<double>(m_frame.Names.size());
+    m_step = std::min((m_bottom - m_top) / rows, highest_row * m_line);
+    m_bottom = m_top + rows * m_step;
     for (int most = most_ticks; most >= 1; --most) {
         m_scale = RoundScale(m_frame.Low, m_frame.High, most);
         const double tick = WidestTick({m_frame.Low, m_frame.High, "", false, m_frame.Money},

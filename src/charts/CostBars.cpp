@@ -34,6 +34,23 @@ double SumOf(const CostBar& bar) {
     return sum;
 }
 
+std::string CostText(double dollars) {
+    return Format(dollars, "$#,##0");
+}
+
+/// The parts that any of the bars has.
+std::vector<LegendEntry> LegendOf(const std::vector<CostBar>& bars) {
+    std::vector<LegendEntry> legend;
+    for (std::size_t kind = 0; kind < PartsOf(bars.front()).size(); ++kind) {
+        const CostPart part = PartsOf(bars.front()).at(kind);
+        if (std::any_of(bars.begin(), bars.end(),
+                        [kind](const CostBar& bar) { return PartsOf(bar).at(kind).Dollars > 0; })) {
+            legend.push_back({part.Name, part.Fill, false, {}});
+        }
+    }
+    return legend;
+}
+
 ChartFrame FrameOf(const std::vector<CostBar>& bars, const CostBarTitles& titles) {
     ChartFrame frame;
     frame.Title = titles.Chart;
@@ -42,16 +59,11 @@ ChartFrame FrameOf(const std::vector<CostBar>& bars, const CostBarTitles& titles
     for (const CostBar& bar : bars) {
         frame.Y.High = std::max(frame.Y.High, SumOf(bar));
         frame.Places.push_back(bar.Name);
+        frame.BarLabels.push_back(CostText(SumOf(bar)));
+        frame.ShortBarLabels.push_back(ShortDollars(SumOf(bar)));
     }
-    frame.LabelsOnBars = true;
-    for (const CostPart& part : PartsOf(bars.front())) {
-        frame.Legend.push_back({part.Name, part.Fill, false, {}});
-    }
+    frame.Legend = LegendOf(bars);
     return frame;
-}
-
-std::string CostText(double dollars) {
-    return Format(dollars, "$#,##0");
 }
 
 void DrawBar(Picture& picture, Chart& chart, const CostBar& bar, double left, double right) {
@@ -67,19 +79,6 @@ void DrawBar(Picture& picture, Chart& chart, const CostBar& bar, double left, do
     }
 }
 
-/// All in short where not all have room in full; behind the bars, so that none covers a label.
-void DrawSums(const Picture& picture, Chart& chart, const std::vector<CostBar>& bars) {
-    const double room = chart.ToX(1) - chart.ToX(0);
-    const bool in_full = std::all_of(bars.begin(), bars.end(), [&](const CostBar& bar) {
-        return picture.WidthOf(CostText(SumOf(bar)), picture.PageFont()) <= room;
-    });
-    for (std::size_t place = 0; place < bars.size(); ++place) {
-        const double sum = SumOf(bars[place]);
-        chart.LabelAbove(chart.ToX(static_cast<double>(place) + 0.5), sum,
-                         in_full ? CostText(sum) : ShortDollars(sum), kInk);
-    }
-}
-
 void DrawBars(Picture& picture, const std::vector<CostBar>& bars, const CostBarTitles& titles) {
     constexpr double share_of_place = 0.6;
     constexpr double widest = 1500;
@@ -89,7 +88,9 @@ void DrawBars(Picture& picture, const std::vector<CostBar>& bars, const CostBarT
         const double middle = chart.ToX(static_cast<double>(place) + 0.5);
         DrawBar(picture, chart, bars[place], middle - half, middle + half);
     }
-    DrawSums(picture, chart, bars);
+    for (std::size_t place = 0; place < bars.size(); ++place) {
+        chart.LabelBar(place, SumOf(bars[place]), kInk);
+    }
 }
 
 }  // namespace

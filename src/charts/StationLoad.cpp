@@ -85,8 +85,9 @@ ChartFrame LoadFrame(const LoadValues& values) {
     for (const LoadBar& bar : values.Bars) {
         frame.Y.High = std::max(frame.Y.High, bar.Seconds);
         frame.Places.push_back(bar.Name);
+        frame.BarLabels.push_back(SecondsText(bar.Seconds));
+        frame.ShortBarLabels.push_back(Format(bar.Seconds, "#,##0.0"));
     }
-    frame.LabelsOnBars = true;
     frame.Legend = {{"tasks", kTask, false, {}},
                     {"tool changes", kToolChange, false, {}},
                     {"transport", kTransport, false, {}},
@@ -125,17 +126,13 @@ void DrawLoadBar(Picture& picture, Chart& chart, const LoadBar& bar, double left
     }
 }
 
-/// A label that would lie on the line of the available time stands over that.
-void LabelBar(const Picture& picture, Chart& chart, const LoadBar& bar, double middle,
-              double available) {
+double TopOf(const LoadBar& bar) {
     double top = bar.Seconds;
     for (double sum = 0; const LoadPart& part : bar.Parts) {
         sum += std::max(part.Seconds, 0.0);
         top = std::max(top, sum);
     }
-    const double over_limit = chart.ToY(top) - chart.ToY(available);
-    const bool on_limit = top < available && over_limit < LineHeight(picture.PageFont());
-    chart.LabelAbove(middle, on_limit ? available : top, SecondsText(bar.Seconds), kInk);
+    return top;
 }
 
 void DrawLoads(Picture& picture, const LoadValues& values) {
@@ -145,18 +142,12 @@ void DrawLoads(Picture& picture, const LoadValues& values) {
     const double half = std::min(share_of_place * (chart.ToX(1) - chart.ToX(0)), widest) / 2;
     chart.Limit(values.Available, kRedInk);
     picture.Describe("Available cycle time " + SecondsText(values.Available));
-    const auto middle_of = [&](std::size_t place) {
-        return chart.ToX(static_cast<double>(place) + 0.5);
-    };
     for (std::size_t place = 0; place < values.Bars.size(); ++place) {
-        const double middle = middle_of(place);
+        const double middle = chart.ToX(static_cast<double>(place) + 0.5);
         DrawLoadBar(picture, chart, values.Bars[place], middle - half, middle + half);
     }
-    // Labels that stand in more than two rows no longer belong to a bar.
-    const double label = picture.WidthOf(SecondsText(values.Available), picture.PageFont());
-    const bool roomy = label <= 2 * (chart.ToX(1) - chart.ToX(0));
-    for (std::size_t place = 0; roomy && place < values.Bars.size(); ++place) {
-        LabelBar(picture, chart, values.Bars[place], middle_of(place), values.Available);
+    for (std::size_t place = 0; place < values.Bars.size(); ++place) {
+        chart.LabelBar(place, TopOf(values.Bars[place]), kInk);
     }
 }
 

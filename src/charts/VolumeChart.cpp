@@ -69,84 +69,90 @@ Axis CostAxis(const VolumeBounds& bounds, VolumeCost shown) {
     return axis;
 }
 
-/// Draws the curves of one chart.
-class VolumeDrawing {
-  public:
-    VolumeDrawing(Picture& picture, Chart& chart, VolumeCost shown)
-        : m_picture(picture), m_chart(chart), m_shown(shown) {}
-
-    void Draw(const VolumeCurve& curve) {
-        for (std::size_t place = 0; place < curve.Ranges.size(); ++place) {
-            const VolumeRange& range = curve.Ranges[place];
-            const std::string who =
-                curve.Dashed ? curve.Name + ", " + ShiftsText(range.Shifts) : curve.Name;
-            const std::string each = m_shown == VolumeCost::Total ? " a year" : " each";
-            std::string words = "{x} units, ";
-            words.append(who).append(": {y}").append(each).append("; ").append(curve.Lines[place]);
-            m_shown == VolumeCost::Total ? DrawStraight(curve, range, words)
-                                         : DrawBent(curve, range, words);
-        }
-    }
-
-  private:
-    void DrawStraight(const VolumeCurve& curve, const VolumeRange& range,
-                      const std::string& words) {
-        DrawPiece(curve, range.Best,
-                  {static_cast<double>(range.From), static_cast<double>(range.To),
-                   static_cast<double>(range.CostFrom), static_cast<double>(range.CostTo)},
-                  words);
-    }
-
-    /// A cost per unit is bent: short straight pieces.
-    void DrawBent(const VolumeCurve& curve, const VolumeRange& range, const std::string& words) {
-        constexpr double piece = 8 * kTwipsPerPixel;
-        const double span = m_chart.ToX(range.To) - m_chart.ToX(range.From);
-        const int pieces = std::max(1, static_cast<int>(span / piece));
-        const auto volume_at = [&](int i) {
-            return range.From + (static_cast<double>(range.To) - range.From) * i / pieces;
-        };
-        const auto cost_at = [&](double volume) {
-            const auto from = static_cast<double>(range.CostFrom);
-            const double rise = static_cast<double>(range.CostTo) - from;
-            const double share =
-                range.To == range.From ? 0 : (volume - range.From) / (range.To - range.From);
-            return (from + rise * share) / volume;
-        };
-        for (int i = 0; i < pieces; ++i) {
-            const double start = volume_at(i);
-            const double end = volume_at(i + 1);
-            DrawPiece(curve, range.Best, {start, end, cost_at(start), cost_at(end)}, words);
-        }
-    }
-
-    void DrawPiece(const VolumeCurve& curve, bool best, const Reading& ends,
-                   const std::string& words) {
-        constexpr int thick = 3;
-        const bool drawn = m_chart.Line(ends.XStart, ends.YStart, ends.XEnd, ends.YEnd, curve.Pen,
-                                        best && !curve.Dashed ? thick : 1, curve.Dashed);
-        const bool whole = std::max(ends.YStart, ends.YEnd) <= m_chart.Highest();
-        if (drawn && whole) {
-            m_picture.Describe(words, ends);
-        }
-    }
-
-    Picture& m_picture;
-    Chart& m_chart;
-    VolumeCost m_shown;
+/// A straight part of a curve.
+struct CurvePiece {
+    const VolumeCurve& Curve;
+    std::size_t Place;  ///< of its range and line
+    Reading Ends;
 };
 
-void DrawAsked(Chart& chart, const VolumeBounds& bounds, const std::vector<double>& asked) {
-    for (const double volume : asked) {
-        if (volume >= bounds.From && volume <= bounds.To) {
-            const std::string name = "Demand " + Format(volume, "#,##0");
-            chart.Guide(volume, name, kGuideInk);
-            chart.NameGuide(volume, name, ThousandsText(volume));
+double CostAt(const VolumeRange& range, double volume) {
+    const auto from = static_cast<double>(range.CostFrom);
+    const double rise = static_cast<double>(range.CostTo) - from;
+    return range.To == range.From ? from
+                                  : from + rise * (volume - range.From) / (range.To - range.From);
+}
+
+/// A cost per unit is bent: short straight pieces.
+void AddPieces(std::vector<CurvePiece>& pieces, const VolumeCurve& curve, std::size_t place,
+               const Chart& chart, VolumeCost shown) {
+    constexpr double length = 8 * kTwipsPerPixel;
+    const VolumeRange& range = curve.Ranges[place];
+    const double span = chart.ToX(range.To) - chart.ToX(range.From);
+    const int count = shown == VolumeCost::Total ? 1 : std::max(1, static_cast<int>(span / length));
+    const auto volume_at = [&](int i) {
+        return range.From + (static_cast<double>(range.To) - range.From) * i / count;
+    };
+    const auto cost_at = [&](double volume) {
+        return CostAt(range, volume) / (shown == VolumeCost::Total ? 1 : volume);
+    };
+    for (int i = 0; i < count; ++i) {
+        const double start = volume_at(i);
+        const double end = volume_at(i + 1);
+        pieces.push_back({curve, place, {start, end, cost_at(start), cost_at(end)}});
+    }
+}
+
+std::vector<CurvePiece> PiecesOf(const std::vector<VolumeCurve>& curves, const Chart& chart,
+                                 VolumeCost shown) {
+    std::vector<CurvePiece> pieces;
+    for (const VolumeCurve& curve : curves) {
+        for (std::size_t place = 0; place < curve.Ranges.size(); ++place) {
+            AddPieces(pieces, curve, place, chart, shown);
         }
+    }
+    return pieces;
+}
+
+std::string PieceWords(const CurvePiece& piece, VolumeCost shown) {
+    const VolumeCurve& curve = piece.Curve;
+    std::string words = "{x} units, " + curve.Name;
+    if (curve.Dashed) {
+        words.append(", ").append(ShiftsText(curve.Ranges[piece.Place].Shifts));
+    }
+    return words.append(": {y}")
+        .append(shown == VolumeCost::Total ? " a year; " : " each; ")
+        .append(curve.Lines[piece.Place]);
+}
+
+void DrawPiece(Picture& picture, Chart& chart, const CurvePiece& piece, VolumeCost shown) {
+    constexpr int thick = 3;
+    const Reading& ends = piece.Ends;
+    const VolumeCurve& curve = piece.Curve;
+    const bool best = curve.Ranges[piece.Place].Best && !curve.Dashed;
+    const bool drawn = chart.Line(ends.XStart, ends.YStart, ends.XEnd, ends.YEnd, curve.Pen,
+                                  best ? thick : 1, curve.Dashed);
+    const bool whole = std::max(ends.YStart, ends.YEnd) <= chart.Highest();
+    if (drawn && whole) {
+        picture.Describe(PieceWords(piece, shown), ends);
+    }
+}
+
+std::string DemandText(double volume) {
+    return "Demand " + Format(volume, "#,##0");
+}
+
+void DrawGuides(Chart& chart, const std::vector<double>& asked) {
+    for (const double volume : asked) {
+        chart.Guide(volume, DemandText(volume), kGuideInk);
+    }
+    for (const double volume : asked) {
+        chart.NameGuideAcross(volume, DemandText(volume), ThousandsText(volume));
     }
 }
 
 void DrawCurves(Picture& picture, const std::vector<VolumeCurve>& curves, VolumeCost shown,
-                const std::vector<double>& asked) {
+                std::vector<double> asked) {
     const VolumeBounds bounds = BoundsOf(curves, shown);
     ChartFrame frame;
     frame.Title = shown == VolumeCost::Total ? "Cost over volume" : "Cost per unit over volume";
@@ -156,10 +162,14 @@ void DrawCurves(Picture& picture, const std::vector<VolumeCurve>& curves, Volume
         frame.Legend.push_back({curve.Name, curve.Pen, curve.Dashed, {}});
     }
     Chart chart(picture, std::move(frame));
-    DrawAsked(chart, bounds, asked);
-    VolumeDrawing drawing(picture, chart, shown);
-    for (const VolumeCurve& curve : curves) {
-        drawing.Draw(curve);
+    const std::vector<CurvePiece> pieces = PiecesOf(curves, chart, shown);
+    for (const CurvePiece& piece : pieces) {
+        chart.KeepClear(piece.Ends.XStart, piece.Ends.YStart, piece.Ends.XEnd, piece.Ends.YEnd);
+    }
+    std::erase_if(asked, [&](double volume) { return volume < bounds.From || volume > bounds.To; });
+    DrawGuides(chart, asked);
+    for (const CurvePiece& piece : pieces) {
+        DrawPiece(picture, chart, piece, shown);
     }
 }
 

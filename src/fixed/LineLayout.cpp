@@ -11,6 +11,7 @@ constexpr double kGapDown = 300;
 constexpr double kSmallestIcon = 360;
 constexpr double kLargestIcon = 2100;
 constexpr int kTextLines = 4;  ///< of a full card
+constexpr int kFlatLines = 3;
 
 int RowsOf(int stations, int perRow) {
     return (stations + perRow - 1) / perRow;
@@ -78,7 +79,7 @@ LineLayout LayOutLine(int stations, const Extent& area, const CardTexts& texts, 
     const double width = icon + texts.Flat + 2 * kCardPadding;
     layout = FlatLayout(stations, area, width);
     layout.Icon = icon;
-    PlaceCards(layout, stations, area, width, icon + kCardPadding);
+    PlaceCards(layout, stations, area, width, kFlatLines * line + kCardPadding);
     return layout;
 }
 

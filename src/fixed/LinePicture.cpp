@@ -49,6 +49,7 @@ class LineDrawing {
   private:
     [[nodiscard]] CardTexts WidestTexts() const;
     [[nodiscard]] Font HeadingFont() const { return {FontFamily::FixedPitch, m_font.Points}; }
+    [[nodiscard]] std::string Rule() const;
     void DrawHeading();
     void DrawCard(std::size_t place, const Extent& card);
     void FillFullCard(std::size_t place, const Extent& card);
@@ -84,14 +85,14 @@ CardTexts LineDrawing::WidestTexts() const {
         texts.Full = std::max({texts.Full, name, width("Station " + mark),
                                width(QuantityText(station)), width(TaskLine(station))});
         texts.Flat = std::max({texts.Flat, name + m_picture.WidthOf(mark + " ", m_bold),
-                               width(QuantityText(station) + "  " + RangeText(station))});
+                               width(QuantityText(station)), width(TaskLine(station))});
     }
     return texts;
 }
 
 void LineDrawing::Draw() {
     const Page& page = m_picture.LaidOutFor();
-    m_picture.SetPaper(std::max(page.Width, 2 * kMargin + TextWidth(kRule, HeadingFont())),
+    m_picture.SetPaper(std::max(page.Width, 2 * kMargin + TextWidth(kHeading, HeadingFont())),
                        page.Height);
     DrawHeading();
     if (m_stations.empty()) {
@@ -110,12 +111,20 @@ void LineDrawing::Draw() {
     }
 }
 
+/// No longer than the paper is wide: a line of its own deserves no scroll bar.
+std::string LineDrawing::Rule() const {
+    const std::string rule = kRule;
+    const double dash = TextWidth(rule, HeadingFont()) / static_cast<double>(rule.size());
+    const double room = m_picture.Width() - 2 * kMargin;
+    return rule.substr(0, static_cast<std::size_t>(room / dash));
+}
+
 void LineDrawing::DrawHeading() {
     m_picture.TextFont = HeadingFont();
     PictureLines lines(m_picture);
     LinePrinter printer(lines);
     printer.Print(kHeading);
-    printer.Print(kRule);
+    printer.Print(Rule());
 }
 
 void LineDrawing::DrawCard(std::size_t place, const Extent& card) {
@@ -154,23 +163,22 @@ void LineDrawing::FillFullCard(std::size_t place, const Extent& card) {
     PrintCentred(card, top + 2 * m_line, TaskLine(station), m_font, kInk);
 }
 
-/// The icon to the left of two lines.
+/// The icon to the left of three lines.
 void LineDrawing::FillFlatCard(std::size_t place, const Extent& card) {
     const StationFigure& station = m_stations[place];
     const double top = card.Top + kCardPadding / 2;
     const double left = card.Left + kCardPadding + m_layout.Icon;
     const double room = card.Right - left - kCardPadding / 2;
     if (IsResourceType(station.Type)) {
-        m_picture.Icon(static_cast<ResourceType>(station.Type), card.Left + kCardPadding / 2, top,
-                       m_layout.Icon);
+        m_picture.Icon(static_cast<ResourceType>(station.Type), card.Left + kCardPadding / 2,
+                       (card.Top + card.Bottom - m_layout.Icon) / 2, m_layout.Icon);
     }
     m_picture.Text(
         left, top,
         Shortened(NumberText(static_cast<int>(place) + 1) + " " + station.Name, room, m_bold),
         m_bold, kInk);
     m_picture.Text(left, top + m_line, QuantityText(station), m_font, kInk);
-    m_picture.Text(left + m_picture.WidthOf(QuantityText(station) + "  ", m_font), top + m_line,
-                   RangeText(station), m_font, kInk);
+    m_picture.Text(left, top + 2 * m_line, TaskLine(station), m_font, kInk);
 }
 
 void LineDrawing::DrawStroke(double x1, double y1, double x2, double y2) {

@@ -28,10 +28,12 @@ Chart::Chart(Picture& picture, ChartFrame frame)
       m_font(picture.PageFont()),
       m_line(LineHeight(m_font)),
       m_labels({0, 0, 0, 0}),
-      m_lines({0, 0, 0, 0}) {
+      m_lines({0, 0, 0, 0}),
+      m_guides({0, 0, 0, 0}) {
     LayOutPlot();
     m_labels = LabelPlaces(m_plot);
     m_lines = LabelPlaces(m_plot);
+    m_guides = LabelPlaces(m_plot);
     DrawHead();
     DrawYTicks();
     m_frame.Places.empty() ? DrawXTicks() : DrawPlaces();
@@ -54,31 +56,71 @@ AxisScale Chart::WidestScale(double width) const {
 }
 
 void Chart::LayOutPlot() {
-    constexpr double least_columns = 16;
+    constexpr double least_columns = 11;
     constexpr double least_lines = 9.5;
-    constexpr double label_lines = 1.2;
-    constexpr double lines_per_step = 1.7;
     const Page& page = m_picture.LaidOutFor();
-    m_picture.SetPaper(std::max(page.Width, least_columns * m_line),
+    m_picture.SetPaper(std::max(page.Width, least_columns * m_line), page.Height);
+    m_picture.SetPaper(m_picture.Width(),
                        std::max(page.Height, least_lines * m_line + LegendHeight()));
     const double head = LineHeight(m_picture.PageFont(1, true)) + LegendHeight() + 1.5 * m_line;
     m_plot.Top = 2 * kChartGap + head;
     m_plot.Bottom = m_picture.Height() - 2 * kChartGap - 2.5 * m_line;
-    const double height = m_plot.Bottom - m_plot.Top;
-    if (m_frame.LabelsOnBars) {
-        m_frame.Y.High *= height / (height - label_lines * m_line);
+    LayOutScales();
+    if (!m_frame.BarLabels.empty()) {
+        m_labelling = LabellingIn(ToX(1) - ToX(0));
     }
+    if (BarLabelHeight() > 0) {
+        const double height = m_plot.Bottom - m_plot.Top;
+        m_frame.Y.High *= height / std::max(height - BarLabelHeight(), height / 2);
+        LayOutScales();
+    }
+}
+
+void Chart::LayOutScales() {
+    constexpr double lines_per_step = 1.7;
+    const TextMeasure& measure = *m_picture.LaidOutFor().Measure;
     m_yScale = RoundScale(m_frame.Y.Low, m_frame.Y.High,
                           StepsIn(m_plot.Bottom - m_plot.Top, lines_per_step * m_line));
-    m_plot.Left =
-        2 * kChartGap + kTickLength + WidestTick(m_frame.Y, m_yScale, m_font, *page.Measure);
+    m_plot.Left = 2 * kChartGap + kTickLength + WidestTick(m_frame.Y, m_yScale, m_font, measure);
     m_plot.Right = m_picture.Width() - 2 * kChartGap;
     if (!m_frame.Places.empty()) {
         m_xScale = {0, static_cast<double>(m_frame.Places.size()), 1};
         return;
     }
     m_xScale = WidestScale(m_plot.Right - m_plot.Left);
-    m_plot.Right -= WidestTick(m_frame.X, m_xScale, m_font, *page.Measure) / 2;
+    m_plot.Right -= WidestTick(m_frame.X, m_xScale, m_font, measure) / 2;
+}
+
+double Chart::LongestBarLabel(const std::vector<std::string>& labels) const {
+    double longest = 0;
+    for (const std::string& label : labels) {
+        longest = std::max(longest, m_picture.WidthOf(label, m_font));
+    }
+    return longest;
+}
+
+/// A label that stands aside or higher than its neighbours no longer belongs to a bar.
+BarLabelling Chart::LabellingIn(double room) const {
+    const double free = room - kChartGap;
+    if (LongestBarLabel(m_frame.BarLabels) <= free) {
+        return BarLabelling::InFull;
+    }
+    if (LongestBarLabel(m_frame.ShortBarLabels) <= free) {
+        return BarLabelling::InShort;
+    }
+    return m_line <= room ? BarLabelling::Upright : BarLabelling::None;
+}
+
+double Chart::BarLabelHeight() const {
+    constexpr double label_lines = 1.2;
+    switch (m_labelling) {
+        case BarLabelling::None:
+            return m_frame.LabelsOnBars ? label_lines * m_line : 0;
+        case BarLabelling::Upright:
+            return LongestBarLabel(m_frame.ShortBarLabels) + kChartGap;
+        default:
+            return label_lines * m_line;
+    }
 }
 
 double Chart::ToX(double x) const {
@@ -114,7 +156,7 @@ void Chart::DrawHead() {
 
 double Chart::LegendHeight() const {
     Picture probe(m_picture.LaidOutFor());
-    return DrawLegend(probe, m_frame.Legend, kChartGap, 0, probe.Width() - kChartGap);
+    return DrawLegend(probe, m_frame.Legend, kChartGap, 0, m_picture.Width() - kChartGap);
 }
 
 void Chart::DrawAxes() {

@@ -31,7 +31,14 @@ struct ChartFrame {
     /// numbers stand alone, or every second, fifth and so on, where the names have no room.
     std::vector<std::string> Places;
     bool LabelsOnBars = false;  ///< the highest value needs room for a label over it
+    /// What stands over the bars of the places, and what instead where not all have room; see
+    /// LabelBar.
+    std::vector<std::string> BarLabels = {};
+    std::vector<std::string> ShortBarLabels = {};
 };
+
+/// How the bars of a chart are labelled.
+enum class BarLabelling { InFull, InShort, Upright, None };
 
 /// Writes a legend in rows from (left, top) to `right` and returns the height of the rows.
 double DrawLegend(Picture& picture, std::span<const LegendEntry> legend, double left, double top,
@@ -54,8 +61,14 @@ class Chart {
     void KeepClear(double x1, double y1, double x2, double y2);
     /// A full height line at a value of x; the name is behind it.
     void Guide(double x, const std::string& name, Colour colour);
-    /// Writes the name of a guide along it, as high up as it has room, else a shorter one.
+    /// Writes the name of a guide along it, as high up as it is clear of lines and other guides,
+    /// else a shorter one, else none.
     void NameGuide(double x, const std::string& name, const std::string& shorter);
+    /// The same with the name across, where it has room, before a name along the guide.
+    void NameGuideAcross(double x, const std::string& name, const std::string& shorter);
+    /// The label of a place over the value of its bar, as soon as it is clear of lines. All bars
+    /// are labelled the same way: in full, in short, upright or not at all.
+    void LabelBar(std::size_t place, double y, Colour colour);
     /// A ring round a point of the curve, which stays visible in it.
     void Ring(double x, double y, Colour colour);
     /// An arrow to what lies above the plot at a value of x, with a text beside it.
@@ -83,7 +96,11 @@ class Chart {
     void PrintCentred(double x, double top, const std::string& text, const Font& font,
                       Colour colour);
     bool TryTake(const Extent& place, bool clearOfLines);
-    bool TryName(double x, const std::string& text, const std::string& name, bool clearOfLines);
+    bool TryName(double x, const std::string& text, const std::string& name, bool across);
+    [[nodiscard]] BarLabelling LabellingIn(double room) const;
+    [[nodiscard]] double BarLabelHeight() const;
+    [[nodiscard]] double LongestBarLabel(const std::vector<std::string>& labels) const;
+    void LayOutScales();
     bool TryLabel(double x, double y, const std::string& text, const Font& font, Colour colour,
                   bool clearOfLines);
     [[nodiscard]] AxisScale WidestScale(double width) const;
@@ -97,7 +114,9 @@ class Chart {
     AxisScale m_yScale{0, 1, 1};
     Extent m_plot{0, 0, 0, 0};
     LabelPlaces m_labels;
-    LabelPlaces m_lines;  ///< what texts keep clear of
+    LabelPlaces m_lines;   ///< what texts keep clear of
+    LabelPlaces m_guides;  ///< what names of guides keep clear of, too
+    BarLabelling m_labelling = BarLabelling::None;
 };
 
 }  // namespace quarnel02

@@ -88,33 +88,64 @@ bool Chart::TryTake(const Extent& place, bool clearOfLines) {
 void Chart::Guide(double x, const std::string& name, Colour colour) {
     m_picture.Line(ToX(x), m_plot.Top, ToX(x), m_plot.Bottom, colour);
     m_picture.Describe(name);
+    m_guides.Take({ToX(x), m_plot.Top, ToX(x), m_plot.Bottom});
 }
 
 void Chart::NameGuide(double x, const std::string& name, const std::string& shorter) {
-    if (name.empty()) {
-        return;
-    }
-    for (const bool clear_of_lines : {true, false}) {
-        for (const std::string& text : {name, shorter}) {
-            if (TryName(x, text, name, clear_of_lines)) {
-                return;
-            }
-        }
+    if (!name.empty() && !TryName(x, name, name, false)) {
+        TryName(x, shorter, name, false);
     }
 }
 
-bool Chart::TryName(double x, const std::string& text, const std::string& name, bool clearOfLines) {
+void Chart::NameGuideAcross(double x, const std::string& name, const std::string& shorter) {
+    if (name.empty() || TryName(x, name, name, true) || TryName(x, name, name, false)) {
+        return;
+    }
+    if (!TryName(x, shorter, name, true)) {
+        TryName(x, shorter, name, false);
+    }
+}
+
+/// To the right of the guide before to the left of it. A name on a curve could not be read, nor
+/// could the curve: rather none; the guide says it to who points at it.
+bool Chart::TryName(double x, const std::string& text, const std::string& name, bool across) {
     const double length = m_picture.WidthOf(text, m_font);
-    const double left = ToX(x) + kTwipsPerPixel;
-    for (double top = m_plot.Top + kChartGap / 2; top + length <= m_plot.Bottom - kChartGap / 2;
-         top += m_line / 2) {
-        if (TryTake({left, top, left + m_line, top + length}, clearOfLines)) {
-            m_picture.Add(TextFigure{left, top, text, m_font, kGuideInk, true});
-            m_picture.Describe(name);
-            return true;
+    const double width = across ? length : m_line;
+    const double height = across ? m_line : length;
+    const double aside = across ? kChartGap : kTwipsPerPixel;
+    for (const double left : {ToX(x) + aside, ToX(x) - aside - width}) {
+        for (double top = m_plot.Top + kChartGap / 2; top + height <= m_plot.Bottom - kChartGap / 2;
+             top += m_line / 2) {
+            const Extent place{left, top, left + width, top + height};
+            if (m_guides.IsFree(place) && TryTake(place, true)) {
+                m_picture.Add(TextFigure{left, top, text, m_font, kGuideInk, !across});
+                m_picture.Describe(name);
+                return true;
+            }
         }
     }
     return false;
+}
+
+void Chart::LabelBar(std::size_t place, double y, Colour colour) {
+    constexpr int steps_per_line = 4;
+    if (m_labelling == BarLabelling::None) {
+        return;
+    }
+    const bool upright = m_labelling == BarLabelling::Upright;
+    const std::string& text = m_labelling == BarLabelling::InFull ? m_frame.BarLabels[place]
+                                                                  : m_frame.ShortBarLabels[place];
+    const double length = m_picture.WidthOf(text, m_font);
+    const double width = upright ? m_line : length;
+    const double height = upright ? length + kChartGap / 2 : m_line;
+    const double left = ToX(static_cast<double>(place) + 0.5) - width / 2;
+    const double lowest = std::max(ToY(y) - height, m_plot.Top);
+    double top = lowest;
+    const auto clear = [&] { return m_lines.IsFree({left, top, left + width, top + height}); };
+    while (!clear() && top > lowest - height - m_line) {
+        top -= m_line / steps_per_line;
+    }
+    m_picture.Add(TextFigure{left, clear() ? top : lowest, text, m_font, colour, upright});
 }
 
 void Chart::Ring(double x, double y, Colour colour) {
@@ -139,7 +170,7 @@ void Chart::ArrowUp(double x, const std::string& text, Colour colour) {
     const double width = m_picture.WidthOf(text, m_font);
     for (const bool clear_of_lines : {true, false}) {
         for (const double left :
-             {ToX(x) + kChartGap, ToX(x) - kChartGap - width, ToX(x) - width / 2}) {
+             {ToX(x) + 2 * kChartGap, ToX(x) - 2 * kChartGap - width, ToX(x) - width / 2}) {
             for (const double top : {tip, tip + m_line, tip + 2 * m_line}) {
                 if (TryTake({left, top, left + width, top + m_line}, clear_of_lines)) {
                     m_picture.Text(left, top, text, m_font, colour);

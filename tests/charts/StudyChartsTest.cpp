@@ -294,6 +294,63 @@ TEST(StationLoad, PutsNoLabelOnTheLineOfTheAvailableTime) {
     }
 }
 
+TEST(StationLoad, LeavesTheUnitOutWhereLabelsHaveNoRoomForIt) {
+    const LineModel model = BenchAndRobot();
+    LineTable table = TableOfBenchAndRobot(model);
+    table.Rows.resize(5, table.Rows[0]);
+    Picture narrow(3300, 6000);
+    DrawStationLoad(narrow, model, table);
+    EXPECT_TRUE(Has(TextsOf(narrow), "70.0"));
+    EXPECT_FALSE(Has(TextsOf(narrow), "70.0 s"));
+}
+
+TEST(CostBars, HaveALegendOfWhatTheyShow) {
+    Picture fixed(9000, 6000);
+    DrawCostBars(fixed, {{"1", {0, 100, 50, 200, 350}, 0, ""}});
+    EXPECT_TRUE(Has(TextsOf(fixed), "Labour"));
+    EXPECT_FALSE(Has(TextsOf(fixed), "Penalty"));
+    Picture expected(9000, 6000);
+    DrawCostBars(expected, {{"1", {0, 100, 50, 200, 350}, 0, ""}, {"2", {0, 0, 0, 1, 1}, 7, ""}});
+    EXPECT_TRUE(Has(TextsOf(expected), "Penalty"));
+}
+
+bool Crosses(const LineFigure& line, const Extent& place) {
+    constexpr int points = 200;
+    for (int i = 0; i <= points; ++i) {
+        const double x = line.X1 + (line.X2 - line.X1) * i / points;
+        const double y = line.Y1 + (line.Y2 - line.Y1) * i / points;
+        if (x > place.Left && x < place.Right && y > place.Top && y < place.Bottom) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// How many texts that start like that lie on a curve.
+std::size_t OnCurves(const Picture& picture, const std::string& start) {
+    std::size_t count = 0;
+    for (const auto& text : FiguresOf<TextFigure>(picture)) {
+        const Extent place = ExtentOf(text, *picture.LaidOutFor().Measure);
+        for (const HotSpot& spot : picture.HotSpots()) {
+            if (spot.Ends && text.Text.starts_with(start)) {
+                const auto& line = std::get<LineFigure>(picture.Figures()[spot.Figure]);
+                count += Crosses(line, place) ? 1U : 0U;
+            }
+        }
+    }
+    return count;
+}
+
+TEST(VolumeChart, PutsNoNameOfADemandOnACurve) {
+    for (const double height : {3000.0, 4000.0, 6000.0, 9000.0}) {
+        for (const double volume : {1500.0, 2500.0, 4500.0, 6500.0, 7900.0}) {
+            Picture picture(9000, height);
+            DrawVolumes(picture, CurvesOf(BenchAndRobot(), Ranges()), VolumeCost::Total, {volume});
+            EXPECT_EQ(OnCurves(picture, "Demand"), 0U) << height << ", " << volume;
+        }
+    }
+}
+
 TEST(VolumeChart, MarksTheVolumesThatAreAskedFor) {
     Picture picture(9000, 6000);
     DrawVolumes(picture, CurvesOf(BenchAndRobot(), Ranges()), VolumeCost::Total, {500, 4500, 9000});
@@ -357,6 +414,17 @@ TEST(BreakEvens, ShowTheNearestOnesFirstInPercentOfToday) {
     }
     DrawBreakEvens(picture, rows);
     EXPECT_EQ(FiguresOf<BoxFigure>(picture).size(), 12U);
+}
+
+TEST(BreakEvens, OfOneFigureIsABarAndNoSlab) {
+    std::vector<SensitivityRow> rows = {Row("Penalty", 900.0F, 1100.0F)};
+    rows[0].BreakEven = 19;
+    Picture picture(9000, 9000);
+    DrawBreakEvens(picture, rows);
+    const auto bars = FiguresOf<BoxFigure>(picture);
+    ASSERT_EQ(bars.size(), 1U);
+    EXPECT_LE(bars[0].Height, 3 * LineHeight(picture.PageFont()));
+    EXPECT_LT(bars[0].Y + bars[0].Height, picture.Height() / 2);
 }
 
 TEST(CapacityChart, RingsTheLocalMinimaOnTheCurve) {

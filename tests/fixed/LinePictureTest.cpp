@@ -173,6 +173,29 @@ TEST(DrawLine, GrowsDownwardsForMoreStationsThanThePaperHolds) {
     EXPECT_EQ(Count(picture, "50 Bench"), 1);
 }
 
+TEST(DrawLine, CallsTasksByThatNameOnFlatCardsToo) {
+    const Picture picture = Drawn(Line(50), {4400, 1800});
+    const auto cards = Cards(picture);
+    std::size_t tasks = 0;
+    for (const auto& text : FiguresOf<TextFigure>(picture)) {
+        tasks += text.Text.starts_with("Task") ? 1U : 0U;
+        EXPECT_FALSE(text.Text.find_first_not_of("0123456789-") == std::string::npos &&
+                     text.Text.front() != '-')
+            << text.Text;
+    }
+    EXPECT_EQ(tasks, cards.size());
+}
+
+TEST(DrawLine, ShortensTheRuleOnNarrowPaper) {
+    const Picture picture = Drawn(Line(1), {3300, 3000});
+    EXPECT_EQ(picture.Width(), 3300);
+    const std::string rule = TextsOf(picture).at(1);
+    EXPECT_EQ(rule.find_first_not_of('-'), std::string::npos);
+    EXPECT_LT(rule.size(), 36U);
+    EXPECT_GT(rule.size(), 24U);
+    ExpectTidy(picture);
+}
+
 TEST(DrawLine, DrawsTheHeadingAloneForNoStation) {
     EXPECT_EQ(Drawn({}).Figures().size(), 2U);
 }

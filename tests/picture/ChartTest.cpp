@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "basic/Numbers.h"
 #include "picture/Inks.h"
@@ -123,10 +126,160 @@ TEST(Chart, ALabelThatFindsNoClearPlaceStandsOnTheLine) {
             chart.KeepClear(0, y, 10, y);
         }
         EXPECT_TRUE(chart.Label(5, 50, "label", kInk));
-        chart.NameGuide(3, "guide", "g");
     });
     PlaceOf(crowded, "label");
-    PlaceOf(crowded, "guide");
+}
+
+bool Shows(const Picture& picture, const std::string& text) {
+    const auto texts = test::FiguresOf<TextFigure>(picture);
+    return std::any_of(texts.begin(), texts.end(),
+                       [&](const TextFigure& each) { return each.Text == text; });
+}
+
+TEST(Chart, NamesAGuideNowhereRatherThanOnALine) {
+    const Picture crowded = Drawn([](Picture&, Chart& chart) {
+        for (int y = 0; y <= 100; y += 2) {
+            chart.KeepClear(0, y, 10, y);
+        }
+        chart.Guide(3, "guide", kInk);
+        chart.NameGuide(3, "guide", "g");
+        chart.Guide(6, "other", kInk);
+        chart.NameGuideAcross(6, "other", "o");
+    });
+    for (const char* name : {"guide", "g", "other", "o"}) {
+        EXPECT_FALSE(Shows(crowded, name)) << name;
+    }
+    ASSERT_EQ(crowded.HotSpots().size(), 2U);
+    EXPECT_EQ(crowded.HotSpots()[0].Text, "guide");
+    EXPECT_EQ(crowded.HotSpots()[1].Text, "other");
+}
+
+TEST(Chart, NamesOfGuidesCrossNoOtherGuide) {
+    Extent between{0, 0, 0, 0};
+    const Picture picture = Drawn([&](Picture&, Chart& chart) {
+        between = {chart.ToX(5), 0, chart.ToX(5.2), 1e6};
+        for (const double x : {5.0, 5.1, 5.2}) {
+            chart.Guide(x, "at " + NumberText(x), kInk);
+        }
+        for (const double x : {5.0, 5.1, 5.2}) {
+            chart.NameGuide(x, "at " + NumberText(x), "short");
+        }
+    });
+    // To the left of the first, to the right of the last, and no room for the one between.
+    EXPECT_LT(PlaceOf(picture, "at 5").Right, between.Left);
+    EXPECT_GT(PlaceOf(picture, "at 5.2").Left, between.Right);
+    EXPECT_FALSE(Shows(picture, "at 5.1"));
+    EXPECT_FALSE(Shows(picture, "short"));
+}
+
+TEST(Chart, NamesAGuideAcrossWhereThatHasRoomElseAlong) {
+    const auto drawn = [](double next) {
+        return Drawn([next](Picture&, Chart& chart) {
+            for (const double x : {5 - next, 5.0, 5 + next}) {
+                chart.Guide(x, "", kInk);
+            }
+            chart.NameGuideAcross(5, "the name", "short");
+        });
+    };
+    const Extent across = PlaceOf(drawn(3), "the name");
+    EXPECT_GT(across.Right - across.Left, across.Bottom - across.Top);
+    const Extent along = PlaceOf(drawn(0.6), "the name");
+    EXPECT_LT(along.Right - along.Left, along.Bottom - along.Top);
+}
+
+bool IsUpright(const Picture& picture, const std::string& text) {
+    const auto texts = test::FiguresOf<TextFigure>(picture);
+    return std::any_of(texts.begin(), texts.end(),
+                       [&](const TextFigure& each) { return each.Text == text && each.Turned; });
+}
+
+/// A chart of so many bars that are nearly as high as each other, on paper of that width.
+Picture LabelledBars(int count, double width, std::vector<double>& tops) {
+    ChartFrame frame{"T", {0, 1, "x"}, {0, 100, "y"}, {}, {}};
+    for (int place = 1; place <= count; ++place) {
+        frame.Places.push_back("Place " + NumberText(place));
+        frame.BarLabels.push_back("in full " + NumberText(place));
+        frame.ShortBarLabels.push_back("s" + NumberText(place));
+    }
+    Picture picture(Page{.Width = width, .Height = 4200});
+    picture.Compose([&](Picture& each) {
+        Chart chart(each, frame);
+        tops.clear();
+        for (int place = 0; place < count; ++place) {
+            const double value = 100 - place % 2;
+            tops.push_back(chart.ToY(value));
+            chart.LabelBar(static_cast<std::size_t>(place), value, kInk);
+        }
+    });
+    return picture;
+}
+
+TEST(Chart, LabelsAllBarsTheSameWayEachRightOverItsBar) {
+    constexpr int count = 12;
+    struct Case {
+        double Width;
+        std::string Start;
+        bool Upright;
+    };
+    for (const Case& each :
+         {Case{20000, "in full ", false}, Case{7200, "s", false}, Case{4200, "s", true}}) {
+        SCOPED_TRACE(each.Width);
+        std::vector<double> tops;
+        const Picture picture = LabelledBars(count, each.Width, tops);
+        for (int place = 1; place <= count; ++place) {
+            const Extent label = PlaceOf(picture, each.Start + NumberText(place));
+            EXPECT_EQ(IsUpright(picture, each.Start + NumberText(place)), each.Upright);
+            EXPECT_NEAR(label.Bottom, tops[static_cast<std::size_t>(place) - 1], kChartGap);
+            EXPECT_GE(label.Top, 0);
+        }
+    }
+    std::vector<double> tops;
+    const Picture narrow = LabelledBars(40, 4200, tops);
+    EXPECT_FALSE(Shows(narrow, "s1"));
+    EXPECT_FALSE(Shows(narrow, "in full 1"));
+}
+
+TEST(Chart, TheLabelOfABarStandsCloseOverALineThatIsInItsWay) {
+    double limit = 0;
+    Picture picture(ChartPage());
+    picture.Compose([&](Picture& each) {
+        ChartFrame frame{"T", {0, 1, "x"}, {0, 100, "y"}, {}, {}};
+        frame.Places = {"A", "B"};
+        frame.BarLabels = {"low", "near"};
+        frame.ShortBarLabels = frame.BarLabels;
+        Chart chart(each, frame);
+        chart.Limit(80, kRedInk);
+        limit = chart.ToY(80);
+        chart.LabelBar(0, 20, kInk);
+        chart.LabelBar(1, 78, kInk);
+    });
+    EXPECT_GT(PlaceOf(picture, "low").Top, limit);
+    const double line = LineHeight(Font{});
+    EXPECT_LE(PlaceOf(picture, "near").Bottom, limit);
+    EXPECT_GT(PlaceOf(picture, "near").Bottom, limit - line / 2);
+}
+
+TEST(Chart, TheLegendTakesNoMoreRowsThanItFills) {
+    // On paper that is narrower than the chart, which grows.
+    double plot = 0;
+    const auto top = [&](double width) {
+        Picture picture(Page{.Width = width, .Height = 9000});
+        picture.Compose([&](Picture& each) {
+            const Chart chart(each, {"T",
+                                     {0, 10, "x"},
+                                     {0, 100, "y"},
+                                     {{"one", kInk}, {"two", kInk}, {"three", kInk}},
+                                     {}});
+            plot = chart.Plot().Top;
+        });
+        return plot;
+    };
+    Picture grown(Page{.Width = 100, .Height = 9000});
+    grown.Compose([](Picture& each) {
+        const Chart chart(each, {"T", {0, 10, "x"}, {0, 100, "y"}, {}, {}});
+    });
+    EXPECT_GT(grown.Width(), 100);
+    EXPECT_EQ(top(100), top(grown.Width()));
 }
 
 TEST(Chart, CutsALineOffAtEitherEndOfTheAxis) {
