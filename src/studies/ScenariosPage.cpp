@@ -24,8 +24,8 @@ ScenariosPage::ScenariosPage(QWidget* parent)
     m_ui->lblScenarioProblem->hide();
     constexpr int names_and_columns = 40;
     m_ui->shtDifferences->setMinimumWidth(names_and_columns * fontMetrics().averageCharWidth());
-    m_ui->splScenario->setSizes({1, 1});
-    m_ui->splScenarios->setSizes({1, 2});
+    m_ui->splScenario->setSizes({450, 550});
+    m_ui->splScenarios->setSizes({300, 700});
     ConnectButtons();
     ConnectBoxes();
     ConnectParts();

@@ -11,7 +11,8 @@ namespace quarnel02 {
 SensitivityPage::SensitivityPage(QWidget* parent)
     : StudyPage(parent), m_ui(std::make_unique<Ui::SensitivityPage>()) {
     m_ui->setupUi(Contents());
-    m_ui->splPictures->setSizes({1, 1});
+    m_ui->splPictures->setSizes({500, 500});
+    m_ui->splSensitivity->setSizes({620, 380});
     connect(m_ui->spnShare, &QSpinBox::valueChanged, this, [this] { Recompute(); });
     ConnectParts();
 }

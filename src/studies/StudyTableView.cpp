@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 
@@ -14,6 +15,34 @@ namespace {
 Qt::Alignment AlignmentOf(const ShownColumn& column) {
     return Qt::AlignVCenter | (column.Figures ? Qt::AlignRight : Qt::AlignLeft);
 }
+
+/// Figures end at the right border of a cell where texts begin at the left one of the next.
+QString Padded(const QString& text) {
+    const QString pad(2, QChar(QChar::Nbsp));
+    return text.isEmpty() ? text : pad + text + pad;
+}
+
+class PaddedCells : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text = Padded(option->text);
+    }
+};
+
+class PaddedHeadings : public QHeaderView {
+  public:
+    using QHeaderView::QHeaderView;
+
+  protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        option->text = Padded(option->text);
+    }
+};
 
 void PutOnClipboard(const TextBlock& block) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(WriteTabbed(block)));
@@ -68,6 +97,8 @@ QVariant StudyTableModel::headerData(int section, Qt::Orientation orientation, i
 }
 
 StudyTableView::StudyTableView(QWidget* parent) : QTableView(parent) {
+    setItemDelegate(new PaddedCells(this));
+    setHorizontalHeader(new PaddedHeadings(Qt::Horizontal, this));
     setModel(&m_model);
     setAccessibleDescription(
         QStringLiteral("Arrow keys go from cell to cell; the context menu copies and saves"));
@@ -80,6 +111,7 @@ StudyTableView::StudyTableView(QWidget* parent) : QTableView(parent) {
     setContextMenuPolicy(Qt::ActionsContextMenu);
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() * 3 / 2);
+    horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
     AddCommand(QStringLiteral("&Copy"), QKeySequence::Copy, QStringLiteral("mnuCopy"),
                [this] { CopySelection(); });
@@ -118,7 +150,7 @@ std::size_t StudyTableView::Row() const {
 /// A long text may be elided; its tool tip has all of it.
 void StudyTableView::FitColumns() {
     constexpr int widest = 48;
-    constexpr int gap = 2;
+    constexpr int gap = 3;
     resizeColumnsToContents();
     const int character = fontMetrics().averageCharWidth();
     for (int column = 0; column < m_model.columnCount({}); ++column) {

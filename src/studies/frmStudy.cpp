@@ -113,6 +113,8 @@ void frmStudy::ConnectPages() {
     AddStep(QKeySequence::Redo, &EditHistory::Redo);
     AddKey(QKeySequence::Close, [this] { close(); });
     AddKey(Qt::Key_Escape, [this] { CancelOrClose(); });
+    AddKey(Qt::CTRL | Qt::Key_PageDown, [this] { ShowTab(1); });
+    AddKey(Qt::CTRL | Qt::Key_PageUp, [this] { ShowTab(-1); });
 }
 
 void frmStudy::AddKey(const QKeySequence& key, const std::function<void()>& command) {
@@ -120,6 +122,12 @@ void frmStudy::AddKey(const QKeySequence& key, const std::function<void()>& comm
     action->setShortcut(key);
     connect(action, &QAction::triggered, this, command);
     addAction(action);
+}
+
+/// The next or the previous one, round and round.
+void frmStudy::ShowTab(int step) {
+    const int tabs = m_ui->tabStudy->count();
+    m_ui->tabStudy->setCurrentIndex((m_ui->tabStudy->currentIndex() + step + tabs) % tabs);
 }
 
 /// What the user waits for is given up first.

@@ -70,6 +70,7 @@ class frmStudy : public QWidget {
     void ComputePage();
     void ShowState();
     void AddKey(const QKeySequence& key, const std::function<void()>& command);
+    void ShowTab(int step);
     void CancelOrClose();
     void CopyTables();
     void SavePage();

@@ -1,9 +1,12 @@
 // Pictures of the study window, kept beside the test program, and what must hold on each of them.
 #include <QScreen>
+#include <QScrollBar>
+#include <QSplitter>
 #include <tuple>
 
 #include "app/Screenshot.h"
 #include "generate_model.h"
+#include "studies/StudyPicture.h"
 #include "studies/StudyTest.h"
 
 namespace quarnel02 {
@@ -22,6 +25,15 @@ class StudyScreenshots : public test::StudyTest {
             Start(GeneratedModelScript(tasks, (tasks + 1) / 2, 1));
         }
     }
+    /// A chart may be higher than its box, but a label must not have to be scrolled to.
+    void ExpectChartsFitAcross() const {
+        for (const auto* picture : Study->findChildren<StudyPicture*>()) {
+            if (picture->isVisible()) {
+                EXPECT_EQ(picture->horizontalScrollBar()->maximum(), 0)
+                    << picture->objectName().toStdString();
+            }
+        }
+    }
     void KeepTabs(const std::string& name) {
         Open();
         const std::array tabs = {std::pair(Tab::Line, "line"), std::pair(Tab::Volumes, "volumes"),
@@ -32,6 +44,7 @@ class StudyScreenshots : public test::StudyTest {
             Show(tab);
             QCoreApplication::processEvents();
             test::ExpectNothingClipped(*Study, "");
+            ExpectChartsFitAcross();
             test::KeepScreenshot(*Study, "study-" + name + "-" + word);
         }
         const QSize smallest_screen(1366, 768);
@@ -71,6 +84,9 @@ TEST_F(StudyScreenshots, AFewScenarios) {
     table.selectRow(3);
     QCoreApplication::processEvents();
     test::ExpectNothingClipped(*Study, "");
+    constexpr double least_share = 0.4;
+    EXPECT_GE(Part<StudyPicture>("picCosts").width(),
+              least_share * Part<QSplitter>("splScenario").width());
     test::KeepScreenshot(*Study, "study-scenarios");
 }
 
@@ -106,6 +122,8 @@ TEST_F(StudyScreenshots, NoLine) {
     Put("txtStudyVolume", "900000");
     Put("txtLimit", "1");
     Show(Tab::Line);
+    QCoreApplication::processEvents();
+    test::ExpectNothingClipped(*Study, "");
     test::KeepScreenshot(*Study, "study-no-line");
     EXPECT_NE(Message(), "");
 }

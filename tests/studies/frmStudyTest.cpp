@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <QFileDialog>
+#include <QHeaderView>
 
 #include "basic/Files.h"
 #include "generate_model.h"
@@ -306,6 +307,54 @@ TEST_F(frmStudyTests, SaysWhyAFileCannotBeWritten) {
     Press("cmdSave");
     EXPECT_THAT(Dialogs.Seen,
                 testing::Contains(testing::AllOf(StartsWith("critical: "), HasSubstr("pipe.csv"))));
+}
+
+TEST_F(frmStudyTests, ControlAndPageKeysGoRoundTheTabs) {
+    StartPump();
+    Open();
+    const auto& tabs = Part<QTabWidget>("tabStudy");
+    Part<QWidget>("txtStudyVolume").setFocus();
+    const int count = tabs.count();
+    for (int step = 1; step <= count; ++step) {
+        QTest::keyClick(Study->focusWidget(), Qt::Key_PageDown, Qt::ControlModifier);
+        EXPECT_EQ(tabs.currentIndex(), step % count);
+    }
+    QTest::keyClick(Study->focusWidget(), Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(tabs.currentIndex(), count - 1);
+}
+
+/// How far the text of a cell or a heading ends from its right border.
+double PaperToTheRight(QWidget& shown, const QRect& cell) {
+    constexpr int border = 3;
+    const QImage image = shown.grab(cell).toImage();
+    for (int free = border; free < image.width(); ++free) {
+        for (int y = border; y < image.height() - border; ++y) {
+            if (image.pixel(image.width() - 1 - free, y) !=
+                image.pixel(image.width() - border, y)) {
+                return free / image.devicePixelRatio();
+            }
+        }
+    }
+    return image.width();
+}
+
+TEST_F(frmStudyTests, FiguresStandApartFromTheTextsBesideThem) {
+    StartPump();
+    Open();
+    Show(Tab::Line);
+    auto& table = Part<StudyTableView>("tblLine");
+    const int quantity = 2;
+    ASSERT_EQ(table.model()->headerData(quantity, Qt::Horizontal).toString(), "Quantity");
+    const int apart = table.fontMetrics().averageCharWidth();
+    const QRect cell = table.visualRect(table.model()->index(1, quantity));
+    EXPECT_GE(PaperToTheRight(*table.viewport(), cell), apart);
+    EXPECT_LT(PaperToTheRight(*table.viewport(), cell), cell.width());
+    QHeaderView& head = *table.horizontalHeader();
+    const QRect heading(head.sectionViewportPosition(quantity), 0, head.sectionSize(quantity) - 2,
+                        head.height());
+    EXPECT_GE(PaperToTheRight(*head.viewport(), heading), apart - 2);
+    EXPECT_LT(PaperToTheRight(*head.viewport(), heading), heading.width());
+    EXPECT_EQ(Column("tblLine", "Quantity")[1], "1");
 }
 
 TEST_F(frmStudyTests, CopiesBlocksAndTables) {
