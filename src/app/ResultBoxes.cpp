@@ -107,19 +107,21 @@ void ResultBoxes::ApplySizes() {
     }
 }
 
-/// The summary is as wide as its lines ask for; what is more goes to the pictures.
+/// The summary is as wide as its lines ask for; what is more goes to the pictures. The widths add
+/// up, so that they come out the same whatever the boxes were before.
 void ResultBoxes::ShareByDefault(Rows rows) const {
     constexpr int unit = 100;
     const int width = m_splitters.Area->width();
     const int summary = std::min(SummaryWidth(), 45 * width / 100);
-    const int beside = width - summary;
+    const int handles = (rows == Rows::Two ? 1 : 2) * m_splitters.Upper->handleWidth();
+    const int beside = width - summary - handles;
     if (rows == Rows::Two) {
         m_splitters.Area->setSizes({26 * unit, 38 * unit, 36 * unit});
         m_splitters.Upper->setSizes({summary, beside, 0});
         m_splitters.Lower->setSizes({50 * unit, 50 * unit});
     } else {
         m_splitters.Area->setSizes({45 * unit, 55 * unit, 0});
-        m_splitters.Upper->setSizes({summary, beside / 2, 0, beside / 2});
+        m_splitters.Upper->setSizes({summary, beside / 2, 0, beside - beside / 2});
     }
 }
 

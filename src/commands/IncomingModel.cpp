@@ -92,6 +92,13 @@ void RemoveDatabase(const fs::path& database) {
     RemoveCompanions(database);
 }
 
+/// Another model is in place now: until it is shown, what the form shows is not to reach it.
+void ShowOther(MainForm& form) {
+    form.ShowBeforeUse({});
+    const FailureGuard not_shown([&] { form.ShowBeforeUse([&form] { ShowOther(form); }); });
+    ShowLoadedModel(form);
+}
+
 std::string Replaced(std::string text, const std::string& what, const std::string& with) {
     for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at)) {
         text.replace(at, what.size(), with);
@@ -103,8 +110,6 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
 }  // namespace
 
 void ShowLoadedModel(MainForm& form) {
-    form.ShowBeforeUse({});
-    const FailureGuard not_shown([&] { form.ShowBeforeUse([&form] { ShowLoadedModel(form); }); });
     LoadModel(form);
     ShowDemand(form);
 }
@@ -157,7 +162,7 @@ void IncomingModel::TakePlace() {
     try {
         Rename(Path(), place, place);
         in_place = false;
-        ShowLoadedModel(m_form);
+        ShowOther(m_form);
     } catch (const std::exception&) {
         if (in_place) {
             RemoveDatabase(old);
@@ -165,7 +170,7 @@ void IncomingModel::TakePlace() {
             BringBack(old, place);
         }
         if (had_old) {
-            ShowLoadedModel(m_form);
+            ShowOther(m_form);
         }
         throw;
     }

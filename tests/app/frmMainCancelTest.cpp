@@ -105,6 +105,7 @@ class frmMainCancel : public test::WindowTest {
     }
     /// Expects that such a design is cancelled and that all is as it was.
     void ExpectCancel(const test::OnShow::Act& act) {
+        QCoreApplication::processEvents();
         const State before = Look();
         DesignWhile(act);
         EXPECT_EQ(Message(), "Cancelled; model and results are as they were");
