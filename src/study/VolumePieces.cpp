@@ -30,12 +30,22 @@ void Settle(const VolumeDesigns& designs, LinePiece& left, LinePiece& right) {
     if (IsDesign(designs, left.To, left.Line) && !IsDesign(designs, right.From, left.Line)) {
         return;
     }
-    const int doubt = UnitsOfDoubt(left, right, designs.Rounding(left.CostAt(left.To)), most_doubt);
+    const double rounding = designs.Rounding(left.CostAt(left.To));
+    const int doubt = UnitsOfDoubt(left, right, rounding, most_doubt);
     if (doubt == 0 || doubt > most_doubt) {
         return;
     }
+    const auto in_doubt = [&](int volume) {
+        return std::fabs(right.CostAt(volume) - left.CostAt(volume)) <= rounding;
+    };
     int low = std::max(left.From, left.To - doubt);
     int high = std::min(right.To, right.From + doubt);
+    while (low < left.To && !in_doubt(low + 1)) {
+        ++low;
+    }
+    while (high > right.From && !in_doubt(high - 1)) {
+        --high;
+    }
     if (!IsDesign(designs, low, left.Line) || IsDesign(designs, high, left.Line)) {
         return;
     }

@@ -71,6 +71,30 @@ std::vector<VolumeRange> RangesOf(const std::vector<VolumeRange>& ranges, int sh
     return some;
 }
 
+/// Two lines cost the same up to 638 units, where the fixed design chooses between them by the
+/// rounding of singles; the line from 639 on is dearer there by far more than that.
+TEST(VolumeRanges, ALineOfEqualCostDoesNotEndTheRangeEarly) {
+    test::ModelScript parts;
+    parts.Tasks = 6;
+    parts.Days = 0.05;
+    parts.LaborCost = 15;
+    parts.ACF = 0;
+    parts.Resources = {{"A", 0, 0, 7.5, 100, 0, 0, 0.5},
+                       {"B", 0, 0, 20, 90, 0, 7.7, 3},
+                       {"C", 0, 0, 0, 100, 0, 0, 1}};
+    parts.Matrix = {{1, 3, 5, 1, 0},    {1, 4, 5, 1, 0}, {2, 1, 5, 1, 0}, {2, 2, 5, 2, 0},
+                    {3, 3, 11.8, 1, 0}, {3, 5, 5, 1, 0}, {3, 6, 5, 1, 0}};
+    const PreparedLine line = Prepare(parts.Model());
+    for (const VolumeRange& range : RangesOf(VolumeRanges(line, {455, 639, {}}), 3)) {
+        for (int volume = range.From; volume <= range.To; ++volume) {
+            const FixedDemandRequest request{static_cast<double>(volume), 3, {}};
+            const auto cost = test::CostOf(line, request, range.Line);
+            ASSERT_TRUE(cost.has_value());
+            EXPECT_TRUE(Same(*cost, CheapestLine(line, request)->Cost)) << volume;
+        }
+    }
+}
+
 RC_GTEST_PROP(VolumeRangesOfRandomModels, HaveTheFixedDesignOfEveryVolume, ()) {
     const PreparedLine line = Prepare(RandomShortYear().Model());
     const VolumeSpan span = RandomSpan();
