@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kMostTasks = 8;
 constexpr int kMostResources = 4;
-constexpr int kMostSteps = 2000;
+constexpr int kMostSteps = 400;
 
 /// A button that was pressed by its letter clicks a moment later.
 bool IsButtonDown() {
@@ -276,6 +276,7 @@ void TirelessWalk::UndoAll() {
     const std::string end = inputs();
     int steps = 0;
     for (; CanUndo() && steps < kMostSteps; ++steps) {
+        m_user.Note("take back", m_window->History().UndoText());
         FocusOnList();
         m_user.Press(*m_window, Qt::Key_Z, Qt::ControlModifier);
     }
