@@ -9,6 +9,7 @@ namespace quarnel02 {
 namespace {
 
 constexpr char kQuote = '"';
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// Walks the cells of a text with a separator.
 class CellReader {
@@ -114,7 +115,8 @@ std::string CsvText(const CsvCell& cell) {
         return {};
     }
     const bool plain = !cell->empty() && cell->find_first_of(",;\t\r\n\"") == std::string::npos &&
-                       cell->front() != ' ' && cell->back() != ' ';
+                       cell->front() != ' ' && cell->back() != ' ' &&
+                       !cell->starts_with(kByteOrderMark);
     return plain ? *cell : Quoted(*cell);
 }
 
@@ -191,9 +193,8 @@ std::string WriteTabbed(const TextBlock& block) {
 }
 
 CsvRows ReadCsv(std::string_view text) {
-    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
-    if (text.starts_with(byte_order_mark)) {
-        text.remove_prefix(byte_order_mark.size());
+    if (text.starts_with(kByteOrderMark)) {
+        text.remove_prefix(kByteOrderMark.size());
     }
     return ReadCells(text, SeparatorOf(text));
 }

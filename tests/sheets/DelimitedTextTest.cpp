@@ -101,6 +101,11 @@ TEST(CsvText, FindsItsSeparatorInTheFirstLine) {
     EXPECT_EQ(ReadCsv("\"a;b;c\",d\n"), (CsvRows{{"a;b;c", "d"}}));
 }
 
+TEST(CsvText, AFirstCellThatBeginsWithAByteOrderMarkIsQuoted) {
+    const CsvRows rows = {{"\xEF\xBB\xBFname", "u"}};
+    EXPECT_EQ(ReadCsv(WriteCsv(rows)), rows);
+}
+
 TEST(CsvText, PassesOverTheByteOrderMark) {
     EXPECT_EQ(ReadCsv("\xEF\xBB\xBFProduct,Pump\n"), (CsvRows{{"Product", "Pump"}}));
 }
