@@ -92,11 +92,29 @@ void RemoveDatabase(const fs::path& database) {
     RemoveCompanions(database);
 }
 
+/// No network can be made of what has been entered; parameters and demand are there to be seen.
+bool IsFaultOfModel(const RunTimeError& error) {
+    return error.Kind() == ErrorKind::NoCurrentRecord || error.Kind() == ErrorKind::Overflow;
+}
+
 /// Another model is in place now: until it is shown, what the form shows is not to reach it.
 void ShowOther(MainForm& form) {
     form.ShowBeforeUse({});
-    const FailureGuard not_shown([&] { form.ShowBeforeUse([&form] { ShowOther(form); }); });
-    ShowLoadedModel(form);
+    bool seen = false;
+    const FailureGuard not_shown([&] {
+        if (!seen) {
+            form.ShowBeforeUse([&form] { ShowOther(form); });
+        }
+    });
+    try {
+        ShowLoadedModel(form);
+    } catch (const RunTimeError& error) {
+        if (IsFaultOfModel(error)) {
+            ShowDemand(form);
+            seen = true;
+        }
+        throw;
+    }
 }
 
 std::string Replaced(std::string text, const std::string& what, const std::string& with) {

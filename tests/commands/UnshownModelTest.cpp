@@ -19,8 +19,12 @@ class FailingForm : public test::ScriptedForm {
     using ScriptedForm::ScriptedForm;
 
     bool DirectoryFails = false;
+    bool FailsOnce = false;
 
     void SetBusy(bool busy) override {
+        if (busy && std::exchange(FailsOnce, false)) {
+            throw RunTimeError(ErrorKind::FileAccess, "The directory failed.");
+        }
         if (busy && DirectoryFails) {
             fs::remove(Copy().OldPath());
             throw RunTimeError(ErrorKind::FileAccess, "The directory fails.");
@@ -96,6 +100,30 @@ TEST_F(UnshownModel, StaysUnshownUntilThatWorks) {
     Open("line.mdb");
     EXPECT_TRUE(Form.ShowsWorkingCopy());
     EXPECT_EQ(Form.Text(TextBox::txtDays), "111");
+    TypeDays();
+    EXPECT_EQ(Days(), 99);
+}
+
+/// An editor leaves such a model behind; it must not be kept from whoever wants to mend it.
+TEST_F(UnshownModel, IsNoneOfWhichNoNetworkCanBeMade) {
+    Open("line.mdb");
+    {
+        RecordSet matrix = Form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Matrix;");
+        matrix.AddNew();
+        matrix.Set("ResourceId", 1);
+        matrix.Set("TaskId", 8);
+        matrix.Set("TaskTime", 5);
+        matrix.Update();
+        RecordSet gen = Form.OpenWorkingCopy().OpenRecordSet("SELECT * FROM Gen;");
+        gen.Edit();
+        gen.Set("Resources", 1);
+        gen.Update();
+    }
+    Form.FailsOnce = true;
+    Open("other.mdb");
+    EXPECT_NE(Form.Events.back().find("row for task 8"), std::string::npos) << Form.Events.back();
+    EXPECT_EQ(Days(), 111);
+    EXPECT_TRUE(Form.ShowsWorkingCopy());
     TypeDays();
     EXPECT_EQ(Days(), 99);
 }
