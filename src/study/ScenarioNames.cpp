@@ -29,7 +29,7 @@ std::string FreeName(std::span<const Scenario> scenarios, const std::string& wan
 
 std::string UsableName(std::span<const Scenario> scenarios, std::size_t but,
                        const std::string& name) {
-    const std::string usable(Trimmed(name));
+    std::string usable(Trimmed(name));
     if (usable.empty()) {
         throw RunTimeError(ErrorKind::TypeMismatch, "A scenario needs a name. Enter one.");
     }
