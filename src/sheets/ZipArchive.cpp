@@ -61,7 +61,7 @@ std::string ZipArchive::Read(const std::string& name) const {
     std::string content;
     Unpack(name, [&](std::size_t size) -> char* {
         content.resize(size);
-        return content.data();
+        return std::data(content);
     });
     return content;
 }
