@@ -6,9 +6,9 @@ namespace quarnel02 {
 
 namespace {
 
-/// What a state holds beside sizes.
+/// What a state holds beside sizes. A damaged one gives orientations that are none.
 auto LookOf(const QSplitter& splitter) {
-    return std::tuple(splitter.orientation(), splitter.handleWidth(),
+    return std::tuple(static_cast<int>(splitter.orientation()), splitter.handleWidth(),
                       splitter.childrenCollapsible(), splitter.opaqueResize());
 }
 
