@@ -160,7 +160,7 @@ TEST_F(frmMainCancel, CancelsInTheMiddleOfTheWork) {
         QObject::connect(looks, &QTimer::timeout, &status, [&, looks] {
             files = test::NamesIn(Copy->Directory()).size();
             const auto* bar = status.findChild<QProgressBar*>("prgStatus");
-            share = 100 * bar->value() / bar->maximum();
+            share = 100 * bar->value() / std::max(1, bar->maximum());  // none at first
             step = status.findChild<QLabel*>("lblStatus")->text().toStdString();
             if (files > 10 && share > 0) {
                 looks->stop();
