@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <exception>
+#include <utility>
 #include <vector>
 
 #include "basic/NumberFormat.h"
@@ -91,13 +92,13 @@ void ShowLine(MainForm& form, const Database& database, const LineModel& model,
               const FixedDemandOrder& order, LineEnd end) {
     const std::string cost =
         WriteSolutionSummary(database, model, order, form, form.Copy().File(kRunReport));
-    const std::vector<StationGroup> groups = ChosenGroups(database);
+    std::vector<StationGroup> groups = ChosenGroups(database);
     DrawStationLoad(form.picLoad, model,
                     TableOf(model, groups, BasisOf(order.Request, model.Parameters())));
     form.LastDesign = NewDesign(database, DesignCaption(order.Request, end),
                                 form.Text(TextBox::txtProduct), order.Request);
     form.LastDesign->Cost = cost;
-    form.LastDesign->Line = DesignedLine{model, groups};
+    form.LastDesign->Line = DesignedLine{model, std::move(groups)};
     OpenReport(form.Copy(), kRunReport, form);
     if (end.LeavesTasksOut()) {
         form.ShowMessage(LeftOutText(end), MessageIcon::Critical);

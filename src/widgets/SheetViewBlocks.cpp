@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "basic/Limits.h"
+#include "basic/NumberFormat.h"
 #include "sheets/BlockShape.h"
 #include "sheets/DelimitedText.h"
 #include "widgets/Dialogs.h"
@@ -70,8 +71,10 @@ void SheetView::Paste() {
     const std::string text = QGuiApplication::clipboard()->text().toStdString();
     if (IsTooLarge(text)) {
         ShowMessageBox(this,
-                       "Nothing was pasted. The clipboard holds more than 1,000,000 cells or "
-                       "64,000,000 bytes of text. Copy a smaller block.",
+                       "Nothing was pasted. The clipboard holds more than " +
+                           Format(limits::kCells, "#,###") + " cells or " +
+                           Format(limits::kSheetFile, "#,###") +
+                           " bytes of text. Copy a smaller block.",
                        MessageIcon::Critical);
         return;
     }

@@ -19,6 +19,7 @@
 #include "model/InputDigest.h"
 #include "sheets/ModelSheets.h"
 #include "sheets/WorkbookFile.h"
+#include "support/SmallLine.h"
 #include "support/SolveRun.h"
 
 namespace quarnel02 {
@@ -28,15 +29,6 @@ namespace fs = std::filesystem;
 
 using Lines = std::vector<std::string>;
 using std::chrono::steady_clock;
-
-constexpr const char* kLine =
-    "UPDATE Gen SET Tasks = 3, Resources = 2, Days = 240, ACF = 0.3, LaborCost = 15;"
-    "INSERT INTO Tasks VALUES (1, 'Insert shaft'), (2, 'Fit seal'), (3, 'Close lid');"
-    "INSERT INTO Resources VALUES (1, 'Bench', 'By hand', 1, 1200, 0.5, 99, 1.2, 0, 1), "
-    "(2, 'Robot', 'Arm', 2, 80000.25, 3, 92, 1.5, 10, 4);"
-    "INSERT INTO Matrix VALUES (1, 1, 20, 1, 0), (1, 2, 15.5, 1, 0), (1, 3, 31, 2, 90), "
-    "(2, 1, 8, 1, 500), (2, 3, 12.25, 2, 700);"
-    "INSERT INTO Demand VALUES (50000, 40), (120000, 60);";
 
 /// A program and the file or directory that it writes.
 struct Job {
@@ -76,9 +68,9 @@ int KillsOfEach() {
 class KilledPrograms : public testing::TestWithParam<Job> {
   protected:
     KilledPrograms() {
-        Run.Make("line.mdb", kLine);
+        Run.Make("line.mdb", test::kSmallLine);
         Run.Make("other.mdb",
-                 std::string(kLine) + "UPDATE Gen SET Product = 'Old', LaborCost = 16;");
+                 std::string(test::kSmallLine) + "UPDATE Gen SET Product = 'Old', LaborCost = 16;");
         fs::copy_file(Run.File("line.mdb"), Run.File("line.before"));
     }
 

@@ -9,21 +9,21 @@
 
 #include "basic/NumberFormat.h"
 #include "batch/Json.h"
+#include "batch/ShippedModels.h"
 #include "support/SolveRun.h"
 
 namespace quarnel02 {
 namespace {
 
 using nlohmann::json;
+using test::kPump;
+using test::kWorked;
 using test::ModelScript;
 using test::ProgramResult;
 using test::SolveRun;
 using test::WorkedExample;
 
 using Lines = std::vector<std::string>;
-
-const std::string kPump = std::string(QUARNEL02_PROGRAMS) + "/examples/pump.mdb";
-const std::string kWorked = std::string(QUARNEL02_PROGRAMS) + "/examples/worked-example.mdb";
 
 std::string Out(const SolveRun& run, const Lines& words) {
     const ProgramResult result = run(words);

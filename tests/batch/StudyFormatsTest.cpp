@@ -7,19 +7,19 @@
 #include <string>
 #include <vector>
 
+#include "batch/ShippedModels.h"
 #include "support/SolveRun.h"
 
 namespace quarnel02 {
 namespace {
 
 using nlohmann::json;
+using test::kPump;
 using test::ProgramResult;
 using test::SolveRun;
 using test::WorkedExample;
 
 using Lines = std::vector<std::string>;
-
-const std::string kPump = std::string(QUARNEL02_PROGRAMS) + "/examples/pump.mdb";
 
 Lines With(Lines words, const Lines& more) {
     words.insert(words.end(), more.begin(), more.end());

@@ -6,21 +6,21 @@
 #include <string>
 #include <vector>
 
+#include "batch/ShippedModels.h"
 #include "support/SolveRun.h"
 
 namespace quarnel02 {
 namespace {
 
 using nlohmann::json;
+using test::kPump;
+using test::kWorked;
 using test::ModelScript;
 using test::ProgramResult;
 using test::SolveRun;
 using test::WorkedExample;
 
 using Lines = std::vector<std::string>;
-
-const std::string kPump = std::string(QUARNEL02_PROGRAMS) + "/examples/pump.mdb";
-const std::string kWorked = std::string(QUARNEL02_PROGRAMS) + "/examples/worked-example.mdb";
 
 /// What a run that ends well has printed.
 std::string Out(const Lines& words) {

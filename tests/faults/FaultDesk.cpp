@@ -24,6 +24,7 @@
 #include "sheets/ModelSheets.h"
 #include "sheets/WorkbookFile.h"
 #include "stoch/cmdStoch.h"
+#include "support/SmallLine.h"
 
 namespace fs = std::filesystem;
 
@@ -31,23 +32,13 @@ namespace quarnel02::test {
 
 namespace {
 
-constexpr const char* kModel =
-    "UPDATE Gen SET Resources = 2, Tasks = 3, Days = 240, ACF = 0.3, LaborCost = 15.5, "
-    "TransportTime = 5, Penalty = 2.25, Product = 'Pump';"
-    "INSERT INTO Tasks VALUES (1, 'Insert shaft'), (2, 'Fit seal'), (3, 'Close lid');"
-    "INSERT INTO Resources VALUES (1, 'Bench', 'By hand', 1, 1200, 0.5, 99, 1.2, 0, 1), "
-    "(2, 'Robot', 'Arm', 2, 80000.25, 3, 92, 1.5, 10, 4);"
-    "INSERT INTO Matrix VALUES (1, 1, 20, 1, 0), (1, 2, 15.5, 1, 0), (1, 3, 31, 2, 90), "
-    "(2, 1, 8, 1, 500), (2, 3, 12.25, 2, 700);"
-    "INSERT INTO Demand VALUES (50000, 40), (120000, 60);";
-
 void MakeFirstDesk(const fs::path& root) {
     const fs::path application = FaultDesk::ApplicationIn(root);
     const fs::path user = FaultDesk::UserIn(root);
     fs::create_directories(application);
     fs::create_directories(user);
     CopyPrivate(QUARNEL02_TEMPLATE_FILE, application / "blank.seq");
-    const std::string model = ReadFile(QUARNEL02_SCHEMA_FILE) + kModel;
+    const std::string model = ReadFile(QUARNEL02_SCHEMA_FILE) + kSmallLine;
     MakeModelFile(application / "working.seq", model);
     for (const char* name : {"line.mdb", "linked.mdb", "other.mdb"}) {
         MakeModelFile(user / name, model + "UPDATE Gen SET Product = 'Old';");
